@@ -1,0 +1,131 @@
+// The simulator host: an in-process stand-in for the parts of X-Plane that the plug-in uses.
+//
+// The XPLM functions declared in sdk/ are implemented in this folder as extern "C" functions that
+// act on the one current SimHost. dravsim, the unit tests and the dlopen smoke test drive the host
+// through this class; the plug-in itself only ever sees the SDK functions.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sim {
+
+// The plug-in under test, as the simulator's plug-in manager sees it.
+struct PluginEntryPoints {
+  int (*start)(char* outName, char* outSignature, char* outDescription) = nullptr;
+  void (*stop)() = nullptr;
+  int (*enable)() = nullptr;
+  void (*disable)() = nullptr;
+  void (*receiveMessage)(int from, int message, void* param) = nullptr;
+};
+
+enum class DatarefType { Int, Float, Double, IntArray, FloatArray };
+
+// What a scenario or test may declare about a dataref it adds.
+struct DatarefDecl {
+  std::string path;
+  DatarefType type = DatarefType::Int;
+  int length = 1;  // element count for the array types, 1 otherwise
+  bool writable = true;
+};
+
+// The id of the plug-in under test; other plug-ins get ids from 2 upward. 0 is the simulator.
+inline constexpr int kPluginUnderTestId = 1;
+
+class SimHostImpl;
+
+class SimHost {
+ public:
+  // The host that the SDK functions act on. There is always one; Reset gives a fresh simulator.
+  static SimHost& Current();
+
+  // A fresh simulator: the built-in dataref and command tables at their defaults (a powered,
+  // parked single-engine aircraft), clock at frame 0, X-Plane version 12000, XPLMFindSymbol
+  // resolving the optional API, no other plug-ins, no loops, menus, windows or events. `root` is
+  // the X-Plane folder that XPLMGetSystemPath reports (with a trailing separator); the folder
+  // root/Resources/plugins/DRAV is created empty if missing.
+  void Reset(const std::filesystem::path& root);
+  const std::filesystem::path& Root() const;
+  std::filesystem::path PluginFolder() const;  // root/Resources/plugins/DRAV
+
+  // ---- set-up --------------------------------------------------------------------------------
+  void SetXPlaneVersion(int version);
+  void SetSystemSymbolsAvailable(bool available);  // false: XPLMFindSymbol resolves nothing
+  int AddOtherPlugin(const std::string& signature);  // returns its plug-in id
+  void SetCommandKnown(const std::string& name, bool known);
+
+  // ---- datarefs ------------------------------------------------------------------------------
+  // Adds (or replaces) a simulator dataref holding zeros. False when the declaration is invalid.
+  bool AddDataref(const DatarefDecl& decl);
+  void RemoveDataref(const std::string& path);  // the path is not found afterwards
+  bool HasDataref(const std::string& path) const;  // simulator-owned or plug-in-registered
+  std::optional<DatarefDecl> DescribeDataref(const std::string& path) const;
+  // Sets a simulator-owned dataref directly (no event, no accessor). index -1 = the scalar, or every
+  // element of an array; otherwise elements first..last. False when the path or range is invalid.
+  bool SetDatarefValue(const std::string& path, int first, int last, double value);
+  // Reads a dataref as the SDK would (a plug-in-registered one through its accessors). index -1
+  // reads the scalar (or element 0 of an array). Empty when absent or out of range.
+  std::optional<double> GetDatarefValue(const std::string& path, int index = -1) const;
+  // Another plug-in writes the dataref through the SDK setters, so a plug-in-registered dataref
+  // sees its set accessor run. No event is recorded: events observe the plug-in under test.
+  bool WriteDatarefAsOtherPlugin(const std::string& path, int index, double value);
+
+  // ---- the plug-in under test ----------------------------------------------------------------
+  void LoadPlugin(const PluginEntryPoints& entryPoints);
+  int Start();    // XPluginStart; also records the name, signature and description it returned
+  int Enable();   // XPluginEnable (the plug-in counts as enabled when it returns 1)
+  void Disable(); // XPluginDisable
+  void Stop();    // XPluginStop
+  void SendMessage(int from, int message, std::intptr_t param);  // XPluginReceiveMessage
+  const std::string& PluginName() const;
+  const std::string& PluginSignature() const;
+  const std::string& PluginDescription() const;
+
+  // ---- time ----------------------------------------------------------------------------------
+  // One frame: the clock advances 1/60 s, then every due flight loop runs, in registration order.
+  void RunFrames(int count);
+  void RunSeconds(double seconds);  // whole frames until that much simulated time has passed
+  int FrameNumber() const;          // frames run since Reset
+  double ElapsedSeconds() const;    // FrameNumber() / 60
+  int ActiveFlightLoopCount() const;  // registered loops with a non-zero interval
+
+  // ---- menus ---------------------------------------------------------------------------------
+  // Picks the item with that name in a menu the plug-in created and runs its handler. False when
+  // no such item exists.
+  bool PickMenuItem(const std::string& itemName);
+  std::vector<std::string> PluginMenuItems() const;  // "Menu/Item" for every item the plug-in added
+
+  // ---- windows -------------------------------------------------------------------------------
+  int WindowCount() const;  // windows the plug-in has created and not destroyed
+  // Runs the draw callback of every visible plug-in window and returns each string drawn, in draw
+  // order (XPLMDrawString texts; translucent boxes are not texts).
+  std::vector<std::string> DrawWindows();
+  // Sends a mouse event (1 down, 2 drag, 3 up) to the first window whose geometry holds (x, y);
+  // returns the callback's result, or 0 when no window is hit.
+  int ClickWindow(int x, int y, int mouseStatus);
+
+  // ---- the event log -------------------------------------------------------------------------
+  // One text per SDK call that changes the simulator, in call order (see dravsim.md for texts).
+  const std::vector<std::string>& Events() const;
+  void ClearEvents();
+  void RecordEvent(std::string text);
+
+  // The SDK's implementation state; only the extern "C" functions in sim/host use it.
+  SimHostImpl& Impl();
+
+ private:
+  SimHost();
+  ~SimHost();
+  std::unique_ptr<SimHostImpl> impl_;
+};
+
+// Formats a float or double as events show it: the shortest text that reads back as the same
+// value, without a trailing ".0".
+std::string FormatEventNumber(double value, bool isFloat);
+
+}  // namespace sim

@@ -1,0 +1,41 @@
+// The plug-in's INI reader and writer. Values are strings; callers convert them. The file is opened,
+// scanned and closed on every call: nothing is cached.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace drav {
+
+inline constexpr const char* kConfigFileName = "DRAV.INI";
+// A value, like every line the reader sees, holds at most 255 characters.
+inline constexpr std::size_t kIniValueSize = 256;
+inline constexpr std::size_t kIniMaxLineLength = 255;
+
+// Full path of a file in the plug-in's folder: <system path>Resources/plugins/DRAV/<fileName>.
+std::string PluginFilePath(const char* fileName);
+
+// Reads one value of `fileName` (a file of the plug-in's folder). Always yields a string in
+// `outValue` (which holds kIniValueSize characters): the stored value when found, else the default.
+void ReadIniValue(const char* fileName, const char* section, const char* key, char* outValue,
+                  const char* defaultValue);
+std::string ReadIniString(const char* fileName, const char* section, const char* key,
+                          const char* defaultValue);
+
+// Stores one value; an empty value removes an existing key line (a missing key is stored empty).
+// The file is replaced in one step, so a write that fails leaves the old file as it was.
+void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value);
+
+// The same on an explicit path, without the read trace: for the tools and the tests.
+// ReadIniValueAtPath returns true when the key was found.
+bool ReadIniValueAtPath(const std::string& path, const char* section, const char* key,
+                        char* outValue, const char* defaultValue);
+// Returns true when the new file took the old one's place.
+bool WriteIniValueAtPath(const std::string& path, const char* section, const char* key,
+                         const char* value);
+
+// Numbers are parsed from the leading decimal text of a value; no number gives 0.
+int ParseIniInt(const char* value);
+float ParseIniReal(const char* value);
+
+}  // namespace drav

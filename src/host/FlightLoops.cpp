@@ -1,0 +1,65 @@
+#include "host/FlightLoops.h"
+
+#include <XPLMPlugin.h>
+#include <XPLMProcessing.h>
+
+#include "config/Assignments.h"
+#include "functions/CustomDatarefs.h"
+#include "host/HostState.h"
+#include "host/Settings.h"
+#include "host/SplashWindow.h"
+#include "host/TakeoverDatarefs.h"
+#include "modules/InputEventQueue.h"
+#include "modules/ModuleManager.h"
+
+namespace drav {
+
+namespace {
+constexpr int kSplashTicks = 6;  // the window lives through six ticks and goes on the seventh
+}
+
+float InputFlightLoop(float, float, int, void*) {
+  // Displays and lights answer an input in the same frame instead of waiting for the next tick.
+  if (DrainQueue(TheInputQueue(), TheModuleManager())) TheModuleManager().RefreshAll();
+  return kInputInterval;
+}
+
+float UpdateFlightLoop(float, float, int, void*) {
+  if (ModulesInitialised == 0) {
+    LoadAllAssignments();
+    ModulesInitialised = 1;
+    SetSplashText();
+  } else {
+    TheModuleManager().RefreshAll();
+  }
+  if (SplashTickCount == kSplashTicks && SplashWindowExists()) {
+    DestroySplashWindow();
+    return kUpdateInterval;
+  }
+  if (SplashTickCount < kSplashTicks) ++SplashTickCount;
+  return kUpdateInterval;
+}
+
+float AnnounceFlightLoop(float, float, int, void*) {
+  if (gSettings.ShowCustomDatarefs != 0) AnnounceCustomDatarefs();
+  XPLMPluginID editor = XPLMFindPluginBySignature(kDataRefEditorSignature);
+  if (editor != XPLM_NO_PLUGIN_ID) {
+    XPLMSendMessageToPlugin(editor, kDataRefEditorAddDataref, const_cast<char*>(kMcpProDisabledDataref));
+    XPLMSendMessageToPlugin(editor, kDataRefEditorAddDataref, const_cast<char*>(kEfisDisabledDataref));
+  }
+  return 0.0f;  // once only
+}
+
+void RegisterFlightLoops() {
+  XPLMRegisterFlightLoopCallback(UpdateFlightLoop, kUpdateInterval, nullptr);
+  XPLMRegisterFlightLoopCallback(InputFlightLoop, kInputInterval, nullptr);
+  XPLMRegisterFlightLoopCallback(AnnounceFlightLoop, kAnnounceDelay, nullptr);
+}
+
+void UnregisterFlightLoops() {
+  XPLMUnregisterFlightLoopCallback(InputFlightLoop, nullptr);
+  XPLMUnregisterFlightLoopCallback(UpdateFlightLoop, nullptr);
+  XPLMUnregisterFlightLoopCallback(AnnounceFlightLoop, nullptr);
+}
+
+}  // namespace drav

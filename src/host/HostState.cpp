@@ -1,0 +1,25 @@
+#include "host/HostState.h"
+
+namespace drav {
+
+SimulatorVersions gSimulatorVersions;
+int ModulesInitialised = 0;
+int SplashTickCount = 0;
+int X737Mode = 0;
+int X737McpDirect = 0;
+int McpProDisabled = 0;
+int EfisDisabled = 0;
+XPLMDataRef gMetricPressDataref = nullptr;
+
+void ResetHostState() {
+  gSimulatorVersions = {};
+  ModulesInitialised = 0;
+  SplashTickCount = 0;
+  X737Mode = 0;
+  X737McpDirect = 0;
+  McpProDisabled = 0;
+  EfisDisabled = 0;
+  gMetricPressDataref = nullptr;
+}
+
+}  // namespace drav

@@ -1,0 +1,55 @@
+#include "host/Messages.h"
+
+#include <cstdint>
+
+#include "config/Assignments.h"
+#include "host/CommandTables.h"
+#include "host/HostState.h"
+#include "host/OptionalXplmApi.h"
+#include "modules/ModuleManager.h"
+#include "ui/AssignDialog.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::uint32_t kGFMCPProType = 12;
+constexpr std::uint32_t kGFTQ6Type = 9;
+
+// The GF-MCPPro's defaults depend on the x737 mode, and the dialog shows it as available or not, so
+// both are brought up to date.
+void SwitchX737Mcp(int on) {
+  X737Mode = on;
+  X737McpDirect = on;
+  if (LoadOptionalXplmApi()) ResolveX737McpCommands();
+  CloseAssignDialog();
+  LoadTypeAssignments(kGFMCPProType);
+}
+
+// The throttle levers take the new aircraft's engine and control limits. The walk stops at the
+// first unit without a module object; the lever binding itself belongs to the GF-TQ6 module, which
+// has no class yet, so for now the walk finds nothing to re-bind.
+void RebindThrottleQuadrants() {
+  GF_Abstract_Module* module = nullptr;
+  for (std::uint32_t unit = 0; TheModuleManager().FindModule(kGFTQ6Type, unit, &module) == 1; ++unit) {
+  }
+}
+
+void UserAircraftLoaded() {
+  ModulesInitialised = 0;  // the next refresh tick reloads every assignment
+  RebindThrottleQuadrants();
+}
+
+}  // namespace
+
+void HandleMessage(int from, int message, void* param) {
+  if (message == kX737McpOn) {
+    SwitchX737Mcp(1);
+  } else if (message == kX737McpOff) {
+    SwitchX737Mcp(0);
+  } else if (message == kPlaneLoaded && from == kSimulatorId && param == nullptr) {
+    UserAircraftLoaded();  // parameter 0 is the user's aircraft; AI aircraft change nothing here
+  }
+}
+
+}  // namespace drav

@@ -1,0 +1,57 @@
+#include "host/TakeoverDatarefs.h"
+
+#include <XPLMDataAccess.h>
+
+#include "host/HostState.h"
+#include "host/Log.h"
+#include "ui/AssignDialog.h"
+
+namespace drav {
+
+namespace {
+
+struct TakeoverSwitch {
+  const char* path;
+  int* flag;
+  const char* disabledLine;
+  const char* enabledLine;
+  XPLMDataRef handle;
+};
+
+TakeoverSwitch gTakeoverSwitches[] = {
+    {kMcpProDisabledDataref, &McpProDisabled, "MCPPro has been disabled by another plugin.",
+     "MCPPro has been enabled by another plugin.", nullptr},
+    {kEfisDisabledDataref, &EfisDisabled, "EFIS has been disabled by another plugin.",
+     "EFIS has been enabled by another plugin.", nullptr},
+};
+
+int GetSwitch(void* refcon) { return *static_cast<TakeoverSwitch*>(refcon)->flag; }
+
+// The dialog lists the panels as enabled or taken over, so an open one is closed and shows the new
+// state when the pilot opens it again.
+void SetSwitch(void* refcon, int value) {
+  auto* takeover = static_cast<TakeoverSwitch*>(refcon);
+  *takeover->flag = value;
+  LogLine(value != 0 ? takeover->disabledLine : takeover->enabledLine);
+  CloseAssignDialog();
+}
+
+}  // namespace
+
+void RegisterTakeoverDatarefs() {
+  for (TakeoverSwitch& takeover : gTakeoverSwitches) {
+    takeover.handle = XPLMRegisterDataAccessor(takeover.path, xplmType_Int, 1, GetSwitch, SetSwitch,
+                                               nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                               nullptr, nullptr, nullptr, nullptr, &takeover,
+                                               &takeover);
+  }
+}
+
+void UnregisterTakeoverDatarefs() {
+  for (TakeoverSwitch& takeover : gTakeoverSwitches) {
+    if (takeover.handle != nullptr) XPLMUnregisterDataAccessor(takeover.handle);
+    takeover.handle = nullptr;
+  }
+}
+
+}  // namespace drav

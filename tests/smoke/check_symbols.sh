@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# The plug-in exports exactly the five entry points and leaves every SDK function to the simulator.
+set -euo pipefail
+xpl="$1"
+defined=$(nm -D --defined-only "$xpl" | awk '{print $3}' | grep -E '^(XPlugin|XPLM|XP)' | sort)
+expected=$(printf '%s\n' XPluginDisable XPluginEnable XPluginReceiveMessage XPluginStart XPluginStop)
+if [ "$defined" != "$expected" ]; then
+  echo "FAIL: exported SDK-related symbols differ from the five entry points:"; echo "$defined"; exit 1
+fi
+undefined_xplm=$(nm -D --undefined-only "$xpl" | awk '{print $2}' | grep -E '^XPLM' | sort)
+if [ -z "$undefined_xplm" ]; then echo "FAIL: no undefined XPLM symbols"; exit 1; fi
+if nm -D --defined-only "$xpl" | awk '{print $3}' | grep -qE '^XPLM'; then
+  echo "FAIL: the plug-in defines an XPLM symbol"; exit 1
+fi
+other=$(nm -D --defined-only "$xpl" | awk '$2 ~ /[TDBW]/ {print $3}' | grep -vE '^(XPlugin|_init|_fini|__bss_start|_edata|_end)$' || true)
+if [ -n "$other" ]; then echo "FAIL: the plug-in exports more than its entry points:"; echo "$other"; exit 1; fi
+echo "ok: 5 entry points exported, $(echo "$undefined_xplm" | wc -l) XPLM functions left to the simulator"

@@ -1,0 +1,209 @@
+// The plug-in's lifecycle against the simulator host: entry points, flight loops, splash window,
+// menu, messages and the command tables resolved through the optional SDK.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "host/CommandTables.h"
+#include "host/HostState.h"
+#include "host/OptionalXplmApi.h"
+#include "host/Plugin.h"
+#include "host/Settings.h"
+#include "host/SimHost.h"
+#include "host/SplashWindow.h"
+
+namespace drav {
+namespace {
+
+class PluginLifecycleTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    root_ = std::filesystem::temp_directory_path() /
+            ("drav-lifecycle-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "-" +
+             ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    std::filesystem::remove_all(root_);
+    host().Reset(root_);
+    sim::PluginEntryPoints plugin;
+    plugin.start = PluginStart;
+    plugin.stop = PluginStop;
+    plugin.enable = PluginEnable;
+    plugin.disable = PluginDisable;
+    plugin.receiveMessage = PluginReceiveMessage;
+    host().LoadPlugin(plugin);
+  }
+
+  void TearDown() override {
+    if (enabled_) host().Disable();
+    if (started_) host().Stop();
+    gDebug = {};
+    gSettings = {};
+    std::filesystem::remove_all(root_);
+  }
+
+  static sim::SimHost& host() { return sim::SimHost::Current(); }
+
+  void WriteIni(const std::string& text) {
+    std::ofstream(host().PluginFolder() / "DRAV.INI", std::ios::binary) << text;
+  }
+
+  void Boot() {
+    ASSERT_EQ(host().Start(), 1);
+    started_ = true;
+    ASSERT_EQ(host().Enable(), 1);
+    enabled_ = true;
+  }
+
+  std::filesystem::path root_;
+  bool started_ = false;
+  bool enabled_ = false;
+};
+
+TEST_F(PluginLifecycleTest, StartIdentifiesThePlugin) {
+  ASSERT_EQ(host().Start(), 1);
+  started_ = true;
+  EXPECT_EQ(host().PluginName(), "DRAV");
+  EXPECT_EQ(host().PluginSignature(), "merrow.projects.drav");
+  EXPECT_EQ(host().PluginDescription(), "Drav plugin 2.63 (MR).");
+  EXPECT_EQ(gSimulatorVersions.xplaneVersion, 12000);
+}
+
+TEST_F(PluginLifecycleTest, StartReadsTheSettingsOnce) {
+  WriteIni("[CONFIG]\r\nElevatorTrimIncrement=0.02\r\nRMK166EncoderType=2\r\n");
+  Boot();
+  EXPECT_FLOAT_EQ(gSettings.ElevatorTrimIncrement, 0.02f);
+  EXPECT_EQ(gSettings.RMK166EncoderType, 2);
+  // Editing the file while the plug-in runs changes nothing until the next start.
+  WriteIni("[CONFIG]\r\nElevatorTrimIncrement=0.5\r\n");
+  host().Disable();
+  host().Enable();
+  EXPECT_FLOAT_EQ(gSettings.ElevatorTrimIncrement, 0.02f);
+}
+
+TEST_F(PluginLifecycleTest, MenuHasAssignFunctionsUnderDrav) {
+  ASSERT_EQ(host().Start(), 1);
+  started_ = true;
+  const auto items = host().PluginMenuItems();
+  EXPECT_NE(std::find(items.begin(), items.end(), "Drav/Assign Functions"), items.end());
+  EXPECT_TRUE(host().PickMenuItem("Assign Functions"));
+}
+
+TEST_F(PluginLifecycleTest, FlightLoopsRunWhileEnabledAndTheAnnouncementOnlyOnce) {
+  Boot();
+  EXPECT_EQ(host().ActiveFlightLoopCount(), 3);
+  host().RunSeconds(1.0);
+  EXPECT_EQ(host().ActiveFlightLoopCount(), 2);  // the announcement deactivated itself
+  host().Disable();
+  enabled_ = false;
+  EXPECT_EQ(host().ActiveFlightLoopCount(), 0);
+}
+
+TEST_F(PluginLifecycleTest, SplashTicksCountOnlyToSixAndTheWindowGoesOnTheSeventh) {
+  Boot();
+  host().RunSeconds(3.0);  // six ticks
+  EXPECT_EQ(SplashTickCount, 6);
+  EXPECT_TRUE(SplashWindowExists());
+  host().RunSeconds(0.5);
+  EXPECT_FALSE(SplashWindowExists());
+  EXPECT_EQ(ModulesInitialised, 1);
+  host().RunSeconds(2.0);
+  EXPECT_EQ(SplashTickCount, 6);
+}
+
+TEST_F(PluginLifecycleTest, ClicksOnTheSplashHideAndShowItsText) {
+  Boot();
+  host().RunSeconds(0.5);
+  ASSERT_EQ(host().DrawWindows(), std::vector<std::string>{kSplashText});
+  // The window spans x 600..1000, y 680..730.
+  EXPECT_EQ(host().ClickWindow(700, 700, 1), 1);
+  EXPECT_EQ(host().DrawWindows(), std::vector<std::string>{""});
+  EXPECT_EQ(host().ClickWindow(700, 700, 2), 1);  // a drag leaves the text hidden
+  EXPECT_EQ(host().DrawWindows(), std::vector<std::string>{""});
+  EXPECT_EQ(host().ClickWindow(700, 700, 3), 1);
+  EXPECT_EQ(host().DrawWindows(), std::vector<std::string>{kSplashText});
+}
+
+TEST_F(PluginLifecycleTest, OnlyTheUsersAircraftFromTheSimulatorReloadsAssignments) {
+  Boot();
+  host().RunSeconds(0.5);
+  ASSERT_EQ(ModulesInitialised, 1);
+  host().SendMessage(0, 102, 1);  // an AI aircraft
+  EXPECT_EQ(ModulesInitialised, 1);
+  host().SendMessage(7, 102, 0);  // not from the simulator
+  EXPECT_EQ(ModulesInitialised, 1);
+  host().SendMessage(0, 102, 0);
+  EXPECT_EQ(ModulesInitialised, 0);
+  host().RunSeconds(0.5);
+  EXPECT_EQ(ModulesInitialised, 1);
+}
+
+TEST_F(PluginLifecycleTest, EnableResolvesEngineAndAnnunciatorCommandsByName) {
+  host().SetCommandKnown("sim/igniters/igniter_contin_off_2", false);
+  Boot();
+  EXPECT_NE(EngineStartCommands[0].press, nullptr);
+  EXPECT_EQ(EngineStartCommands[0].press, EngineStartCommands[0].release);  // the same command
+  EXPECT_NE(EngineStartCommands[3].press, nullptr);
+  EXPECT_EQ(EngineStartCommands[3].release, nullptr);  // unknown to this simulator
+  EXPECT_NE(EngineStartCommands[13].release, nullptr);
+  for (XPLMCommandRef command : AnnunciatorCommands) EXPECT_NE(command, nullptr);
+  EXPECT_EQ(X737McpCommands[0].on, nullptr);  // only the x737 message resolves these
+}
+
+TEST_F(PluginLifecycleTest, WithoutTheSystemSymbolsNoCommandIsResolved) {
+  host().SetSystemSymbolsAvailable(false);
+  Boot();
+  EXPECT_EQ(gOptionalXplmApi.XPLMFindCommand, nullptr);
+  EXPECT_EQ(gOptionalXplmApi.XPLMCommandOnce, nullptr);
+  for (const CommandPair& pair : EngineStartCommands) {
+    EXPECT_EQ(pair.press, nullptr);
+    EXPECT_EQ(pair.release, nullptr);
+  }
+  RunCommandOnce(reinterpret_cast<XPLMCommandRef>(&root_));  // must do nothing, not crash
+  EXPECT_TRUE(host().Events().empty());
+}
+
+TEST_F(PluginLifecycleTest, X737MessagesSwitchTheModeAndResolveTheAircraftsCommands) {
+  host().SetCommandKnown("x737/mcp/LNAVL_ON", true);
+  host().SetCommandKnown("x737/mcp/LNAV_OFF", true);
+  host().SetCommandKnown("x737/mcp/CHANGEOVER", true);
+  Boot();
+  host().SendMessage(3, static_cast<int>(0x8888888E), 0);
+  EXPECT_EQ(X737Mode, 1);
+  EXPECT_EQ(X737McpDirect, 1);
+  EXPECT_NE(X737McpCommands[9].on, nullptr);
+  EXPECT_NE(X737McpCommands[9].off, nullptr);
+  EXPECT_EQ(X737McpCommands[9].toggle, nullptr);  // LNAV_TOGGLE is unknown here
+  EXPECT_EQ(X737McpCommands[4].on, X737McpCommands[4].toggle);
+  EXPECT_EQ(X737McpCommands[0].on, nullptr);
+  host().SendMessage(0, static_cast<int>(0x8888888F), 0);
+  EXPECT_EQ(X737Mode, 0);
+  EXPECT_EQ(X737McpDirect, 0);
+}
+
+TEST_F(PluginLifecycleTest, TakeoverDatarefsAreReadableAndWritableByOthers) {
+  Boot();
+  EXPECT_TRUE(host().WriteDatarefAsOtherPlugin("merrow/drav/mcppro_disabled", -1, 1));
+  EXPECT_EQ(McpProDisabled, 1);
+  EXPECT_EQ(host().GetDatarefValue("merrow/drav/mcppro_disabled"), 1.0);
+  EXPECT_EQ(EfisDisabled, 0);
+}
+
+TEST_F(PluginLifecycleTest, AStartAfterAStopBeginsFromAFreshLoad) {
+  Boot();
+  host().SendMessage(0, static_cast<int>(0x8888888E), 0);
+  host().RunSeconds(4.0);
+  host().Disable();
+  host().Stop();
+  EXPECT_EQ(host().WindowCount(), 0);
+  ASSERT_EQ(host().Start(), 1);
+  EXPECT_EQ(X737Mode, 0);
+  EXPECT_EQ(ModulesInitialised, 0);
+  EXPECT_EQ(host().WindowCount(), 1);  // a new load greets the pilot again
+  enabled_ = false;
+}
+
+}  // namespace
+}  // namespace drav
