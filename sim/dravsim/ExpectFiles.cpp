@@ -1,0 +1,135 @@
+// Checks of the plug-in folder's files: DRAV.INI through the plug-in's own INI reader, any file
+// line by line, and the log.
+#include <algorithm>
+
+#include "config/IniFile.h"
+#include "dravsim/CommandArgs.h"
+#include "dravsim/CommandHandlers.h"
+#include "dravsim/PluginFiles.h"
+
+namespace dravsim {
+namespace {
+
+struct IniLookup {
+  bool found = false;
+  std::string value;
+};
+
+IniLookup LookUpIni(const sim::SimHost& host, const std::string& section, const std::string& key) {
+  char value[drav::kIniValueSize] = {};
+  const std::string path = (host.PluginFolder() / drav::kConfigFileName).string();
+  IniLookup lookup;
+  lookup.found = drav::ReadIniValueAtPath(path, section.c_str(), key.c_str(), value, "");
+  lookup.value = value;
+  return lookup;
+}
+
+std::string DescribeKey(const std::string& section, const std::string& key) {
+  return "ini [" + section + "] " + key;
+}
+
+// Where two line lists first differ, as a FAIL line's two halves.
+struct LineDifference {
+  std::string expected;
+  std::string found;
+};
+
+std::optional<LineDifference> CompareLines(const std::vector<std::string>& expected,
+                                           const std::vector<std::string>& found) {
+  std::size_t line = 0;
+  while (line < expected.size() && line < found.size() && expected[line] == found[line]) ++line;
+  if (line == expected.size() && line == found.size()) return std::nullopt;
+  const std::string number = "line " + std::to_string(line + 1);
+  if (line == expected.size()) {
+    return LineDifference{"the end after " + std::to_string(line) + " lines",
+                          number + " " + Quoted(found[line])};
+  }
+  if (line == found.size()) {
+    return LineDifference{number + " " + Quoted(expected[line]),
+                          "the end after " + std::to_string(line) + " lines"};
+  }
+  return LineDifference{number + " " + Quoted(expected[line]), Quoted(found[line])};
+}
+
+// A missing log has no lines: the plug-in logs nothing unless its debug switch is on.
+std::vector<std::string> LogLines(const sim::SimHost& host) {
+  auto lines = ReadLines(host.PluginFolder() / kLogFileName);
+  return lines ? std::move(*lines) : std::vector<std::string>{};
+}
+
+}  // namespace
+
+void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call) {
+  const bool absentForm = call.args.size() == 3 && IsKeyword(call.args[2], "absent");
+  const bool valueForm = call.args.size() == 4 && IsKeyword(call.args[2], "=");
+  if (!absentForm && !valueForm) {
+    UsageError(ctx, call);
+    return;
+  }
+  const std::string& section = call.args[0].text;
+  const std::string& key = call.args[1].text;
+  const IniLookup lookup = LookUpIni(ctx.host, section, key);
+  if (absentForm) {
+    if (!lookup.found) {
+      ctx.Pass();
+    } else {
+      ctx.Fail(DescribeKey(section, key) + " absent", key + " = " + Quoted(lookup.value));
+    }
+    return;
+  }
+  const std::string& expected = call.args[3].text;
+  if (lookup.found && lookup.value == expected) {
+    ctx.Pass();
+  } else {
+    ctx.Fail(DescribeKey(section, key) + " = " + Quoted(expected),
+             lookup.found ? Quoted(lookup.value) : "no such key");
+  }
+}
+
+void ExpectFileCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& name = call.args[0].text;
+  std::string error;
+  const auto path = PluginFilePath(ctx.host, name, error);
+  if (!path) {
+    CommandError(ctx, call, error);
+    return;
+  }
+  const auto lines = ReadLines(*path);
+  if (!lines) {
+    ctx.Fail("file " + name + " with " + std::to_string(call.block.size()) + " lines",
+             "no such file");
+    return;
+  }
+  if (const auto difference = CompareLines(call.block, *lines)) {
+    ctx.Fail("file " + name + " " + difference->expected, difference->found);
+  } else {
+    ctx.Pass();
+  }
+}
+
+void ExpectLogCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& line = call.args[0].text;
+  const std::vector<std::string> lines = LogLines(ctx.host);
+  if (std::find(lines.begin(), lines.end(), line) != lines.end()) {
+    ctx.Pass();
+    return;
+  }
+  std::string found = lines.empty() ? std::string("an empty log")
+                                    : std::to_string(lines.size()) + " log lines without it";
+  if (!lines.empty()) found += ", the last " + Quoted(lines.back());
+  ctx.Fail("log line " + Quoted(line), found);
+}
+
+void ExpectNoLogCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& line = call.args[0].text;
+  const std::vector<std::string> lines = LogLines(ctx.host);
+  const auto it = std::find(lines.begin(), lines.end(), line);
+  if (it == lines.end()) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("no log line " + Quoted(line),
+             "it at line " + std::to_string(it - lines.begin() + 1));
+  }
+}
+
+}  // namespace dravsim

@@ -1,0 +1,156 @@
+// Checks of the simulator's state: datarefs, the event log and the plug-in's windows.
+#include <algorithm>
+#include <cmath>
+
+#include "dravsim/CommandArgs.h"
+#include "dravsim/CommandHandlers.h"
+#include "dravsim/DatarefSyntax.h"
+
+namespace dravsim {
+namespace {
+
+constexpr double kTolerance = 1e-4;
+
+// The elements a check reads: the one or the range given, every element of an array, or the
+// scalar (first = last = -1).
+DatarefTarget ElementsToCheck(const sim::SimHost& host, const DatarefTarget& target) {
+  if (target.HasIndex()) return target;
+  const auto decl = host.DescribeDataref(target.path);
+  const bool isArray = decl && (decl->type == sim::DatarefType::IntArray ||
+                                decl->type == sim::DatarefType::FloatArray);
+  DatarefTarget elements = target;
+  if (isArray && decl->length > 0) {
+    elements.first = 0;
+    elements.last = decl->length - 1;
+  }
+  return elements;
+}
+
+// Empty when every element holds the value; else what the first differing element holds. A range
+// past the end stops at the first missing element, however long it was written.
+std::optional<std::string> FindMismatch(const sim::SimHost& host, const DatarefTarget& target,
+                                        double expected) {
+  const DatarefTarget elements = ElementsToCheck(host, target);
+  const bool nameElements = elements.IsRange() || target.HasIndex();
+  for (long long index = elements.first; index <= elements.last; ++index) {
+    const std::string element = target.path + "[" + std::to_string(index) + "]";
+    const auto value = host.GetDatarefValue(target.path, static_cast<int>(index));
+    if (!value) return "no element " + element;
+    // Written so that a NaN never passes.
+    if (!(std::fabs(*value - expected) <= kTolerance)) {
+      const std::string text = sim::FormatEventNumber(*value, false);
+      return nameElements ? element + " = " + text : text;
+    }
+  }
+  return std::nullopt;
+}
+
+std::string DescribeEvents(const std::vector<std::string>& events) {
+  return events.empty() ? "no events" : QuotedList(events);
+}
+
+}  // namespace
+
+void ExpectDatarefCommand(ScenarioContext& ctx, const Invocation& call) {
+  std::string error;
+  const auto target = ParseDatarefTarget(call.args[0].text, error);
+  if (!target) {
+    CommandError(ctx, call, error);
+    return;
+  }
+  const bool absentForm = call.args.size() == 2 && IsKeyword(call.args[1], "absent");
+  const bool valueForm = call.args.size() == 3 && IsKeyword(call.args[1], "=");
+  if ((!absentForm && !valueForm) || (absentForm && target->HasIndex())) {
+    UsageError(ctx, call);
+    return;
+  }
+  if (absentForm) {
+    if (!ctx.host.HasDataref(target->path)) {
+      ctx.Pass();
+    } else {
+      ctx.Fail("dataref " + target->path + " absent", "it exists");
+    }
+    return;
+  }
+  const auto expected = RealArg(ctx, call, 2);
+  if (!expected) return;
+  const std::string what = "dataref " + DescribeTarget(*target) + " = " + call.args[2].text;
+  if (!ctx.host.HasDataref(target->path)) {
+    ctx.Fail(what, "no such dataref");
+    return;
+  }
+  const auto mismatch = FindMismatch(ctx.host, *target, *expected);
+  if (mismatch) {
+    ctx.Fail(what, *mismatch);
+  } else {
+    ctx.Pass();
+  }
+}
+
+void ExpectEventCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& text = call.args[0].text;
+  const std::vector<std::string>& events = ctx.host.Events();
+  if (std::find(events.begin(), events.end(), text) != events.end()) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("event " + Quoted(text), DescribeEvents(events));
+  }
+}
+
+void ExpectNoEventCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& text = call.args[0].text;
+  const std::vector<std::string>& events = ctx.host.Events();
+  const auto it = std::find(events.begin(), events.end(), text);
+  if (it == events.end()) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("no event " + Quoted(text), "it as event " + std::to_string(it - events.begin() + 1) +
+                                             " of " + std::to_string(events.size()));
+  }
+}
+
+void ExpectEventsCommand(ScenarioContext& ctx, const Invocation& call) {
+  // The block is indented as the writer likes: each line is trimmed and blank lines are skipped.
+  // Events are compared trimmed too, so that one ending in an empty text still matches.
+  std::vector<std::string> expected;
+  for (const std::string& line : call.block) {
+    const std::string_view text = TrimBlanks(line);
+    if (!text.empty()) expected.emplace_back(text);
+  }
+  const std::vector<std::string>& events = ctx.host.Events();
+  std::size_t same = 0;
+  while (same < expected.size() && same < events.size() &&
+         expected[same] == TrimBlanks(events[same])) {
+    ++same;
+  }
+  if (same == expected.size() && same == events.size()) {
+    ctx.Pass();
+    return;
+  }
+  ctx.Fail("events " + QuotedList(expected),
+           QuotedList(events) + " (first difference at event " + std::to_string(same + 1) + ")");
+}
+
+void ExpectWindowCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& text = call.args[0].text;
+  const std::vector<std::string> drawn = ctx.host.DrawWindows();
+  if (std::find(drawn.begin(), drawn.end(), text) != drawn.end()) {
+    ctx.Pass();
+    return;
+  }
+  const int windows = ctx.host.WindowCount();
+  ctx.Fail("window " + Quoted(text),
+           windows == 0 ? "no window" : std::to_string(windows) + " window(s) drawing " +
+                                            QuotedList(drawn));
+}
+
+void ExpectNoWindowCommand(ScenarioContext& ctx, const Invocation& /*call*/) {
+  const int windows = ctx.host.WindowCount();
+  if (windows == 0) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("no window", std::to_string(windows) + " window(s)");
+  }
+}
+
+}  // namespace dravsim

@@ -1,0 +1,74 @@
+// Commands that let the simulator run: frames, simulated time, menu picks and writes of other
+// plug-ins to datarefs.
+#include <cstdio>
+
+#include "dravsim/CommandArgs.h"
+#include "dravsim/CommandHandlers.h"
+#include "dravsim/DatarefSyntax.h"
+
+namespace dravsim {
+namespace {
+
+// Far more than any scenario needs (about 46 hours at 60 frames a second): a few digits too many
+// are better an error than a hang.
+constexpr long long kMaxFrames = 10'000'000;
+constexpr double kMaxSeconds = kMaxFrames / 60.0;
+
+void NoteClock(ScenarioContext& ctx) {
+  char text[64];
+  std::snprintf(text, sizeof text, "frame %d, %.3f s", ctx.host.FrameNumber(),
+                ctx.host.ElapsedSeconds());
+  ctx.Note(text);
+  ctx.Note(std::to_string(ctx.host.WindowCount()) + " window(s)");
+}
+
+}  // namespace
+
+void FrameCommand(ScenarioContext& ctx, const Invocation& call) {
+  std::optional<long long> frames = 1;
+  if (!call.args.empty() && !(frames = IntegerArg(ctx, call, 0, 0, kMaxFrames))) return;
+  ctx.host.RunFrames(static_cast<int>(*frames));
+  NoteClock(ctx);
+}
+
+void RunCommand(ScenarioContext& ctx, const Invocation& call) {
+  const auto seconds = RealArg(ctx, call, 0);
+  if (!seconds) return;
+  if (!(*seconds >= 0.0 && *seconds <= kMaxSeconds)) {
+    CommandError(ctx, call, "the time must be from 0 to " + std::to_string(kMaxSeconds) + " s");
+    return;
+  }
+  ctx.host.RunSeconds(*seconds);
+  NoteClock(ctx);
+}
+
+void MenuCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& item = call.args[0].text;
+  if (ctx.host.PickMenuItem(item)) return;
+  std::vector<std::string> items = ctx.host.PluginMenuItems();
+  CommandError(ctx, call, "no menu item " + Quoted(item) + " (the plug-in's items: " +
+                              QuotedList(items) + ")");
+}
+
+void WriteDatarefCommand(ScenarioContext& ctx, const Invocation& call) {
+  std::string error;
+  const auto target = ParseDatarefTarget(call.args[0].text, error);
+  if (!target) {
+    CommandError(ctx, call, error);
+    return;
+  }
+  if (target->IsRange() || !IsKeyword(call.args[1], "=")) {
+    UsageError(ctx, call);
+    return;
+  }
+  const auto value = RealArg(ctx, call, 2);
+  if (!value) return;
+  if (!ctx.host.HasDataref(target->path)) {
+    CommandError(ctx, call, "unknown dataref " + target->path);
+  } else if (!ctx.host.WriteDatarefAsOtherPlugin(target->path, target->first, *value)) {
+    CommandError(ctx, call, "cannot write " + DescribeTarget(*target) +
+                                " (read-only, or the index is out of range)");
+  }
+}
+
+}  // namespace dravsim

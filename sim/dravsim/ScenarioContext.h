@@ -1,0 +1,68 @@
+// What every command handler works with: the simulator, the output, where in the scenario we are,
+// the counts so far, and the plug-in's state as the scenario has driven it.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "host/SimHost.h"
+
+namespace dravsim {
+
+struct ScenarioResult {
+  int passed = 0;  // expect lines that held
+  int failed = 0;  // expect lines that did not
+  int errors = 0;  // commands that could not be run
+
+  int Failures() const { return failed + errors; }
+  ScenarioResult& operator+=(const ScenarioResult& other);
+};
+
+struct RunnerOptions {
+  bool quiet = false;  // print only failures and errors (and, in the caller, the closing line)
+  sim::PluginEntryPoints plugin;  // all null: no plug-in, the plug-in commands are errors
+};
+
+// The plug-in's lifecycle as the scenario drove it; the runner uses it to refuse calls that the
+// simulator would never make and to shut a running plug-in down at the end.
+struct PluginState {
+  bool started = false;
+  bool enabled = false;
+};
+
+class ScenarioContext {
+ public:
+  ScenarioContext(sim::SimHost& host, std::ostream& out, std::string name,
+                  const RunnerOptions& options);
+
+  sim::SimHost& host;
+  std::ostream& out;
+  const RunnerOptions& options;
+  PluginState plugin;
+
+  const ScenarioResult& Result() const { return result_; }
+  const std::string& Name() const { return name_; }
+  int Line() const { return line_; }
+
+  // Per command: the runner opens it with the line number and closes it with the command's text,
+  // which is traced unless the command reported a failure or error or printed its own output.
+  void BeginCommand(int line);
+  void EndCommand(std::string_view commandText);
+
+  void Pass();
+  void Fail(std::string_view expected, std::string_view found);
+  void Error(std::string_view reason);
+  void Note(std::string text);      // added to the command's trace line
+  void Echo(std::string_view text); // printed unless quiet; replaces the trace line
+  void Trace(std::string_view text);  // a line outside any command, unless quiet
+
+ private:
+  std::string name_;
+  int line_ = 0;
+  ScenarioResult result_;
+  std::string note_;
+  bool commandPrinted_ = false;
+};
+
+}  // namespace dravsim

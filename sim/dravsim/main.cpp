@@ -1,0 +1,27 @@
+// dravsim: runs the Drav plug-in inside the simulator host, driven by scenario files, the built-in
+// demo or the terminal.
+#include <unistd.h>
+
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dravsim/DravPlugin.h"
+#include "dravsim/DravsimApp.h"
+
+int main(int argc, char** argv) {
+  const std::vector<std::string_view> args(argv + 1, argv + argc);
+  std::string error;
+  const auto options = dravsim::ParseCommandLine(args, error);
+  if (!options) {
+    std::cerr << "dravsim: " << error << '\n' << dravsim::kDravsimUsage;
+    return 2;
+  }
+  if (options->help) {
+    std::cout << dravsim::kDravsimUsage;
+    return 0;
+  }
+  const dravsim::DravsimIo io{std::cin, std::cout, isatty(STDIN_FILENO) != 0};
+  return dravsim::RunDravsim(*options, io, dravsim::DravPluginEntryPoints());
+}

@@ -1,0 +1,84 @@
+// The DEBUG switches and the CONFIG settings, read once from DRAV.INI at start. Each read is a
+// table row, so adding a setting is one line.
+#include "host/Settings.h"
+
+#include "config/IniFile.h"
+
+namespace drav {
+
+DebugSwitches gDebug;
+GlobalSettings gSettings;
+
+namespace {
+
+struct DebugSwitchRow {
+  const char* key;
+  int DebugSwitches::*field;
+};
+
+constexpr DebugSwitchRow kDebugSwitchRows[] = {
+    {"DebugEnabled", &DebugSwitches::DebugEnabled},
+    {"DebugViewEnabled", &DebugSwitches::DebugViewEnabled},
+    {"DebugFunctionAssignments", &DebugSwitches::DebugFunctionAssignments},
+    {"DebugDeviceInfo", &DebugSwitches::DebugDeviceInfo},
+    {"DebugRegisterFunction", &DebugSwitches::DebugRegisterFunction},
+    {"DebugGetButtonFunction", &DebugSwitches::DebugGetButtonFunction},
+    {"DebugHandleInputFunction", &DebugSwitches::DebugHandleInputFunction},
+    {"DebugSetDisplayFunction", &DebugSwitches::DebugSetDisplayFunction},
+};
+
+// One CONFIG setting: an int or a real field, whichever is set.
+struct SettingRow {
+  const char* key;
+  const char* defaultValue;
+  int GlobalSettings::*intField;
+  float GlobalSettings::*realField;
+};
+
+constexpr SettingRow IntSetting(const char* key, const char* defaultValue,
+                                int GlobalSettings::*field) {
+  return {key, defaultValue, field, nullptr};
+}
+constexpr SettingRow RealSetting(const char* key, const char* defaultValue,
+                                 float GlobalSettings::*field) {
+  return {key, defaultValue, nullptr, field};
+}
+
+// In the order they are read (the read trace shows this order).
+constexpr SettingRow kSettingRows[] = {
+    IntSetting("GRP48ReverseFix", "0", &GlobalSettings::GRP48ReverseFix),
+    IntSetting("RMK166EncoderType", "1", &GlobalSettings::RMK166EncoderType),
+    IntSetting("ShowCustomDatarefs", "0", &GlobalSettings::ShowCustomDatarefs),
+    IntSetting("GFLGT2AileronReverseFix", "0", &GlobalSettings::GFLGT2AileronReverseFix),
+    IntSetting("GFLGT2ElevatorReverseFix", "0", &GlobalSettings::GFLGT2ElevatorReverseFix),
+    IntSetting("GFLGT2RudderReverseFix", "0", &GlobalSettings::GFLGT2RudderReverseFix),
+    IntSetting("GFLGT2LandingLightsReverseFix", "0",
+               &GlobalSettings::GFLGT2LandingLightsReverseFix),
+    RealSetting("ElevatorTrimIncrement", "0.005", &GlobalSettings::ElevatorTrimIncrement),
+    RealSetting("AileronTrimIncrement", "0.001", &GlobalSettings::AileronTrimIncrement),
+    RealSetting("RudderTrimIncrement", "0.001", &GlobalSettings::RudderTrimIncrement),
+    RealSetting("RotorTrimIncrement", "0.001", &GlobalSettings::RotorTrimIncrement),
+    IntSetting("GFTQ6UsePropMinimumOfZero", "0", &GlobalSettings::GFTQ6UsePropMinimumOfZero),
+    IntSetting("GFTQ6UseSpeedBrakeArmed", "0", &GlobalSettings::GFTQ6UseSpeedBrakeArmed),
+};
+
+}  // namespace
+
+void ReadDebugSwitches() {
+  char value[kIniValueSize];
+  for (const DebugSwitchRow& row : kDebugSwitchRows) {
+    ReadIniValue(kConfigFileName, "DEBUG", row.key, value, "0");
+    gDebug.*row.field = ParseIniInt(value);
+  }
+}
+
+void ReadGlobalSettings() {
+  char value[kIniValueSize];
+  for (const SettingRow& row : kSettingRows) {
+    ReadIniValue(kConfigFileName, "CONFIG", row.key, value, row.defaultValue);
+    if (row.intField) gSettings.*row.intField = ParseIniInt(value);
+    if (row.realField) gSettings.*row.realField = ParseIniReal(value);
+  }
+}
+
+}  // namespace drav

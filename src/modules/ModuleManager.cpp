@@ -1,0 +1,129 @@
+#include "modules/ModuleManager.h"
+
+#include <algorithm>
+
+#include "hid/GFDev.h"
+#include "host/Log.h"
+
+namespace drav {
+
+namespace {
+
+std::int32_t UnitCountFromDevices(const ModuleModel& model) {
+  const std::int32_t count = model.count != nullptr ? model.count() : 0;
+  // The device tables have at most 32 slots; a larger answer is not believed.
+  return std::clamp<std::int32_t>(count, 0, kMaxUnitsPerModel);
+}
+
+void LogUnit(std::uint32_t moduleType, std::uint32_t unit) {
+  const char* word = ModelWord(moduleType);
+  const std::int32_t unitNumber = static_cast<std::int32_t>(unit);
+
+  GFDevInfo info{};
+  GFDev_GetDeviceInfo(moduleType, unitNumber, &info);
+  LogFormat("Device = %s Unit %d", word, unitNumber + 1);
+  LogFormat("Firmware Version = %.4X", static_cast<unsigned>(info.version));
+
+  if (moduleType == kModuleGFDIO) {
+    GFDevInfoEx infoEx{};
+    infoEx.size = kGFDevInfoExSize;
+    GFDev_GetDeviceInfoEx(moduleType, unitNumber, &infoEx);
+    LogFormat("Output Report Length = %d", static_cast<int>(infoEx.outputReportLength));
+  }
+}
+
+}  // namespace
+
+ModuleManager::ModuleManager(std::span<const ModuleModel> models) : models_(models) {}
+
+void ModuleManager::CreateModules() {
+  for (const ModuleModel& model : models_) SizeContainer(model);
+}
+
+void ModuleManager::SizeContainer(const ModuleModel& model) {
+  if (!IsKnownModuleType(model.type) || model.makeContainer == nullptr) return;
+  const std::int32_t count = UnitCountFromDevices(model);
+  std::unique_ptr<ModuleContainer>& container = containers_[model.type];
+  if (!container) container = model.makeContainer();
+  if (container) container->Resize(count);
+}
+
+ModuleContainer* ModuleManager::ContainerOf(std::uint32_t moduleType) const {
+  return IsKnownModuleType(moduleType) ? containers_[moduleType].get() : nullptr;
+}
+
+std::int32_t ModuleManager::UnitCount(std::uint32_t moduleType) const {
+  const ModuleContainer* container = ContainerOf(moduleType);
+  return container != nullptr ? container->Size() : 0;
+}
+
+std::int32_t ModuleManager::FindModule(std::uint32_t moduleType, std::uint32_t unit,
+                                       GF_Abstract_Module** out) const {
+  GF_Abstract_Module* module = nullptr;
+  ModuleContainer* container = ContainerOf(moduleType);
+  if (container != nullptr && unit < static_cast<std::uint32_t>(container->Size())) {
+    module = container->At(static_cast<std::int32_t>(unit));
+  }
+  if (out != nullptr) *out = module;
+  return module != nullptr ? 1 : -1;
+}
+
+template <class Visit>
+void ModuleManager::ForEachModule(Visit&& visit) const {
+  for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
+    const std::uint32_t count = static_cast<std::uint32_t>(UnitCount(type));
+    for (std::uint32_t unit = 0; unit < count; ++unit) {
+      GF_Abstract_Module* module = nullptr;
+      if (FindModule(type, unit, &module) != 1) break;
+      visit(type, unit, *module);
+    }
+  }
+}
+
+void ModuleManager::RefreshAll() const {
+  ForEachModule([](std::uint32_t, std::uint32_t, GF_Abstract_Module& module) { module.UpdateOutputs(); });
+}
+
+void ModuleManager::ClearAll() const {
+  ForEachModule([](std::uint32_t, std::uint32_t, GF_Abstract_Module& module) { module.ClearDisplay(); });
+}
+
+void ModuleManager::LogDeviceInformation() const {
+  LogLine("Device Information:");
+  for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
+    const std::int32_t count = UnitCount(type);
+    if (count <= 0) continue;
+    LogFormat("Number of %s Devices = %d", ModelWord(type), count);
+    for (std::uint32_t unit = 0; unit < static_cast<std::uint32_t>(count); ++unit) {
+      if (FindModule(type, unit, nullptr) != 1) break;
+      LogUnit(type, unit);
+    }
+  }
+}
+
+std::int32_t ModuleManager::Decode(std::uint32_t moduleType, std::uint32_t unit, const void* record,
+                                   std::int32_t* value) const {
+  ModuleContainer* container = ContainerOf(moduleType);
+  if (container == nullptr || unit >= static_cast<std::uint32_t>(container->Size())) return -1;
+  return container->Decode(static_cast<std::int32_t>(unit), record, value);
+}
+
+bool ModuleManager::Dispatch(const InputEvent& event) const {
+  GF_Abstract_Module* module = nullptr;
+  if (FindModule(event.moduleType, event.unit, &module) != 1) return false;
+  module->HandleInput(event.control, event.value);
+  return true;
+}
+
+bool DrainQueue(InputEventQueue& queue, const ModuleManager& manager) {
+  return DrainQueue(queue, [&manager](const InputEvent& event) { manager.Dispatch(event); });
+}
+
+bool DrainQueue(InputEventQueue& queue) { return DrainQueue(queue, TheModuleManager()); }
+
+ModuleManager& TheModuleManager() {
+  static ModuleManager manager;
+  return manager;
+}
+
+}  // namespace drav

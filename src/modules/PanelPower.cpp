@@ -1,0 +1,97 @@
+#include "modules/PanelPower.h"
+
+#include <algorithm>
+
+#include "XPLMDataAccess.h"
+
+namespace drav {
+
+namespace {
+
+// The engine arrays hold 8 elements in older simulators and 16 in newer ones; an engine count above
+// that is not believed.
+constexpr int kMaxEngines = 16;
+constexpr float kN1PerPowerUnit = 15.0f;
+constexpr double kPowerThreshold = 0.1;
+
+struct PowerDatarefs {
+  bool lookedUp = false;
+  XPLMDataRef electricalFailure = nullptr;
+  XPLMDataRef batteryVolts = nullptr;
+  XPLMDataRef batteryOn = nullptr;
+  XPLMDataRef avionicsOn = nullptr;
+  XPLMDataRef generatorOn = nullptr;
+  XPLMDataRef engineType = nullptr;
+  XPLMDataRef engineCount = nullptr;
+  XPLMDataRef engineN1 = nullptr;
+};
+
+// Main thread only, like every reader of simulator data.
+PowerDatarefs gPower;
+
+// Each handle is looked up once, also when the dataref does not exist: a missing one stays null
+// and its test is skipped, without asking the simulator again every frame.
+const PowerDatarefs& Datarefs() {
+  if (!gPower.lookedUp) {
+    gPower.electricalFailure = XPLMFindDataRef("sim/operation/failures/rel_esys");
+    gPower.batteryVolts = XPLMFindDataRef("sim/flightmodel/engine/ENGN_bat_volt");
+    gPower.batteryOn = XPLMFindDataRef("sim/cockpit/electrical/battery_on");
+    gPower.avionicsOn = XPLMFindDataRef("sim/cockpit/electrical/avionics_on");
+    gPower.generatorOn = XPLMFindDataRef("sim/cockpit/electrical/generator_on");
+    gPower.engineType = XPLMFindDataRef("sim/aircraft/prop/acf_en_type");
+    gPower.engineCount = XPLMFindDataRef("sim/aircraft/engine/acf_num_engines");
+    gPower.engineN1 = XPLMFindDataRef("sim/flightmodel/engine/ENGN_N1_");
+    gPower.lookedUp = true;
+  }
+  return gPower;
+}
+
+int ReadInt(XPLMDataRef ref) { return ref != nullptr ? XPLMGetDatai(ref) : 0; }
+
+// Element `index` only; an element past the array's end (a shorter array) reads as 0.
+int ReadIntElement(XPLMDataRef ref, int index) {
+  int value = 0;
+  if (ref != nullptr) XPLMGetDatavi(ref, &value, index, 1);
+  return value;
+}
+
+float ReadFloatElement(XPLMDataRef ref, int index) {
+  float value = 0.0f;
+  if (ref != nullptr) XPLMGetDatavf(ref, &value, index, 1);
+  return value;
+}
+
+// Turbine types, whose generators give power in proportion to N1.
+bool IsTurbine(int engineType) {
+  return engineType == 2 || engineType == 4 || engineType == 5 || engineType == 8;
+}
+
+int EngineCount(const PowerDatarefs& refs) {
+  return std::clamp(ReadInt(refs.engineCount), 1, kMaxEngines);
+}
+
+float GeneratorPower(const PowerDatarefs& refs, int engine) {
+  if (ReadIntElement(refs.generatorOn, engine) == 0) return 0.0f;
+  if (!IsTurbine(ReadIntElement(refs.engineType, engine))) return 0.0f;
+  return ReadFloatElement(refs.engineN1, engine) / kN1PerPowerUnit;
+}
+
+}  // namespace
+
+bool HasPanelPower(bool checkAvionics) {
+  const PowerDatarefs& refs = Datarefs();
+  if (checkAvionics && refs.avionicsOn != nullptr && XPLMGetDatai(refs.avionicsOn) == 0) return false;
+  if (refs.electricalFailure != nullptr && XPLMGetDatai(refs.electricalFailure) == 6) return false;
+
+  const bool batteryOn = ReadInt(refs.batteryOn) != 0;
+  float sum = 0.0f;
+  const int engines = EngineCount(refs);
+  for (int engine = 0; engine < engines; ++engine) {
+    sum += batteryOn ? ReadFloatElement(refs.batteryVolts, engine) : GeneratorPower(refs, engine);
+  }
+  return static_cast<double>(sum) > kPowerThreshold;
+}
+
+void ResetPanelPowerLookups() { gPower = PowerDatarefs{}; }
+
+}  // namespace drav

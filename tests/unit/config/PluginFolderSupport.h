@@ -1,0 +1,49 @@
+// A fresh simulator whose X-Plane folder is a scratch folder, so that DRAV.INI and DRAVLog.txt are
+// real files of the test's own. Also resets the process-wide switches and settings, before and
+// after, since every other test shares them.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "IniTestSupport.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+#include "host/SimHost.h"
+
+namespace drav_test {
+
+class PluginFolderTest : public ::testing::Test {
+ protected:
+  explicit PluginFolderTest(const std::string& tag) : root_(tag) {}
+
+  void SetUp() override {
+    ASSERT_TRUE(root_.Made());
+    drav::gDebug = drav::DebugSwitches{};
+    drav::gSettings = drav::GlobalSettings{};
+    sim::SimHost::Current().Reset(root_.Path());
+    drav::InitLogPath();
+  }
+  void TearDown() override {
+    drav::gDebug = drav::DebugSwitches{};
+    drav::gSettings = drav::GlobalSettings{};
+  }
+
+  std::filesystem::path PluginFolder() const {
+    return root_.Path() / "Resources" / "plugins" / "DRAV";
+  }
+  std::filesystem::path IniPath() const { return PluginFolder() / "DRAV.INI"; }
+  std::filesystem::path LogPath() const { return PluginFolder() / "DRAVLog.txt"; }
+
+  void GivenIni(const std::string& bytes) const { WriteBytes(IniPath(), bytes); }
+  // The log's text; empty when there is no log file.
+  std::string LogText() const { return ReadBytes(LogPath()).value_or(""); }
+  bool LogExists() const { return std::filesystem::exists(LogPath()); }
+
+ private:
+  ScratchFolder root_;
+};
+
+}  // namespace drav_test
