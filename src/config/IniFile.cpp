@@ -96,7 +96,7 @@ std::size_t FindKeyPrefix(std::string_view line, std::string_view prefix) {
 // Copies at most kIniValueSize - 1 characters and always terminates.
 void CopyValue(char* out, std::string_view text) {
   const std::size_t length = text.size() < kIniValueSize - 1 ? text.size() : kIniValueSize - 1;
-  std::memcpy(out, text.data(), length);
+  if (length != 0) std::memcpy(out, text.data(), length);  // an empty view may hold a null pointer
   out[length] = '\0';
 }
 // A null text reads as "".

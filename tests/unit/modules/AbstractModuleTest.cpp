@@ -130,16 +130,5 @@ TEST(AbstractModuleTest, RegisterStoresTheUnitThenBlanksIt) {
   EXPECT_EQ(module.clearDisplayCalls, 1);
 }
 
-TEST(AbstractModuleTest, CopiesCarryTheModeTable) {
-  ModeModule radio;
-  radio.UseModes({{2, 44}});
-  radio.modeIndex = 2;
-  radio.unit = 5;
-  ModeModule copy = radio;
-  EXPECT_EQ(copy.modeFunction[2], 44);
-  EXPECT_EQ(copy.modeIndex, 2);
-  EXPECT_EQ(copy.unit, 5);
-}
-
 }  // namespace
 }  // namespace drav
