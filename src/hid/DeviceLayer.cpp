@@ -67,6 +67,39 @@ std::int32_t GFDev_GetDeviceInfoEx(std::uint32_t moduleType, std::int32_t unit, 
   return CheckUnit(*model, unit);
 }
 
+namespace {
+
+// Every per-unit function checks the unit number against its model's slots first; with no device
+// object in any slot, an in-range unit answers "no device".
+std::int32_t CheckModelUnit(std::uint32_t moduleType, std::int32_t unit) {
+  const PanelModel* model = FindPanelModel(moduleType);
+  return model == nullptr ? kGFDevNoDevice : CheckUnit(*model, unit);
+}
+
+}  // namespace
+
+std::int32_t GFDev_GF45_SetBrightness(std::int32_t unit, std::int32_t) { return CheckModelUnit(1, unit); }
+std::int32_t GFDev_GF46_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(8, unit); }
+std::int32_t GFDev_GF46_SetBrightness(std::int32_t unit, std::int32_t) { return CheckModelUnit(8, unit); }
+std::int32_t GFDev_GF166_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(5, unit); }
+std::int32_t GFDev_GF166_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(5, unit); }
+std::int32_t GFDev_GFP8_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(2, unit); }
+std::int32_t GFDev_GFP8_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(2, unit); }
+std::int32_t GFDev_GFT8_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(3, unit); }
+std::int32_t GFDev_GFT8_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(3, unit); }
+std::int32_t GFDev_GFRP48_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(7, unit); }
+std::int32_t GFDev_GFRP48_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(7, unit); }
+std::int32_t GFDev_GFLGT_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(4, unit); }
+std::int32_t GFDev_GFLGT_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(4, unit); }
+std::int32_t GFDev_GFLGT2_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(11, unit); }
+std::int32_t GFDev_GFLGT2_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(11, unit); }
+std::int32_t GFDev_GFMCP_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(6, unit); }
+std::int32_t GFDev_GFMCP_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(6, unit); }
+std::int32_t GFDev_GFMCPPro_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(12, unit); }
+std::int32_t GFDev_GFMCPPro_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(12, unit); }
+std::int32_t GFDev_GFWCP_GetBrightness(std::int32_t unit, std::uint32_t*) { return CheckModelUnit(18, unit); }
+std::int32_t GFDev_GFWCP_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(18, unit); }
+
 std::int32_t GFDev_GF45_Count() { return 0; }
 std::int32_t GFDev_GF46_Count() { return 0; }
 std::int32_t GFDev_GF166_Count() { return 0; }

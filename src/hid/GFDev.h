@@ -68,4 +68,29 @@ std::int32_t GFDev_GFMESM_Count();
 std::int32_t GFDev_GFWCP_Count();
 std::int32_t GFDev_GFDIO_Count();
 
+// Display and light brightness. Getters read the unit (a feature report) and write *out only on
+// success; setters answer 0 for an absent unit.
+std::int32_t GFDev_GF45_SetBrightness(std::int32_t unit, std::int32_t value);
+std::int32_t GFDev_GF46_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GF46_SetBrightness(std::int32_t unit, std::int32_t value);
+std::int32_t GFDev_GF166_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GF166_SetBrightness(std::int32_t unit, std::uint16_t value);
+std::int32_t GFDev_GFP8_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GFP8_SetBrightness(std::int32_t unit, std::uint16_t value);
+std::int32_t GFDev_GFT8_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GFT8_SetBrightness(std::int32_t unit, std::uint16_t value);
+std::int32_t GFDev_GFRP48_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GFRP48_SetBrightness(std::int32_t unit, std::uint16_t value);
+std::int32_t GFDev_GFLGT_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GFLGT_SetBrightness(std::int32_t unit, std::uint16_t value);
+std::int32_t GFDev_GFLGT2_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GFLGT2_SetBrightness(std::int32_t unit, std::uint16_t value);
+std::int32_t GFDev_GFMCP_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GFMCP_SetBrightness(std::int32_t unit, std::uint16_t value);
+std::int32_t GFDev_GFMCPPro_GetBrightness(std::int32_t unit, std::uint16_t* out);
+std::int32_t GFDev_GFMCPPro_SetBrightness(std::int32_t unit, std::uint16_t value);
+// The GF-WCP keeps its brightness in the device object (no device read).
+std::int32_t GFDev_GFWCP_GetBrightness(std::int32_t unit, std::uint32_t* out);
+std::int32_t GFDev_GFWCP_SetBrightness(std::int32_t unit, std::uint16_t value);
+
 }  // namespace drav

@@ -1,0 +1,73 @@
+#include "functions/RadioTargets.h"
+
+#include <iterator>
+
+#include "functions/FunctionObjects.h"
+#include "modules/GF_Abstract_Module.h"
+#include "modules/ModuleManager.h"
+#include "modules/ModuleTypes.h"
+
+namespace drav {
+
+namespace {
+
+const ModuleManager* gRadioManager = nullptr;
+
+// RadioModuleKind to the module type of that model, by position.
+constexpr ModuleType kRadioModuleTypes[] = {kModuleGF45, kModuleGF46, kModuleGF166};
+
+// The two radios of each toggle: first radio's function, then the second's. Only the GF-166 has
+// the DUAL functions.
+struct RadioPair {
+  FunctionId toggle;
+  FunctionId first;
+  FunctionId second;
+  bool gf166Only;
+};
+
+constexpr RadioPair kRadioPairs[] = {
+    {kCom1Com2Toggle, 9, 12, false},   // COM1_ACTIVE / COM2_ACTIVE
+    {kCom1Com2Toggle, 10, 13, false},  // COM1_STANDBY / COM2_STANDBY
+    {kCom1Com2Toggle, 11, 14, true},   // COM1_DUAL / COM2_DUAL
+    {kNav1Nav2Toggle, 18, 21, false},  // NAV1_ACTIVE / NAV2_ACTIVE
+    {kNav1Nav2Toggle, 19, 22, false},  // NAV1_STANDBY / NAV2_STANDBY
+    {kNav1Nav2Toggle, 20, 23, true},   // NAV1_DUAL / NAV2_DUAL
+};
+
+const ModuleManager& RadioManager() { return gRadioManager != nullptr ? *gRadioManager : TheModuleManager(); }
+
+}  // namespace
+
+void SetRadioModuleManager(const ModuleManager* manager) { gRadioManager = manager; }
+
+GF_Abstract_AvionicDevice* FindRadioModule(std::int32_t moduleKind, std::int32_t unit) {
+  if (moduleKind < 0 || moduleKind >= static_cast<std::int32_t>(std::size(kRadioModuleTypes)) || unit < 0) {
+    return nullptr;
+  }
+  GF_Abstract_Module* module = nullptr;
+  if (RadioManager().FindModule(kRadioModuleTypes[moduleKind], static_cast<std::uint32_t>(unit), &module) != 1) {
+    return nullptr;
+  }
+  // A checked cast: a model table that put something else under a radio's type must not be
+  // treated as a radio.
+  return dynamic_cast<GF_Abstract_AvionicDevice*>(module);
+}
+
+FunctionId ToggleCounterpart(FunctionId toggle, FunctionId current, std::int32_t moduleKind) {
+  const bool isGf166 = moduleKind == kRadioGF166;
+  for (const RadioPair& pair : kRadioPairs) {
+    if (pair.toggle != toggle || (pair.gf166Only && !isGf166)) continue;
+    if (current == pair.first) return pair.second;
+    if (current == pair.second) return pair.first;
+  }
+  return kNada;
+}
+
+bool IsSecondRadioFunction(FunctionId toggle, FunctionId current) {
+  for (const RadioPair& pair : kRadioPairs) {
+    if (pair.toggle == toggle && current == pair.second) return true;
+  }
+  return false;
+}
+
+}  // namespace drav

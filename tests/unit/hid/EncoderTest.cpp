@@ -1,0 +1,221 @@
+#include "hid/ReportEncoders.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <vector>
+
+namespace drav {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// Runs an encoder on a buffer pre-filled with 0xEE (so bytes it forgets to zero show) and returns
+// the report it produced.
+template <typename Encode>
+Bytes Encoded(Encode encode) {
+  std::array<std::uint8_t, 16> buffer;
+  buffer.fill(0xEE);
+  const std::size_t length = encode(std::span<std::uint8_t>(buffer));
+  return Bytes(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(length));
+}
+
+// ---- sixteen-segment display -----------------------------------------------------------------
+
+TEST(EncoderTest, SixteenSegmentCodesGoLowByteFirstWithTheDotOnThePreviousCharacter) {
+  // a, B with the dot bit, '-', blank
+  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, "ab.-"); }),
+            (Bytes{3, 0x22, 0x37, 0x4A, 0x8F, 0x22, 0x00, 0x00, 0x00}));
+  // A dot after the fourth character still belongs to it.
+  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, "ABCD."); }),
+            (Bytes{3, 0x22, 0x37, 0x0A, 0x8F, 0x00, 0x39, 0x48, 0x8F}));
+  // A leading dot follows no character: it is a blank of its own.
+  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, ".A"); }),
+            (Bytes{3, 0x00, 0x00, 0x22, 0x37, 0x00, 0x00, 0x00, 0x00}));
+}
+
+TEST(EncoderTest, SixteenSegmentTextIsCutAtFourAndBlankWhenEmpty) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, "HELLO"); }),
+            (Bytes{3, 0x22, 0x36, 0x20, 0x39, 0x00, 0x38, 0x00, 0x38}));
+  const Bytes blank{3, 0, 0, 0, 0, 0, 0, 0, 0};
+  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, ""); }), blank);
+  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, nullptr); }), blank);
+}
+
+// ---- reversed seven-segment displays (GF-45, GF-46) ------------------------------------------
+
+TEST(EncoderTest, RadioDigitsFillTheReportFromItsLastByte) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF45Display2(out, "12.3"); }),
+            (Bytes{5, 0x00, 0x00, 0x4F, 0xDB, 0x06}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF45Display2(out, "9."); }),
+            (Bytes{5, 0x00, 0x00, 0x00, 0x00, 0xE7}));
+  // Five digits on the GF-45: the 6 is cut.
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF45Display2(out, "123456"); }),
+            (Bytes{5, 0x6D, 0x66, 0x4F, 0x5B, 0x06}));
+  // Six on the GF-46: the 7 is cut.
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF46Display2(out, "1234567"); }),
+            (Bytes{5, 0x7D, 0x6D, 0x66, 0x4F, 0x5B, 0x06}));
+}
+
+TEST(EncoderTest, RadioDigitsShowBracketsAndDashButNoLetters) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF46Display2(out, "-[]A 9"); }),
+            (Bytes{5, 0x67, 0x00, 0x00, 0x0F, 0x39, 0x40}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF46Display2(out, nullptr); }),
+            (Bytes{5, 0, 0, 0, 0, 0, 0}));
+}
+
+// ---- forward seven-segment displays ----------------------------------------------------------
+
+TEST(EncoderTest, ForwardDisplaysPutTheFirstCharacterInByte1) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 1, "1.5"); }), (Bytes{3, 0x86, 0x6D, 0x00}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 4, "-_=[]."); }),
+            (Bytes{9, 0x40, 0x08, 0x48, 0x39, 0x8F, 0x00}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166Display(out, 2, "Hello"); }),
+            (Bytes{5, 0x76, 0x7B, 0x06, 0x06, 0x5C, 0x00}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPProDisplay(out, 2, "12345678"); }),
+            (Bytes{5, 0x06, 0x5B, 0x4F, 0x66, 0x6D}));
+}
+
+TEST(EncoderTest, MCPProShowsUpperCaseACEWithItsOwnShapes) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPProDisplay(out, 1, "ACE"); }),
+            (Bytes{3, 0x5F, 0x58, 0x7B}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 1, "ACE"); }), (Bytes{3, 0x77, 0x39, 0x79}));
+}
+
+TEST(EncoderTest, ALoneDotIsADecimalPointOnTheAutopilotsButBlankOnTheGF166) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 2, ".5"); }), (Bytes{5, 0x80, 0x6D, 0x00}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPProDisplay(out, 6, ".5"); }), (Bytes{13, 0x80, 0x6D, 0x00}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166Display(out, 1, ".5"); }),
+            (Bytes{3, 0x00, 0x6D, 0x00, 0x00, 0x00, 0x00}));
+  // The first dot joins the 1; the second stands alone.
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 3, "1..2"); }), (Bytes{7, 0x86, 0x80, 0x5B}));
+}
+
+TEST(EncoderTest, ReportIdsAndLengthsOfEveryForwardDisplay) {
+  struct Display {
+    std::size_t (*encode)(std::span<std::uint8_t>, int, const char*);
+    int number;
+    std::uint8_t reportId;
+    std::size_t length;
+  };
+  const Display displays[] = {
+      {EncodeGF166Display, 1, 3, 7},    {EncodeGF166Display, 2, 5, 7},
+      {EncodeGFMCPDisplay, 1, 3, 4},    {EncodeGFMCPDisplay, 2, 5, 4},    {EncodeGFMCPDisplay, 3, 7, 4},
+      {EncodeGFMCPDisplay, 4, 9, 7},    {EncodeGFMCPDisplay, 5, 11, 7},
+      {EncodeGFMCPProDisplay, 1, 3, 4}, {EncodeGFMCPProDisplay, 2, 5, 6}, {EncodeGFMCPProDisplay, 3, 7, 6},
+      {EncodeGFMCPProDisplay, 4, 9, 6}, {EncodeGFMCPProDisplay, 5, 11, 6}, {EncodeGFMCPProDisplay, 6, 13, 4},
+  };
+  for (const Display& d : displays) {
+    const Bytes report = Encoded([&d](auto out) { return d.encode(out, d.number, "888888888"); });
+    ASSERT_EQ(report.size(), d.length) << "display " << d.number;
+    EXPECT_EQ(report[0], d.reportId) << "display " << d.number;
+    EXPECT_EQ(report.back(), 0x7F) << "display " << d.number;
+  }
+}
+
+TEST(EncoderTest, MissingDisplaysAndSmallBuffersProduceNothing) {
+  EXPECT_TRUE(Encoded([](auto out) { return EncodeGF166Display(out, 3, "1"); }).empty());
+  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 0, "1"); }).empty());
+  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 6, "1"); }).empty());
+  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFMCPProDisplay(out, 7, "1"); }).empty());
+
+  std::array<std::uint8_t, 8> small;
+  small.fill(0xEE);
+  EXPECT_EQ(EncodeSixteenSegmentDisplay(small, "AB"), 0u);
+  EXPECT_EQ(EncodeGFMCPDisplay(std::span(small).first(3), 1, "123"), 0u);
+  EXPECT_EQ(EncodeBrightness(std::span(small).first(1), 6, 3), 0u);
+  for (std::uint8_t byte : small) EXPECT_EQ(byte, 0xEE);  // nothing written
+}
+
+// ---- brightness, indicators, encoder type ----------------------------------------------------
+
+TEST(EncoderTest, BrightnessKeepsTheLowNibble) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeBrightness(out, kGF46BrightnessReport, 0x1F); }), (Bytes{6, 0x0F}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeBrightness(out, kGFMCPBrightnessReport, 16); }), (Bytes{12, 0x00}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeBrightness(out, kGFMCPProBrightnessReport, -1); }),
+            (Bytes{14, 0x0F}));
+}
+
+TEST(EncoderTest, IndicatorMasks) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeIndicatorByte(out, kGFMCPIndicatorReport, 0xA5); }),
+            (Bytes{13, 0xA5}));
+  // The GF-LGT's two lowest lights are always on.
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFLGTIndicators(out, 0x00); }), (Bytes{2, 0x03}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFLGTIndicators(out, 0x84); }), (Bytes{2, 0x87}));
+  // GF-MCPPro: 32 bits, most significant byte first.
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPProIndicators(out, 0x12345678); }),
+            (Bytes{15, 0x12, 0x34, 0x56, 0x78}));
+}
+
+TEST(EncoderTest, GF166EncoderTypePacksTwoBitsOfEach) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166EncoderType(out, 5, 2); }), (Bytes{9, 0x09}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166EncoderType(out, 3, 3); }), (Bytes{9, 0x0F}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166EncoderType(out, 0xFF, 0); }), (Bytes{9, 0x03}));
+}
+
+TEST(EncoderTest, MCPProOutputReportsArePaddedTo8WithDD) {
+  EXPECT_FALSE(GFMCPProTakesOutputReports(0x01FF));
+  EXPECT_TRUE(GFMCPProTakesOutputReports(0x0200));
+
+  std::array<std::uint8_t, 8> report{14, 0x07};
+  EXPECT_EQ(PadGFMCPProOutputReport(report, 2), 8u);
+  EXPECT_EQ(Bytes(report.begin(), report.end()), (Bytes{14, 0x07, 0xDD, 0xDD, 0xDD, 0xDD, 0xDD, 0xDD}));
+
+  std::array<std::uint8_t, 8> display{3, 0x86, 0x6D, 0x00};
+  EXPECT_EQ(PadGFMCPProOutputReport(display, 4), 8u);
+  EXPECT_EQ(Bytes(display.begin(), display.end()), (Bytes{3, 0x86, 0x6D, 0x00, 0xDD, 0xDD, 0xDD, 0xDD}));
+
+  std::array<std::uint8_t, 7> tooSmall{};
+  EXPECT_EQ(PadGFMCPProOutputReport(tooSmall, 2), 0u);
+}
+
+// ---- GF-WCP colours --------------------------------------------------------------------------
+
+TEST(EncoderTest, WCPIntensityTruncatesBrightnessOver15InSinglePrecision) {
+  const std::uint8_t expected[16] = {0, 6, 13, 20, 26, 33, 40, 46, 53, 60, 66, 73, 80, 86, 93, 100};
+  for (std::uint16_t brightness = 0; brightness < 16; ++brightness) {
+    EXPECT_EQ(GFWCPIntensity(brightness), expected[brightness]) << "brightness " << brightness;
+  }
+  // Unchecked values above 15: 16 -> 106, 30 -> 200, 45 -> 300 whose low 8 bits are 44.
+  EXPECT_EQ(GFWCPIntensity(16), 106);
+  EXPECT_EQ(GFWCPIntensity(30), 200);
+  EXPECT_EQ(GFWCPIntensity(45), 44);
+}
+
+TEST(EncoderTest, WCPColoursAndColour6sBlueOfOne) {
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 2, 6, 7); }), (Bytes{2, 2, 46, 46, 1}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 1, 6, 0); }), (Bytes{2, 1, 0, 0, 1}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 1, 0, 15); }), (Bytes{2, 1, 0, 0, 0}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 6, 1, 15); }), (Bytes{2, 6, 100, 100, 100}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 3, 2, 3); }), (Bytes{2, 3, 20, 0, 0}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 4, 3, 3); }), (Bytes{2, 4, 0, 20, 0}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 5, 4, 3); }), (Bytes{2, 5, 0, 0, 20}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 5, 5, 3); }), (Bytes{2, 5, 20, 0, 20}));
+  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 6, 7, 12); }), (Bytes{2, 6, 0, 80, 80}));
+}
+
+TEST(EncoderTest, WCPRejectsIndicatorsOutside1To6AndColours8Up) {
+  EXPECT_FALSE(IsGFWCPIndicator(0));
+  EXPECT_TRUE(IsGFWCPIndicator(1));
+  EXPECT_TRUE(IsGFWCPIndicator(6));
+  EXPECT_FALSE(IsGFWCPIndicator(7));
+  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFWCPColour(out, 0, 1, 15); }).empty());
+  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFWCPColour(out, 7, 1, 15); }).empty());
+  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFWCPColour(out, 1, 8, 15); }).empty());
+}
+
+// ---- GF-DIO outputs --------------------------------------------------------------------------
+
+TEST(EncoderTest, DIOOutputsFillTheDevicesOwnReportLength) {
+  const std::array<std::uint8_t, 4> outputs{0x01, 0x80, 0xFF, 0x7E};
+  EXPECT_EQ(Encoded([&](auto out) { return EncodeGFDIOOutputs(out, 9, outputs); }),
+            (Bytes{2, 0x01, 0x80, 0xFF, 0x7E, 0, 0, 0, 0}));
+  EXPECT_EQ(Encoded([&](auto out) { return EncodeGFDIOOutputs(out, 5, outputs); }),
+            (Bytes{2, 0x01, 0x80, 0xFF, 0x7E}));
+  // Too short to carry four outputs, or longer than the caller's buffer: nothing.
+  EXPECT_TRUE(Encoded([&](auto out) { return EncodeGFDIOOutputs(out, 4, outputs); }).empty());
+  EXPECT_TRUE(Encoded([&](auto out) { return EncodeGFDIOOutputs(out, 65, outputs); }).empty());
+}
+
+}  // namespace
+}  // namespace drav
