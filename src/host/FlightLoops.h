@@ -7,9 +7,6 @@ inline constexpr float kUpdateInterval = 0.5f;    // displays and lights refresh
 inline constexpr float kInputInterval = -1.0f;    // input is handled every frame
 inline constexpr float kAnnounceDelay = 1.0f;     // the DataRefEditor hears of us once, a second in
 
-inline constexpr const char* kDataRefEditorSignature = "xplanesdk.examples.DataRefEditor";
-inline constexpr int kDataRefEditorAddDataref = 0x01000000;
-
 float InputFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, int counter, void* refcon);
 float UpdateFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, int counter, void* refcon);
 float AnnounceFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, int counter, void* refcon);

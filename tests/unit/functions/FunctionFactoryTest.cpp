@@ -155,7 +155,8 @@ TEST_F(FunctionTest, CreateAvionicFunctionBoundsTheTagAndFindsTheDataref) {
   EXPECT_EQ(GetAvionicFunctionId(object), 9);
   EXPECT_NE(object.dataref, nullptr);
   EXPECT_TRUE(object.isFloat);
-  EXPECT_STREQ(object.text, "") << "no display format yet";
+  // Built objects are formatted at once: format 4 shows the integer part of 29.92 as a frequency.
+  EXPECT_STREQ(object.text, "000.29");
 
   CreateAvionicFunction(object, "XPDR", 2, 24, "sim/cockpit/radios/transponder_code");
   EXPECT_STREQ(object.tag, "XPDR");
