@@ -3,13 +3,15 @@
 #include <array>
 
 #include "dravsim/CommandHandlers.h"
+#include "dravsim/PanelCommands.h"
 
 namespace dravsim {
 namespace {
 
 constexpr int kAny = -1;
 
-// name, usage, min and max argument words, opens a block, handler
+// name, usage, min and max argument words, opens a block, handler. Commands that let the plug-in
+// run end only when every report it queued for the panels has been sent.
 constexpr std::array kCommands = std::to_array<CommandRow>({
     // Setting up the simulator
     {"xplane-version", "xplane-version N", 1, 1, false, XPlaneVersionCommand},
@@ -20,35 +22,36 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"command", "command NAME present|absent", 2, 2, false, SimCommandCommand},
     {"plugin", "plugin SIGNATURE", 1, 1, false, OtherPluginCommand},
     {"no-system-symbol", "no-system-symbol", 0, 0, false, NoSystemSymbolCommand},
-    {"plug", "plug MODEL as NAME [version V] [serial TEXT]", 0, kAny, false,
-     NotYetAvailableCommand},
-    {"hid-device", "hid-device VID PID as NAME", 0, kAny, false, NotYetAvailableCommand},
-    {"unplug", "unplug NAME", 0, kAny, false, NotYetAvailableCommand},
-    {"replug", "replug NAME", 0, kAny, false, NotYetAvailableCommand},
-    {"feature", "feature NAME ID = HEX", 0, kAny, false, NotYetAvailableCommand},
-    {"fail", "fail NAME open|read|write|feature on|off", 0, kAny, false, NotYetAvailableCommand},
+    {"plug", "plug MODEL as NAME [version V] [serial TEXT]", 3, 7, false,
+     PlugCommand},
+    {"hid-device", "hid-device VID PID as NAME", 4, 4, false, HidDeviceCommand},
+    {"unplug", "unplug NAME", 1, 1, false, UnplugCommand},
+    {"replug", "replug NAME", 1, 1, false, ReplugCommand},
+    {"feature", "feature NAME ID = HEX", 4, kAny, false, FeatureCommand},
+    {"fail", "fail NAME open|read|write|feature on|off", 3, 3, false, FailCommand},
 
     // Running the plug-in
-    {"start", "start", 0, 0, false, StartCommand},
-    {"enable", "enable", 0, 0, false, EnableCommand},
-    {"disable", "disable", 0, 0, false, DisableCommand},
-    {"stop", "stop", 0, 0, false, StopCommand},
-    {"boot", "boot", 0, 0, false, BootCommand},
-    {"frame", "frame [N]", 0, 1, false, FrameCommand},
-    {"run", "run SECONDS", 1, 1, false, RunCommand},
-    {"message", "message FROM ID PARAM", 3, 3, false, MessageCommand},
-    {"plane-loaded", "plane-loaded", 0, 0, false, PlaneLoadedCommand},
-    {"menu", "menu \"ITEM\"", 1, 1, false, MenuCommand},
-    {"write-dataref", "write-dataref PATH = V | PATH[i] = V", 3, 3, false, WriteDatarefCommand},
+    {"start", "start", 0, 0, false, ThenWaitForPanelOutput<StartCommand>},
+    {"enable", "enable", 0, 0, false, ThenWaitForPanelOutput<EnableCommand>},
+    {"disable", "disable", 0, 0, false, ThenWaitForPanelOutput<DisableCommand>},
+    {"stop", "stop", 0, 0, false, ThenWaitForPanelOutput<StopCommand>},
+    {"boot", "boot", 0, 0, false, ThenWaitForPanelOutput<BootCommand>},
+    {"frame", "frame [N]", 0, 1, false, ThenWaitForPanelOutput<FrameCommand>},
+    {"run", "run SECONDS", 1, 1, false, ThenWaitForPanelOutput<RunCommand>},
+    {"message", "message FROM ID PARAM", 3, 3, false, ThenWaitForPanelOutput<MessageCommand>},
+    {"plane-loaded", "plane-loaded", 0, 0, false, ThenWaitForPanelOutput<PlaneLoadedCommand>},
+    {"menu", "menu \"ITEM\"", 1, 1, false, ThenWaitForPanelOutput<MenuCommand>},
+    {"write-dataref", "write-dataref PATH = V | PATH[i] = V", 3, 3, false,
+     ThenWaitForPanelOutput<WriteDatarefCommand>},
 
     // Acting on a panel
-    {"report", "report NAME HEX", 0, kAny, false, NotYetAvailableCommand},
-    {"press", "press NAME B", 0, kAny, false, NotYetAvailableCommand},
-    {"release", "release NAME B", 0, kAny, false, NotYetAvailableCommand},
-    {"switch", "switch NAME S on|off", 0, kAny, false, NotYetAvailableCommand},
-    {"turn", "turn NAME ENCODER STEPS", 0, kAny, false, NotYetAvailableCommand},
-    {"lever", "lever NAME L RAW [switch on|off]", 0, kAny, false, NotYetAvailableCommand},
-    {"selector", "selector NAME S POSITION", 0, kAny, false, NotYetAvailableCommand},
+    {"report", "report NAME HEX", 2, kAny, false, ReportCommand},
+    {"press", "press NAME B", 2, 2, false, PressCommand},
+    {"release", "release NAME B", 2, 2, false, ReleaseCommand},
+    {"switch", "switch NAME S on|off", 3, 3, false, SwitchCommand},
+    {"turn", "turn NAME ENCODER STEPS", 3, 3, false, TurnCommand},
+    {"lever", "lever NAME L RAW [switch on|off]", 3, 5, false, LeverCommand},
+    {"selector", "selector NAME S POSITION", 3, 3, false, SelectorCommand},
 
     // Checking
     {"expect dataref", "expect dataref PATH = V | PATH[i] = V | PATH absent", 2, 3, false,
@@ -63,22 +66,26 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"expect no-log", "expect no-log \"LINE\"", 1, 1, false, ExpectNoLogCommand},
     {"expect window", "expect window \"TEXT\"", 1, 1, false, ExpectWindowCommand},
     {"expect no-window", "expect no-window", 0, 0, false, ExpectNoWindowCommand},
-    {"expect sent", "expect sent NAME feature|output HEX", 0, kAny, false, NotYetAvailableCommand},
-    {"expect sent-count", "expect sent-count NAME N", 0, kAny, false, NotYetAvailableCommand},
-    {"expect no-sent", "expect no-sent NAME", 0, kAny, false, NotYetAvailableCommand},
-    {"expect display", "expect display NAME D \"TEXT\"", 0, kAny, false, NotYetAvailableCommand},
-    {"expect leds", "expect leds NAME MASK", 0, kAny, false, NotYetAvailableCommand},
-    {"expect colour", "expect colour NAME LIGHT R G B", 0, kAny, false, NotYetAvailableCommand},
-    {"expect brightness", "expect brightness NAME V", 0, kAny, false, NotYetAvailableCommand},
-    {"expect units", "expect units MODEL N", 0, kAny, false, NotYetAvailableCommand},
+    {"expect sent", "expect sent NAME feature|output HEX", 3, kAny, false,
+     ExpectSentCommand},
+    {"expect sent-count", "expect sent-count NAME N", 2, 2, false, ExpectSentCountCommand},
+    {"expect no-sent", "expect no-sent NAME", 1, 1, false, ExpectNoSentCommand},
+    {"expect display", "expect display NAME D \"TEXT\"", 3, 3, false,
+     ExpectDisplayCommand},
+    {"expect leds", "expect leds NAME MASK", 2, 2, false, ExpectLedsCommand},
+    {"expect colour", "expect colour NAME LIGHT R G B", 5, 5, false,
+     ExpectColourCommand},
+    {"expect brightness", "expect brightness NAME V", 2, 2, false,
+     ExpectBrightnessCommand},
+    {"expect units", "expect units MODEL N", 2, 2, false, ExpectUnitsCommand},
     {"expect dialog", "expect dialog ...", 0, kAny, false, NotYetAvailableCommand},
-    {"clear", "clear", 0, 0, false, ClearCommand},
+    {"clear", "clear", 0, 0, false, PanelClearCommand},
 
     // The Assign Functions dialog
     {"dialog", "dialog ...", 0, kAny, false, NotYetAvailableCommand},
 
     // Showing
-    {"show", "show [NAME]", 0, kAny, false, NotYetAvailableCommand},
+    {"show", "show [NAME]", 0, 1, false, ShowCommand},
     {"screenshot", "screenshot FILE.svg", 0, kAny, false, NotYetAvailableCommand},
     {"echo", "echo TEXT", 0, kAny, false, EchoCommand},
     {"sleep-ms", "sleep-ms N", 1, 1, false, SleepMsCommand},

@@ -8,7 +8,7 @@
 namespace dravsim {
 
 void ClearCommand(ScenarioContext& ctx, const Invocation& /*call*/) {
-  // The record of sent reports joins the event log here once virtual panels exist.
+  // The simulator's half; PanelClearCommand adds the record of sent reports.
   ctx.host.ClearEvents();
 }
 

@@ -1,5 +1,6 @@
 #include "dravsim/ScenarioContext.h"
 
+#include <memory>
 #include <utility>
 
 namespace dravsim {
@@ -13,7 +14,11 @@ ScenarioResult& ScenarioResult::operator+=(const ScenarioResult& other) {
 
 ScenarioContext::ScenarioContext(sim::SimHost& simHost, std::ostream& output, std::string name,
                                  const RunnerOptions& runnerOptions)
-    : host(simHost), out(output), options(runnerOptions), name_(std::move(name)) {}
+    : host(simHost), out(output), options(runnerOptions), name_(std::move(name)) {
+  auto backend = std::make_unique<drav::VirtualHidBackend>();
+  hid = backend.get();
+  drav::InstallHidBackend(std::move(backend));
+}
 
 void ScenarioContext::BeginCommand(int line) {
   line_ = line;

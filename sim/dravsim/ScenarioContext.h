@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "dravsim/PanelBoard.h"
+#include "hid/backend/VirtualHidBackend.h"
 #include "host/SimHost.h"
 
 namespace dravsim {
@@ -40,6 +42,10 @@ class ScenarioContext {
   std::ostream& out;
   const RunnerOptions& options;
   PluginState plugin;
+  // The scenario's own in-memory panels: a fresh backend, installed in the device layer when the
+  // context is made (before the plug-in can start), owned by the layer from then on.
+  drav::VirtualHidBackend* hid = nullptr;
+  PanelBoard panels;
 
   const ScenarioResult& Result() const { return result_; }
   const std::string& Name() const { return name_; }

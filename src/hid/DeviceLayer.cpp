@@ -1,120 +1,277 @@
-// The device layer's lifecycle, input callback and device queries.
+// The device layer's lifecycle: discovery of the units present at start, arrival and removal while
+// the layer runs, teardown at stop; the input callback; the device-information queries and counts.
 //
-// The layer's tables hold one device object per connected unit. Until the HID backends and the
-// per-model device objects are in place, enumeration finds no unit: every table stays empty, every
-// count is 0 and every per-unit query answers "no device". The callback registration and delivery
-// below are the layer's real ones.
-#include <chrono>
+// Everything here runs on the simulator's main thread except GFDev_DeliverInput, which the device
+// objects' read threads call.
+#include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <cstring>
 #include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
 
+#include "hid/DeviceClasses.h"
+#include "hid/DeviceLayerControl.h"
+#include "hid/DeviceObject.h"
+#include "hid/DeviceTables.h"
 #include "hid/GFDev.h"
 #include "hid/ModelTable.h"
+#include "hid/backend/HidBackend.h"
 
 namespace drav {
 
 namespace {
 
 // Stands in for the named mutex "GFDev_MtxInputCallback": one callback runs at a time, and a read
-// thread waits at most a second for its turn before it drops the record.
-std::timed_mutex gInputCallbackMutex;
+// thread waits at most a second for its turn before it drops the record. Built on a mutex and a
+// condition variable rather than std::timed_mutex, whose timed wait the thread sanitizer cannot
+// follow (it then reports every unlock as an unlock of an unlocked mutex).
+class InputCallbackGate {
+ public:
+  bool TryEnterFor(std::chrono::milliseconds timeout) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    if (!freed_.wait_for(lock, timeout, [&] { return !held_; })) return false;
+    held_ = true;
+    return true;
+  }
+  void Enter() {
+    std::unique_lock<std::mutex> lock(mutex_);
+    freed_.wait(lock, [&] { return !held_; });
+    held_ = true;
+  }
+  void Leave() {
+    {
+      std::lock_guard<std::mutex> lock(mutex_);
+      held_ = false;
+    }
+    freed_.notify_one();
+  }
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable freed_;
+  bool held_ = false;
+};
+
+// Holds the gate for a scope.
+class GateHold {
+ public:
+  explicit GateHold(InputCallbackGate& gate) : gate_(gate) { gate_.Enter(); }
+  ~GateHold() { gate_.Leave(); }
+  GateHold(const GateHold&) = delete;
+  GateHold& operator=(const GateHold&) = delete;
+
+ private:
+  InputCallbackGate& gate_;
+};
+
+InputCallbackGate gInputCallbackGate;
 std::atomic<GFDevInputCallback> gInputCallback{nullptr};
 constexpr std::chrono::milliseconds kInputCallbackWait{1000};
 
-// Result of the checks every per-unit function makes before it touches a device object.
-std::int32_t CheckUnit(const PanelModel& model, std::int32_t unit) {
-  if (unit < 0 || unit >= model.slots) return kGFDevUnitOutOfRange;
-  return kGFDevNoDevice;  // no slot holds a device object yet
+// The backend the running layer's objects were made with (null while stopped), and the notices
+// buffer, kept between frames so that asking every frame allocates nothing.
+HidBackend* gBackend = nullptr;
+std::vector<HidDeviceChange> gChanges;
+
+// Opens the path once and reads its attributes: the model whose product id it reports, or null
+// (another vendor, an unknown product, a device that cannot be opened for reading and writing).
+const PanelModel* MatchModel(HidBackend& backend, const std::string& path) {
+  std::unique_ptr<HidDeviceHandle> handle = backend.Open(path);
+  HidAttributes attributes;
+  if (handle == nullptr || !handle->GetAttributes(&attributes)) return nullptr;
+  if (attributes.vendorId != kPanelVendorId) return nullptr;
+  return FindPanelModelByProductId(attributes.productId);
+}
+
+// A newcomer takes the first empty slot of its model's table; a full table takes nothing. The slot
+// is looked for before the object is made, which leaves the tables exactly as making the object and
+// destroying it again would, without opening the unit for nothing.
+void AddUnit(HidBackend& backend, const PanelModel& model, const std::string& path) {
+  const DeviceClass* deviceClass = FindDeviceClass(model.moduleType);
+  DeviceTables& tables = TheDeviceTables();
+  const std::int32_t slot = tables.FirstEmptySlot(model.moduleType);
+  if (deviceClass == nullptr || slot < 0) return;
+
+  auto object = std::make_unique<DeviceObject>(*deviceClass, backend, path);
+  if (!deviceClass->openedAfterEntry) object->Open();
+  DeviceObject* placed = tables.Place(model.moduleType, slot, std::move(object));
+  placed->SetUnit(slot);
+  placed->SetPresent(true);
+  if (deviceClass->openedAfterEntry) placed->Open();
+}
+
+void DiscoverUnit(HidBackend& backend, const std::string& path) {
+  if (!NormaliseDevicePath(path)) return;
+  if (const PanelModel* model = MatchModel(backend, path)) AddUnit(backend, *model, path);
+}
+
+// A path the tables know is the same unit coming back: it restarts in its old slot.
+void HandleArrival(HidBackend& backend, const std::string& path) {
+  if (!NormaliseDevicePath(path)) return;
+  if (std::optional<DeviceTables::Location> known = TheDeviceTables().FindByPath(path)) {
+    known->object->Start();
+    known->object->SetPresent(true);
+    return;
+  }
+  DiscoverUnit(backend, path);
+}
+
+// The unit stays in its slot, stopped and absent, ready for its return.
+void HandleRemoval(const std::string& path) {
+  if (!NormaliseDevicePath(path)) return;
+  if (std::optional<DeviceTables::Location> known = TheDeviceTables().FindByPath(path)) {
+    known->object->Stop();
+    known->object->SetPresent(false);
+  }
+}
+
+// The common checks of the device-information queries: 0 with nothing to do for a model without a
+// table, 1 for a unit out of range, 3 for an empty slot.
+std::int32_t CheckInfoUnit(std::uint32_t moduleType, std::int32_t unit, DeviceObject*& object) {
+  object = nullptr;
+  const PanelModel* model = FindPanelModel(moduleType);
+  if (model == nullptr) return kGFDevDone;
+  if (unit < 0 || unit >= model->slots) return kGFDevUnitOutOfRange;
+  object = TheDeviceTables().At(moduleType, unit);
+  return object == nullptr ? kGFDevNoDevice : kGFDevDone;
+}
+
+void CopyBounded(char* out, std::size_t capacity, const std::string& text) {
+  const std::size_t length = std::min(text.size(), capacity - 1);
+  std::memcpy(out, text.data(), length);
+  out[length] = '\0';
 }
 
 }  // namespace
 
+DeviceTables& TheDeviceTables() {
+  // GFDev_Stop empties the tables on disable, so by the time the plug-in is unloaded (and this
+  // object destroyed) they hold nothing; an object that is never freed would leak at every unload.
+  static DeviceTables tables;
+  return tables;
+}
+
 std::int32_t GFDev_Start(void* /*instance*/) {
   GFDev_Stop();
+  HidBackend& backend = ActiveHidBackend();
+  gBackend = &backend;
+  // Arrivals and removals come through the backend on every platform, so hot-plug does not depend
+  // on having a window to receive them.
+  backend.StartNotifications();
+  for (const std::string& path : backend.EnumerateDevicePaths()) DiscoverUnit(backend, path);
   return kGFDevDone;
 }
 
 std::int32_t GFDev_Stop() {
-  std::lock_guard<std::timed_mutex> lock(gInputCallbackMutex);
-  gInputCallback.store(nullptr);
+  if (gBackend != nullptr) gBackend->StopNotifications();
+  {
+    GateHold hold(gInputCallbackGate);
+    gInputCallback.store(nullptr);
+  }
+  TheDeviceTables().DestroyAll();
+  gBackend = nullptr;
+  gChanges.clear();
   return kGFDevDone;
+}
+
+void GFDev_ProcessDeviceChanges() {
+  if (gBackend == nullptr) return;
+  gChanges.clear();
+  gBackend->TakeDeviceChanges(gChanges);
+  for (const HidDeviceChange& change : gChanges) {
+    if (change.kind == HidDeviceChange::Kind::Arrival) {
+      HandleArrival(*gBackend, change.path);
+    } else {
+      HandleRemoval(change.path);
+    }
+  }
 }
 
 std::int32_t GFDev_RegisterInputCallback(GFDevInputCallback callback) {
   if (callback == nullptr) return 0;
-  std::lock_guard<std::timed_mutex> lock(gInputCallbackMutex);
+  GateHold hold(gInputCallbackGate);
   gInputCallback.store(callback);
   return 1;
 }
 
 void GFDev_DeliverInput(std::uint32_t moduleType, std::uint16_t unit, const void* record) {
-  std::unique_lock<std::timed_mutex> lock(gInputCallbackMutex, kInputCallbackWait);
-  if (!lock.owns_lock()) return;
+  if (!gInputCallbackGate.TryEnterFor(kInputCallbackWait)) return;
   if (GFDevInputCallback callback = gInputCallback.load()) callback(moduleType, unit, record);
+  gInputCallbackGate.Leave();
 }
 
-// The out record is checked only once a slot holds a device, as the device objects will.
-std::int32_t GFDev_GetDeviceInfo(std::uint32_t moduleType, std::int32_t unit, GFDevInfo* /*out*/) {
-  const PanelModel* model = FindPanelModel(moduleType);
-  if (model == nullptr) return kGFDevDone;
-  return CheckUnit(*model, unit);
+std::int32_t GFDev_FindUnitByPath(std::uint32_t moduleType, const char* path, std::int32_t* unit) {
+  if (unit != nullptr) *unit = -1;
+  if (path == nullptr || FindPanelModel(moduleType) == nullptr) return kGFDevNoDevice;
+  const std::int32_t found = TheDeviceTables().FindUnitByPath(moduleType, path);
+  if (found < 0) return kGFDevNoDevice;
+  if (unit != nullptr) *unit = found;
+  return kGFDevDone;
 }
 
-std::int32_t GFDev_GetDeviceInfoEx(std::uint32_t moduleType, std::int32_t unit, GFDevInfoEx* /*out*/) {
-  const PanelModel* model = FindPanelModel(moduleType);
-  if (model == nullptr) return kGFDevDone;
-  return CheckUnit(*model, unit);
+std::int32_t GFDev_GetDeviceInfo(std::uint32_t moduleType, std::int32_t unit, GFDevInfo* out) {
+  DeviceObject* object = nullptr;
+  const std::int32_t result = CheckInfoUnit(moduleType, unit, object);
+  if (object == nullptr) return result;
+  if (out == nullptr) return kGFDevBadArgument;
+  CopyBounded(out->path, sizeof(out->path), object->Path());
+  out->version = object->Attributes().version;
+  return kGFDevDone;
 }
 
-namespace {
-
-// Every per-unit function checks the unit number against its model's slots first; with no device
-// object in any slot, an in-range unit answers "no device".
-std::int32_t CheckModelUnit(std::uint32_t moduleType, std::int32_t unit) {
-  const PanelModel* model = FindPanelModel(moduleType);
-  return model == nullptr ? kGFDevNoDevice : CheckUnit(*model, unit);
+std::int32_t GFDev_GetDeviceInfoEx(std::uint32_t moduleType, std::int32_t unit, GFDevInfoEx* out) {
+  DeviceObject* object = nullptr;
+  const std::int32_t result = CheckInfoUnit(moduleType, unit, object);
+  if (object == nullptr) return result;
+  if (out == nullptr) return kGFDevBadArgument;
+  if (out->size != kGFDevInfoExSize) return kGFDevDone;  // a record of another layout: untouched
+  CopyBounded(out->path, sizeof(out->path), object->Path());
+  out->version = object->Attributes().version;
+  CopyBounded(out->serial, sizeof(out->serial), object->SerialNumber());
+  if (object->Class().openedAfterEntry) out->outputReportLength = object->Capabilities().outputReportLength;
+  return kGFDevDone;
 }
 
-}  // namespace
+std::int32_t GFDev_PresentUnitCount(std::uint32_t moduleType) { return TheDeviceTables().PresentCount(moduleType); }
 
-std::int32_t GFDev_GF45_SetBrightness(std::int32_t unit, std::int32_t) { return CheckModelUnit(1, unit); }
-std::int32_t GFDev_GF46_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(8, unit); }
-std::int32_t GFDev_GF46_SetBrightness(std::int32_t unit, std::int32_t) { return CheckModelUnit(8, unit); }
-std::int32_t GFDev_GF166_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(5, unit); }
-std::int32_t GFDev_GF166_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(5, unit); }
-std::int32_t GFDev_GFP8_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(2, unit); }
-std::int32_t GFDev_GFP8_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(2, unit); }
-std::int32_t GFDev_GFT8_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(3, unit); }
-std::int32_t GFDev_GFT8_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(3, unit); }
-std::int32_t GFDev_GFRP48_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(7, unit); }
-std::int32_t GFDev_GFRP48_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(7, unit); }
-std::int32_t GFDev_GFLGT_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(4, unit); }
-std::int32_t GFDev_GFLGT_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(4, unit); }
-std::int32_t GFDev_GFLGT2_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(11, unit); }
-std::int32_t GFDev_GFLGT2_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(11, unit); }
-std::int32_t GFDev_GFMCP_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(6, unit); }
-std::int32_t GFDev_GFMCP_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(6, unit); }
-std::int32_t GFDev_GFMCPPro_GetBrightness(std::int32_t unit, std::uint16_t*) { return CheckModelUnit(12, unit); }
-std::int32_t GFDev_GFMCPPro_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(12, unit); }
-std::int32_t GFDev_GFWCP_GetBrightness(std::int32_t unit, std::uint32_t*) { return CheckModelUnit(18, unit); }
-std::int32_t GFDev_GFWCP_SetBrightness(std::int32_t unit, std::uint16_t) { return CheckModelUnit(18, unit); }
+std::string GFDev_UnitPath(std::uint32_t moduleType, std::int32_t unit) {
+  const DeviceObject* object = TheDeviceTables().At(moduleType, unit);
+  return object == nullptr ? std::string() : object->Path();
+}
 
-std::int32_t GFDev_GF45_Count() { return 0; }
-std::int32_t GFDev_GF46_Count() { return 0; }
-std::int32_t GFDev_GF166_Count() { return 0; }
-std::int32_t GFDev_GFP8_Count() { return 0; }
-std::int32_t GFDev_GFT8_Count() { return 0; }
-std::int32_t GFDev_GFRP48_Count() { return 0; }
-std::int32_t GFDev_GFLGT_Count() { return 0; }
-std::int32_t GFDev_GFLGT2_Count() { return 0; }
-std::int32_t GFDev_GFMCP_Count() { return 0; }
-std::int32_t GFDev_GFMCPPro_Count() { return 0; }
-std::int32_t GFDev_GFEFIS_Count() { return 0; }
-std::int32_t GFDev_GFTQ6_Count() { return 0; }
-std::int32_t GFDev_GFSECM_Count() { return 0; }
-std::int32_t GFDev_GFMESM_Count() { return 0; }
-std::int32_t GFDev_GFWCP_Count() { return 0; }
-std::int32_t GFDev_GFDIO_Count() { return 0; }
+std::uint64_t GFDev_InputReportsHandled(std::uint32_t moduleType, std::int32_t unit) {
+  const DeviceObject* object = TheDeviceTables().At(moduleType, unit);
+  return object == nullptr ? 0 : object->InputReportsHandled();
+}
+
+bool GFDev_WaitForOutputIdle(std::chrono::milliseconds timeout) {
+  const auto deadline = std::chrono::steady_clock::now() + timeout;
+  bool idle = true;
+  TheDeviceTables().ForEach([&](DeviceObject& object) {
+    if (idle && !object.WaitForOutputIdle(deadline)) idle = false;
+  });
+  return idle;
+}
+
+std::int32_t GFDev_GF45_Count() { return GFDev_PresentUnitCount(1); }
+std::int32_t GFDev_GF46_Count() { return GFDev_PresentUnitCount(8); }
+std::int32_t GFDev_GF166_Count() { return GFDev_PresentUnitCount(5); }
+std::int32_t GFDev_GFP8_Count() { return GFDev_PresentUnitCount(2); }
+std::int32_t GFDev_GFT8_Count() { return GFDev_PresentUnitCount(3); }
+std::int32_t GFDev_GFRP48_Count() { return GFDev_PresentUnitCount(7); }
+std::int32_t GFDev_GFLGT_Count() { return GFDev_PresentUnitCount(4); }
+std::int32_t GFDev_GFLGT2_Count() { return GFDev_PresentUnitCount(11); }
+std::int32_t GFDev_GFMCP_Count() { return GFDev_PresentUnitCount(6); }
+std::int32_t GFDev_GFMCPPro_Count() { return GFDev_PresentUnitCount(12); }
+std::int32_t GFDev_GFEFIS_Count() { return GFDev_PresentUnitCount(13); }
+std::int32_t GFDev_GFTQ6_Count() { return GFDev_PresentUnitCount(9); }
+std::int32_t GFDev_GFSECM_Count() { return GFDev_PresentUnitCount(14); }
+std::int32_t GFDev_GFMESM_Count() { return GFDev_PresentUnitCount(17); }
+std::int32_t GFDev_GFWCP_Count() { return GFDev_PresentUnitCount(18); }
+std::int32_t GFDev_GFDIO_Count() { return GFDev_PresentUnitCount(19); }
 
 }  // namespace drav

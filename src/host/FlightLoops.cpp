@@ -5,6 +5,7 @@
 
 #include "config/Assignments.h"
 #include "functions/CustomDatarefs.h"
+#include "hid/DeviceLayerControl.h"
 #include "host/HostState.h"
 #include "host/Settings.h"
 #include "host/SplashWindow.h"
@@ -19,6 +20,8 @@ constexpr int kSplashTicks = 6;  // the window lives through six ticks and goes 
 }
 
 float InputFlightLoop(float, float, int, void*) {
+  // Units plugged in or out since the last frame join or leave before their input is handled.
+  GFDev_ProcessDeviceChanges();
   // Displays and lights answer an input in the same frame instead of waiting for the next tick.
   if (DrainQueue(TheInputQueue(), TheModuleManager())) TheModuleManager().RefreshAll();
   return kInputInterval;

@@ -1,0 +1,40 @@
+// The virtual units a scenario has plugged, by the names it gave them: each unit's device path on
+// the virtual backend, its model, and the input state its high-level commands compose reports from.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dravsim/PanelModels.h"
+#include "hid/ModelTable.h"
+
+namespace dravsim {
+
+struct PanelUnit {
+  std::string name;
+  std::string path;                       // as plugged, upper case
+  const drav::PanelModel* model = nullptr;  // null for a device outside the family
+  std::optional<PanelInputState> input;   // null for a device outside the family
+  std::uint16_t inputLength = 8;
+  bool writesFail = false;  // `fail NAME write on`: its queued reports stay queued
+};
+
+class PanelBoard {
+ public:
+  PanelUnit* Find(std::string_view name);
+  const std::vector<PanelUnit>& Units() const { return units_; }
+  PanelUnit& Add(PanelUnit unit);
+  bool AnyWritesFail() const;
+
+ private:
+  std::vector<PanelUnit> units_;
+};
+
+// "\\?\HID#VID_09F3&PID_0020#DRAVSIM_NAME", upper case, as the device layer keeps paths.
+std::string VirtualUnitPath(std::uint16_t vendorId, std::uint16_t productId, std::string_view name);
+const drav::PanelModel* FindPanelModelByName(std::string_view name);
+
+}  // namespace dravsim

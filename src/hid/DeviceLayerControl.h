@@ -1,0 +1,28 @@
+// The device layer's entry points beyond the flat access interface: hot-plug handling on the main
+// thread, and the quiescence checks that let a test or dravsim know that every report has been
+// handled before it looks at the results.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+
+namespace drav {
+
+// Main thread: handles the arrivals and removals the backend noticed since the last call (on
+// Windows the notification window does this while the simulator pumps its messages; elsewhere the
+// plug-in calls it every frame). Does nothing while the layer is stopped.
+void GFDev_ProcessDeviceChanges();
+
+// Units of a model that are present (GF-ATC and GF-FMC included, which have no count function).
+std::int32_t GFDev_PresentUnitCount(std::uint32_t moduleType);
+// The upper-cased device path held in a slot; empty when the slot is empty or out of range.
+std::string GFDev_UnitPath(std::uint32_t moduleType, std::int32_t unit);
+// Input reports the unit's read thread has finished with (decoded and delivered, or dropped) since
+// the unit's object was created; 0 for an empty slot.
+std::uint64_t GFDev_InputReportsHandled(std::uint32_t moduleType, std::int32_t unit);
+// Blocks until every running unit's output queue is empty and no report is being sent. False when
+// the time-out passed first.
+bool GFDev_WaitForOutputIdle(std::chrono::milliseconds timeout);
+
+}  // namespace drav

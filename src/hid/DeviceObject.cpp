@@ -1,0 +1,386 @@
+#include "hid/DeviceObject.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "hid/GFDev.h"
+#include "hid/ReportEncoders.h"
+
+namespace drav {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// How long the write thread sleeps on its wake-up count when nothing signals it.
+constexpr auto kWriteWait = 10ms;
+// A read that fails (the unit is gone, its removal not yet handled) is reissued after this pause
+// instead of at once, so that a vanished unit does not spin its read thread.
+constexpr auto kFailedReadPause = 5ms;
+// Older GF-MCPPro units need a moment after each feature report.
+constexpr auto kFeatureSettlePause = 1ms;
+constexpr int kDropAfterFailuresInRow = 3;
+
+bool SendAsFeature(HidDeviceHandle* handle, const QueuedReport& report) {
+  return handle != nullptr && handle->SetFeatureReport(report.bytes.data(), report.length);
+}
+
+bool SendAsOutput(HidDeviceHandle* handle, const QueuedReport& report) {
+  return handle != nullptr && handle->WriteOutputReport(report.bytes.data(), report.length);
+}
+
+bool SendByKind(HidDeviceHandle* handle, const QueuedReport& report) {
+  return report.kind == ReportKind::Output ? SendAsOutput(handle, report) : SendAsFeature(handle, report);
+}
+
+// The 8-byte output report of newer GF-MCPPro units: the queued bytes, then 0xDD padding.
+bool SendPaddedOutput(HidDeviceHandle* handle, QueuedReport report) {
+  report.length = PadGFMCPProOutputReport(report.bytes, report.length);
+  return report.length != 0 && SendAsOutput(handle, report);
+}
+
+}  // namespace
+
+std::optional<std::string> NormaliseDevicePath(std::string_view path) {
+  if (path.empty() || path.size() > kMaxDevicePathLength) return std::nullopt;
+  std::string upper(path);
+  for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return upper;
+}
+
+DeviceObject::DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, std::string_view path)
+    : class_(deviceClass),
+      backend_(backend),
+      openPath_(path),
+      path_(NormaliseDevicePath(path).value_or(std::string(path.substr(0, kMaxDevicePathLength)))),
+      queue_(deviceClass.queueCapacity) {}
+
+DeviceObject::~DeviceObject() { Close(); }
+
+// ---- lifecycle ------------------------------------------------------------------------------------
+
+void DeviceObject::Open() {
+  std::unique_ptr<HidDeviceHandle> handle = backend_.Open(openPath_);
+  if (handle != nullptr) {
+    deviceInfoRead_ = ReadDeviceInfo(*handle);
+    if (class_.readsSerialNumber) {
+      serial_ = handle->GetSerialNumber();
+      if (serial_.size() > kMaxSerialNumberLength) serial_.resize(kMaxSerialNumberLength);
+    }
+  }
+  deviceHandle_ = std::move(handle);
+  if (class_.openedAfterEntry) {
+    // These units run first and then read their state and set their lights.
+    Start();
+    ReadInitialState();
+    SendAfterOpenOutputs();
+  } else {
+    ReadInitialState();
+    Start();
+    SendAfterOpenOutputs();
+  }
+}
+
+void DeviceObject::Close() {
+  Stop();
+  deviceHandle_.reset();
+  queue_.Clear();
+}
+
+void DeviceObject::Start() {
+  if (Running()) Stop();
+  stop_.store(false);
+  if (deviceHandle_ == nullptr) deviceHandle_ = backend_.Open(openPath_);
+  // A unit that could not be read at open (it was failing then) is read now that it answers.
+  if (deviceHandle_ != nullptr && !deviceInfoRead_) deviceInfoRead_ = ReadDeviceInfo(*deviceHandle_);
+  {
+    std::lock_guard<std::mutex> lock(threadMutex_);
+    writeSignals_ = 0;
+    sending_ = false;
+    writerRunning_ = class_.writeStrategy != WriteStrategy::None;
+  }
+  readThread_ = std::thread(&DeviceObject::ReadLoop, this);
+  if (class_.writeStrategy != WriteStrategy::None) writeThread_ = std::thread(&DeviceObject::WriteLoop, this);
+}
+
+void DeviceObject::Stop() {
+  stop_.store(true);
+  if (deviceHandle_ != nullptr) deviceHandle_->CancelRead();
+  {
+    // Taking the lock orders the flag before a thread's check-then-wait.
+    std::lock_guard<std::mutex> lock(threadMutex_);
+  }
+  readWake_.notify_all();
+  writeWake_.notify_all();
+  if (readThread_.joinable()) readThread_.join();
+  if (writeThread_.joinable()) writeThread_.join();
+  deviceHandle_.reset();
+  {
+    std::lock_guard<std::mutex> lock(threadMutex_);
+    writerRunning_ = false;
+    sending_ = false;
+  }
+  outputIdle_.notify_all();
+}
+
+bool DeviceObject::ReadDeviceInfo(HidDeviceHandle& handle) {
+  HidAttributes attributes;
+  HidCapabilities capabilities;
+  if (!handle.GetCapabilities(&capabilities) || !handle.GetAttributes(&attributes)) return false;
+  attributes_ = attributes;
+  capabilities_ = capabilities;
+  inputBuffer_.assign(capabilities.inputReportLength, 0);
+  return true;
+}
+
+void DeviceObject::ReadInitialState() {
+  if (class_.decodeInitialState == nullptr || class_.initialQuery.reportId == 0) return;
+  const std::size_t length =
+      class_.initialQuery.length != 0 ? class_.initialQuery.length : capabilities_.featureReportLength;
+  if (length == 0) return;
+  std::vector<std::uint8_t> buffer(length, 0);
+  buffer[0] = class_.initialQuery.reportId;
+  if (!ReadFeature(buffer.data(), buffer.size())) return;  // the state stays at zero
+
+  LastInputState record;
+  InputDecode result;
+  {
+    std::lock_guard<std::mutex> lock(stateMutex_);
+    result = class_.decodeInitialState(buffer.data(), buffer.size(), state_);
+    record = state_;
+  }
+  // Only the GF-SECM delivers its open-time state, with the unit number it has at that moment.
+  if (result == InputDecode::Deliver) {
+    GFDev_DeliverInput(class_.moduleType, static_cast<std::uint16_t>(unit_.load()), record.bytes.data());
+  }
+}
+
+void DeviceObject::SendAfterOpenOutputs() {
+  switch (class_.afterOpen) {
+    case AfterOpen::Nothing:
+      return;
+    case AfterOpen::WCPLightsOff:
+      SetWCPBrightness(kGFWCPInitialBrightness);
+      for (std::uint8_t indicator = 1; indicator <= kGFWCPIndicatorCount; ++indicator) SetWCPColour(indicator, 0);
+      return;
+    case AfterOpen::DIOOutputsOff:
+      SetDIOOutputs({0, 0, 0, 0});
+      return;
+  }
+}
+
+// ---- output -----------------------------------------------------------------------------------
+
+bool DeviceObject::Enqueue(std::span<const std::uint8_t> report, ReportKind kind) {
+  if (class_.writeStrategy == WriteStrategy::None) return false;
+  if (!queue_.Append(report, kind)) return false;
+  {
+    std::lock_guard<std::mutex> lock(threadMutex_);
+    if (writeSignals_ < queue_.Capacity()) ++writeSignals_;
+  }
+  writeWake_.notify_one();
+  return true;
+}
+
+bool DeviceObject::ReadFeature(std::uint8_t* buffer, std::size_t length) {
+  return deviceHandle_ != nullptr && buffer != nullptr && length != 0 &&
+         deviceHandle_->GetFeatureReport(buffer, length);
+}
+
+bool DeviceObject::WaitForOutputIdle(std::chrono::steady_clock::time_point deadline) {
+  std::unique_lock<std::mutex> lock(threadMutex_);
+  return outputIdle_.wait_until(lock, deadline,
+                                [&] { return !writerRunning_ || (!sending_ && queue_.Count() == 0); });
+}
+
+void DeviceObject::SetWCPBrightness(std::uint16_t value) {
+  outputs_.wcpBrightness = value;
+  for (std::uint8_t indicator = 1; indicator <= kGFWCPIndicatorCount; ++indicator) {
+    std::array<std::uint8_t, kMaxFixedReportLength> report{};
+    const std::size_t length = EncodeGFWCPColour(report, indicator, outputs_.wcpColours[indicator - 1], value);
+    if (length != 0) Enqueue({report.data(), length}, ReportKind::Output);
+  }
+}
+
+std::int32_t DeviceObject::SetWCPColour(std::uint8_t indicator, std::uint8_t colour) {
+  if (!IsGFWCPIndicator(indicator)) return kGFDevBadArgument;
+  std::array<std::uint8_t, kMaxFixedReportLength> report{};
+  const std::size_t length = EncodeGFWCPColour(report, indicator, colour, outputs_.wcpBrightness);
+  if (length == 0) return kGFDevDone;  // no such colour: nothing sent, nothing kept
+  outputs_.wcpColours[indicator - 1] = colour;
+  Enqueue({report.data(), length}, ReportKind::Output);
+  return kGFDevDone;
+}
+
+std::int32_t DeviceObject::SetDIOOutputs(const std::array<std::uint8_t, 4>& outputs) {
+  std::array<std::uint8_t, kMaxQueuedReportLength> report{};
+  const std::size_t length = EncodeGFDIOOutputs(report, capabilities_.outputReportLength, outputs);
+  if (length == 0) return kGFDevNoMemory;
+  Enqueue({report.data(), length}, ReportKind::Output);
+  outputs_.dioOutputs = outputs;
+  return kGFDevDone;
+}
+
+// ---- read thread ------------------------------------------------------------------------------
+
+void DeviceObject::ReadLoop() {
+  // A unit whose report length is unknown has no buffer to read into: its thread has nothing to do.
+  if (deviceHandle_ == nullptr || inputBuffer_.empty()) return;
+  HidDeviceHandle& handle = *deviceHandle_;
+  while (!stop_.load()) {
+    const int length = handle.ReadInputReport(inputBuffer_.data(), inputBuffer_.size());
+    if (length > 0) {
+      const std::size_t bytes = std::min(static_cast<std::size_t>(length), inputBuffer_.size());
+      if (!stop_.load()) ProcessInputReport(inputBuffer_.data(), bytes);
+      inputReportsHandled_.fetch_add(1);
+    } else if (length < 0) {
+      PauseReading(kFailedReadPause);
+    }
+    if (class_.readPause.count() > 0) PauseReading(class_.readPause);
+  }
+}
+
+void DeviceObject::PauseReading(std::chrono::milliseconds pause) {
+  std::unique_lock<std::mutex> lock(threadMutex_);
+  readWake_.wait_for(lock, pause, [&] { return stop_.load(); });
+}
+
+void DeviceObject::ProcessInputReport(const std::uint8_t* report, std::size_t length) {
+  LastInputState record;
+  InputDecode result;
+  {
+    std::lock_guard<std::mutex> lock(stateMutex_);
+    result = class_.decodeInput(report, length, state_);
+    record = state_;
+  }
+  // The callback gets a copy, so that a getter clearing the state cannot change it underneath.
+  if (result == InputDecode::Deliver) {
+    GFDev_DeliverInput(class_.moduleType, static_cast<std::uint16_t>(unit_.load()), record.bytes.data());
+  }
+}
+
+// ---- write thread -----------------------------------------------------------------------------
+
+bool DeviceObject::UsesOwnHandle() const { return class_.writeStrategy != WriteStrategy::FeatureDrop; }
+
+bool DeviceObject::SendsOutputByVersion() const { return GFMCPProTakesOutputReports(attributes_.version); }
+
+void DeviceObject::WriteLoop() {
+  std::unique_ptr<HidDeviceHandle> own;
+  int failuresInRow = 0;
+  while (!stop_.load()) {
+    WaitForWriteSignal();
+    if (UsesOwnHandle() && own == nullptr) own = backend_.Open(openPath_);
+    std::optional<QueuedReport> report = TakeForSending();
+    if (report) SendRunning(*report, own, failuresInRow);
+  }
+  Flush(own);
+  own.reset();
+  {
+    std::lock_guard<std::mutex> lock(threadMutex_);
+    writerRunning_ = false;
+    sending_ = false;
+  }
+  outputIdle_.notify_all();
+}
+
+void DeviceObject::WaitForWriteSignal() {
+  std::unique_lock<std::mutex> lock(threadMutex_);
+  writeWake_.wait_for(lock, kWriteWait, [&] { return writeSignals_ > 0 || stop_.load(); });
+  if (writeSignals_ > 0) --writeSignals_;
+}
+
+std::optional<QueuedReport> DeviceObject::TakeForSending() {
+  std::lock_guard<std::mutex> lock(threadMutex_);
+  std::optional<QueuedReport> report = queue_.TakeFront();
+  sending_ = report.has_value();
+  return report;
+}
+
+void DeviceObject::FinishSending(const QueuedReport* pushBack) {
+  bool idle = false;
+  {
+    std::lock_guard<std::mutex> lock(threadMutex_);
+    if (pushBack != nullptr) queue_.PushFront(*pushBack);
+    sending_ = false;
+    idle = queue_.Count() == 0;
+  }
+  if (idle) outputIdle_.notify_all();
+}
+
+void DeviceObject::SendRunning(QueuedReport& report, std::unique_ptr<HidDeviceHandle>& own, int& failuresInRow) {
+  bool sent = false;
+  bool retry = true;  // a failed report goes back to the head of the queue
+  switch (class_.writeStrategy) {
+    case WriteStrategy::None:
+      break;
+    case WriteStrategy::FeatureDrop:
+      sent = SendAsFeature(deviceHandle_.get(), report);
+      retry = false;
+      break;
+    case WriteStrategy::FeatureRetry:
+      sent = SendAsFeature(own.get(), report);
+      break;
+    case WriteStrategy::FeatureRetryThrice:
+      sent = SendAsFeature(own.get(), report);
+      failuresInRow = sent ? 0 : failuresInRow + 1;
+      retry = failuresInRow < kDropAfterFailuresInRow;
+      break;
+    case WriteStrategy::OutputRetry:
+      sent = SendAsOutput(own.get(), report);
+      break;
+    case WriteStrategy::ByDeviceVersion:
+      if (SendsOutputByVersion()) {
+        sent = SendPaddedOutput(own.get(), report);
+        retry = false;
+      } else {
+        sent = SendAsFeature(own.get(), report);
+        if (sent) std::this_thread::sleep_for(kFeatureSettlePause);
+      }
+      break;
+    case WriteStrategy::ByReportKind:
+      sent = SendByKind(own.get(), report);
+      break;
+  }
+  if (!sent && retry) {
+    own.reset();  // reopened at the next pass
+    FinishSending(&report);
+    return;
+  }
+  if (!sent && class_.writeStrategy == WriteStrategy::FeatureRetryThrice) own.reset();
+  FinishSending(nullptr);
+}
+
+// Each report still queued is sent once and dropped whatever the result: the unit may be gone, and
+// Stop waits for this thread without a time limit.
+void DeviceObject::Flush(std::unique_ptr<HidDeviceHandle>& own) {
+  if (queue_.Count() == 0) return;
+  if (UsesOwnHandle() && own == nullptr) own = backend_.Open(openPath_);
+  while (std::optional<QueuedReport> report = TakeForSending()) {
+    switch (class_.writeStrategy) {
+      case WriteStrategy::None:
+        break;
+      case WriteStrategy::FeatureDrop:
+      case WriteStrategy::FeatureRetry:
+      case WriteStrategy::FeatureRetryThrice:
+        SendAsFeature(deviceHandle_.get(), *report);
+        break;
+      case WriteStrategy::OutputRetry:
+        SendAsOutput(own.get(), *report);
+        break;
+      case WriteStrategy::ByDeviceVersion:
+        if (SendsOutputByVersion()) {
+          SendPaddedOutput(own.get(), *report);
+        } else {
+          SendAsFeature(deviceHandle_.get(), *report);
+        }
+        break;
+      case WriteStrategy::ByReportKind:
+        SendByKind(own.get(), *report);
+        break;
+    }
+    FinishSending(nullptr);
+  }
+}
+
+}  // namespace drav

@@ -1,0 +1,24 @@
+// The process-wide backend. The platform's own is made only when first asked for, so a test or
+// dravsim that installs the virtual one never touches the machine's HID devices.
+#include "hid/backend/HidBackend.h"
+
+namespace drav {
+
+namespace {
+
+std::unique_ptr<HidBackend>& BackendSlot() {
+  static std::unique_ptr<HidBackend> backend;
+  return backend;
+}
+
+}  // namespace
+
+HidBackend& ActiveHidBackend() {
+  std::unique_ptr<HidBackend>& backend = BackendSlot();
+  if (!backend) backend = MakePlatformHidBackend();
+  return *backend;
+}
+
+void InstallHidBackend(std::unique_ptr<HidBackend> backend) { BackendSlot() = std::move(backend); }
+
+}  // namespace drav

@@ -1,0 +1,388 @@
+// The device object on virtual units: write strategies, stopping, the state read at open, decoding.
+// A counting wrapper around the virtual backend tells how often a report was tried, so the retry
+// rules are checked by counting attempts rather than by timing.
+#include "hid/DeviceObject.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <memory>
+
+#include "VirtualPanels.h"
+#include "hid/DeviceClasses.h"
+
+namespace drav {
+namespace {
+
+using testing::CallbackRecorder;
+using testing::SpecOf;
+using testing::WaitUntil;
+using Bytes = std::vector<std::uint8_t>;
+
+// Counts the write attempts of every handle it opens, failed ones included.
+class CountingBackend : public HidBackend {
+ public:
+  explicit CountingBackend(HidBackend& inner) : inner_(inner) {}
+  std::vector<std::string> EnumerateDevicePaths() override { return inner_.EnumerateDevicePaths(); }
+  std::unique_ptr<HidDeviceHandle> Open(const std::string& path) override {
+    std::unique_ptr<HidDeviceHandle> handle = inner_.Open(path);
+    if (handle == nullptr) return nullptr;
+    return std::make_unique<Handle>(std::move(handle), attempts_);
+  }
+  void StartNotifications() override {}
+  void StopNotifications() override {}
+  void TakeDeviceChanges(std::vector<HidDeviceChange>&) override {}
+  int Attempts() const { return attempts_.load(); }
+
+ private:
+  class Handle : public HidDeviceHandle {
+   public:
+    Handle(std::unique_ptr<HidDeviceHandle> inner, std::atomic<int>& attempts)
+        : inner_(std::move(inner)), attempts_(attempts) {}
+    bool GetAttributes(HidAttributes* out) override { return inner_->GetAttributes(out); }
+    bool GetCapabilities(HidCapabilities* out) override { return inner_->GetCapabilities(out); }
+    std::string GetSerialNumber() override { return inner_->GetSerialNumber(); }
+    int ReadInputReport(std::uint8_t* buffer, std::size_t capacity) override {
+      return inner_->ReadInputReport(buffer, capacity);
+    }
+    void CancelRead() override { inner_->CancelRead(); }
+    bool GetFeatureReport(std::uint8_t* buffer, std::size_t length) override {
+      return inner_->GetFeatureReport(buffer, length);
+    }
+    bool SetFeatureReport(const std::uint8_t* data, std::size_t length) override {
+      ++attempts_;
+      return inner_->SetFeatureReport(data, length);
+    }
+    bool WriteOutputReport(const std::uint8_t* data, std::size_t length) override {
+      ++attempts_;
+      return inner_->WriteOutputReport(data, length);
+    }
+
+   private:
+    std::unique_ptr<HidDeviceHandle> inner_;
+    std::atomic<int>& attempts_;
+  };
+
+  HidBackend& inner_;
+  std::atomic<int> attempts_{0};
+};
+
+class DeviceObjectTest : public ::testing::Test {
+ protected:
+  void SetUp() override { CallbackRecorder::Instance().Clear(); }
+  void TearDown() override { GFDev_Stop(); }
+
+  // An object of the model's class on a freshly plugged unit (not opened yet).
+  std::unique_ptr<DeviceObject> Make(std::uint32_t moduleType, std::uint16_t version = 0x0100,
+                                     std::string serial = {}) {
+    EXPECT_TRUE(panels_.Plug(path_, SpecOf(moduleType, version, std::move(serial))));
+    return std::make_unique<DeviceObject>(*FindDeviceClass(moduleType), counting_, path_);
+  }
+  void Queue(DeviceObject& object, Bytes report, ReportKind kind = ReportKind::Feature) {
+    ASSERT_TRUE(object.Enqueue(report, kind));
+  }
+  bool Idle(DeviceObject& object) {
+    return object.WaitForOutputIdle(std::chrono::steady_clock::now() + std::chrono::seconds(2));
+  }
+  std::vector<VirtualSentReport> Sent() { return panels_.Sent(path_); }
+  Bytes SentBytes(std::size_t i) {
+    auto sent = Sent();
+    return i < sent.size() ? sent[i].bytes : Bytes{};
+  }
+  void Fail(VirtualFault fault, bool on) { panels_.SetFault(path_, fault, on); }
+
+  VirtualHidBackend panels_;
+  CountingBackend counting_{panels_};
+  const std::string path_ = "/dev/virtual/unit0";
+};
+
+// ---- the queue and the strategy that drops ----------------------------------------------------------
+
+TEST_F(DeviceObjectTest, TwentySixthReportOfABlockedWriterIsDroppedAndTheRestSentInOrder) {
+  auto object = Make(2);  // GF-P8: not started, so its writer cannot take anything yet
+  for (std::uint8_t i = 0; i < 25; ++i) Queue(*object, {2, i});
+  EXPECT_FALSE(object->Enqueue(Bytes{2, 25}));
+  object->Open();
+  ASSERT_TRUE(Idle(*object));
+  auto sent = Sent();
+  ASSERT_EQ(sent.size(), 25u);
+  for (std::uint8_t i = 0; i < 25; ++i) {
+    EXPECT_EQ(sent[i].bytes, (Bytes{2, i}));
+    EXPECT_EQ(sent[i].kind, VirtualSentReport::Kind::Feature);
+  }
+}
+
+TEST_F(DeviceObjectTest, FeatureDropStrategyLosesAFailedReportAndGoesOn) {
+  auto object = Make(2);  // GF-P8
+  object->Open();
+  Fail(VirtualFault::Write, true);
+  Queue(*object, {2, 0x11});
+  ASSERT_TRUE(Idle(*object));
+  EXPECT_EQ(counting_.Attempts(), 1);
+  Fail(VirtualFault::Write, false);
+  Queue(*object, {2, 0x22});
+  ASSERT_TRUE(Idle(*object));
+  ASSERT_EQ(Sent().size(), 1u);
+  EXPECT_EQ(SentBytes(0), (Bytes{2, 0x22}));
+}
+
+// ---- retrying strategies ----------------------------------------------------------------------------
+
+TEST_F(DeviceObjectTest, FeatureRetryResendsTheFailedReportFirstOnAFreshHandle) {
+  auto object = Make(8);  // GF-46
+  object->Open();
+  Fail(VirtualFault::Write, true);
+  Queue(*object, {6, 1});
+  Queue(*object, {6, 2});
+  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 4; }));
+  EXPECT_TRUE(Sent().empty());  // tried again and again, nothing given up (both are sent below)
+  Fail(VirtualFault::Write, false);
+  ASSERT_TRUE(Idle(*object));
+  ASSERT_EQ(Sent().size(), 2u);
+  EXPECT_EQ(SentBytes(0), (Bytes{6, 1}));
+  EXPECT_EQ(SentBytes(1), (Bytes{6, 2}));
+}
+
+TEST_F(DeviceObjectTest, FeatureRetryThriceDropsAfterThreeFailuresInARowUntilASendSucceeds) {
+  auto object = Make(5);  // GF-166
+  object->Open();
+  Fail(VirtualFault::Write, true);
+  Queue(*object, {7, 1});
+  ASSERT_TRUE(Idle(*object));
+  EXPECT_EQ(counting_.Attempts(), 3);
+  Queue(*object, {7, 2});  // still failing: dropped at its first failure
+  ASSERT_TRUE(Idle(*object));
+  EXPECT_EQ(counting_.Attempts(), 4);
+
+  Fail(VirtualFault::Write, false);
+  Queue(*object, {7, 3});
+  ASSERT_TRUE(Idle(*object));
+  EXPECT_EQ(counting_.Attempts(), 5);
+
+  Fail(VirtualFault::Write, true);  // the success reset the count: three tries again
+  Queue(*object, {7, 4});
+  ASSERT_TRUE(Idle(*object));
+  EXPECT_EQ(counting_.Attempts(), 8);
+  ASSERT_EQ(Sent().size(), 1u);
+  EXPECT_EQ(SentBytes(0), (Bytes{7, 3}));
+}
+
+TEST_F(DeviceObjectTest, OutputRetrySendsOutputReportsAndKeepsAFailedOne) {
+  auto object = Make(15);  // GF-FMC
+  object->Open();
+  Fail(VirtualFault::Write, true);
+  Queue(*object, {1, 0xAB});
+  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 2; }));
+  Fail(VirtualFault::Write, false);
+  ASSERT_TRUE(Idle(*object));
+  ASSERT_EQ(Sent().size(), 1u);
+  EXPECT_EQ(Sent()[0].kind, VirtualSentReport::Kind::Output);
+  EXPECT_EQ(SentBytes(0), (Bytes{1, 0xAB}));
+}
+
+TEST_F(DeviceObjectTest, ByVersionPadsNewUnitsToEightByteOutputReports) {
+  auto object = Make(12, 0x0200);  // GF-MCPPro, new firmware
+  object->Open();
+  Queue(*object, {14, 0x07});
+  ASSERT_TRUE(Idle(*object));
+  ASSERT_EQ(Sent().size(), 1u);
+  EXPECT_EQ(Sent()[0].kind, VirtualSentReport::Kind::Output);
+  EXPECT_EQ(SentBytes(0), (Bytes{14, 0x07, 0xDD, 0xDD, 0xDD, 0xDD, 0xDD, 0xDD}));
+
+  // A failed output report is not retried.
+  Fail(VirtualFault::Write, true);
+  const int before = counting_.Attempts();
+  Queue(*object, {14, 0x08});
+  ASSERT_TRUE(Idle(*object));
+  EXPECT_EQ(counting_.Attempts(), before + 1);
+}
+
+TEST_F(DeviceObjectTest, ByVersionSendsFeatureReportsToOlderUnitsAndRetriesThem) {
+  auto object = Make(12, 0x01FF);
+  object->Open();
+  Fail(VirtualFault::Write, true);
+  Queue(*object, {3, 0x3F, 0x06, 0x5B});
+  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 2; }));
+  Fail(VirtualFault::Write, false);
+  ASSERT_TRUE(Idle(*object));
+  ASSERT_EQ(Sent().size(), 1u);
+  EXPECT_EQ(Sent()[0].kind, VirtualSentReport::Kind::Feature);
+  EXPECT_EQ(SentBytes(0), (Bytes{3, 0x3F, 0x06, 0x5B}));
+}
+
+TEST_F(DeviceObjectTest, ByKindSendsEachReportAsItWasQueuedAndRetriesFailures) {
+  auto object = Make(19);  // GF-DIO class, started without its after-open outputs
+  object->Start();
+  Queue(*object, {2, 1, 2, 3, 4, 0, 0, 0}, ReportKind::Output);
+  Queue(*object, {4, 9}, ReportKind::Feature);
+  ASSERT_TRUE(Idle(*object));
+  auto sent = Sent();
+  ASSERT_EQ(sent.size(), 2u);
+  EXPECT_EQ(sent[0].kind, VirtualSentReport::Kind::Output);
+  EXPECT_EQ(sent[1].kind, VirtualSentReport::Kind::Feature);
+  EXPECT_EQ(sent[1].bytes, (Bytes{4, 9}));
+
+  Fail(VirtualFault::Write, true);
+  Queue(*object, {2, 5, 0, 0, 0, 0, 0, 0}, ReportKind::Output);
+  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 4; }));
+  EXPECT_EQ(Sent().size(), 2u);
+  Fail(VirtualFault::Write, false);
+  ASSERT_TRUE(Idle(*object));
+  EXPECT_EQ(Sent().size(), 3u);
+}
+
+// ---- stopping ------------------------------------------------------------------------------------------
+
+TEST_F(DeviceObjectTest, StopWakesAPendingReadAndASecondStopIsHarmless) {
+  auto object = Make(8);
+  object->Open();
+  EXPECT_TRUE(object->Running());
+  object->Stop();  // the read thread is blocked waiting for input
+  EXPECT_FALSE(object->Running());
+  object->Stop();
+  EXPECT_FALSE(object->Running());
+  EXPECT_EQ(object->ReadFeature(Bytes{6, 0}.data(), 2), false);  // the handle is closed
+}
+
+TEST_F(DeviceObjectTest, StopFlushesEachQueuedReportOnceEvenWhenTheUnitIsGone) {
+  auto object = Make(8);  // GF-46, retrying
+  object->Open();
+  Fail(VirtualFault::Write, true);
+  Queue(*object, {3, 1});
+  Queue(*object, {3, 2});
+  Queue(*object, {3, 3});
+  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 2; }));
+  ASSERT_TRUE(panels_.Unplug(path_));
+  const int before = counting_.Attempts();
+  object->Stop();  // must not wait for the vanished unit
+  EXPECT_EQ(object->QueuedReports(), 0u);
+  EXPECT_LE(counting_.Attempts() - before, 3);  // once each at most (the handles may be gone)
+
+  // Back again, it starts with an empty queue.
+  Fail(VirtualFault::Write, false);
+  ASSERT_TRUE(panels_.Replug(path_));
+  object->Start();
+  ASSERT_TRUE(Idle(*object));
+  EXPECT_TRUE(Sent().empty());
+}
+
+TEST_F(DeviceObjectTest, FlushSendsWhatIsLeftWhileTheUnitIsThere) {
+  auto object = Make(8);
+  object->Open();
+  Fail(VirtualFault::Write, true);
+  Queue(*object, {3, 1});
+  Queue(*object, {3, 2});
+  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 1; }));
+  Fail(VirtualFault::Write, false);
+  object->Stop();
+  auto sent = Sent();
+  ASSERT_EQ(sent.size(), 2u);  // each exactly once, in order
+  EXPECT_EQ(sent[0].bytes, (Bytes{3, 1}));
+  EXPECT_EQ(sent[1].bytes, (Bytes{3, 2}));
+}
+
+TEST_F(DeviceObjectTest, UnitThatCannotBeOpenedStillMakesAnObjectThatReadsNothing) {
+  auto object = Make(2);
+  Fail(VirtualFault::Open, true);
+  object->Open();
+  EXPECT_EQ(object->Attributes().version, 0);
+  EXPECT_EQ(object->State<GFP8InputRecord>().switches, 0);
+  object->Stop();
+  Fail(VirtualFault::Open, false);
+  object->Start();  // a restart of a unit that answers now reads its report length then
+  EXPECT_EQ(object->Attributes().version, 0x0100);
+  const std::uint64_t before = object->InputReportsHandled();
+  ASSERT_TRUE(panels_.SendInput(path_, {0, 0x42}));
+  ASSERT_TRUE(WaitUntil([&] { return object->InputReportsHandled() > before; }));
+  EXPECT_EQ(object->State<GFP8InputRecord>().switches, 0x42);
+}
+
+// ---- the state read at open and input decoding ---------------------------------------------------------
+
+TEST_F(DeviceObjectTest, InitialStateIsReadFromTheModelsFeatureReport) {
+  auto mcp = Make(6);  // GF-MCP: report 14, values taken unsigned
+  panels_.SetFeatureAnswer(path_, 14, {14, 200, 1, 2, 3, 4, 0x81, 0x42});
+  mcp->Open();
+  const GFMCPInputRecord state = mcp->State<GFMCPInputRecord>();
+  EXPECT_EQ(state.encoders[0], 200);
+  EXPECT_EQ(state.encoders[4], 4);
+  EXPECT_EQ(state.buttons1, 0x81);
+  EXPECT_EQ(state.buttons2, 0x42);
+  EXPECT_EQ(CallbackRecorder::Instance().Count(), 0u);  // no callback for the open-time read
+}
+
+TEST_F(DeviceObjectTest, FailedInitialReadLeavesTheStateAtZero) {
+  auto p8 = Make(2);
+  panels_.SetFeatureAnswer(path_, 4, {4, 0xFF});
+  Fail(VirtualFault::Feature, true);
+  p8->Open();
+  EXPECT_EQ(p8->State<GFP8InputRecord>().switches, 0);
+}
+
+TEST_F(DeviceObjectTest, SecmDeliversItsOpenTimeStateWithTheUnassignedUnitNumber) {
+  GFDev_RegisterInputCallback(&CallbackRecorder::Callback);
+  auto secm = Make(14);
+  panels_.SetFeatureAnswer(path_, 2, {2, 0x40, 0x00, 0x00});
+  secm->Open();
+  auto records = CallbackRecorder::Instance().Records();
+  ASSERT_EQ(records.size(), 1u);
+  EXPECT_EQ(records[0].moduleType, 14u);
+  EXPECT_EQ(records[0].unit, static_cast<std::uint16_t>(-99));
+  EXPECT_EQ(records[0].bytes[0], 1);  // rotary position 1
+}
+
+TEST_F(DeviceObjectTest, SerialNumberOnlyForTheModelsThatAskAndEmptyWhenItFails) {
+  auto gf166 = Make(5, 0x0100, "SN-0042");
+  gf166->Open();
+  EXPECT_EQ(gf166->SerialNumber(), "SN-0042");
+  gf166.reset();
+  ASSERT_TRUE(panels_.Unplug(path_));
+
+  const std::string other = "/dev/virtual/unit1";
+  ASSERT_TRUE(panels_.Plug(other, SpecOf(2, 0x0100, "P8-SERIAL")));
+  DeviceObject p8(*FindDeviceClass(2), counting_, other);
+  p8.Open();
+  EXPECT_EQ(p8.SerialNumber(), "");
+
+  const std::string longSerial(40, 'X');
+  const std::string third = "/dev/virtual/unit2";
+  ASSERT_TRUE(panels_.Plug(third, SpecOf(15, 0x0100, longSerial)));
+  DeviceObject fmc(*FindDeviceClass(15), counting_, third);
+  fmc.Open();
+  EXPECT_EQ(fmc.SerialNumber(), std::string(kMaxSerialNumberLength, 'X'));
+}
+
+TEST_F(DeviceObjectTest, InputIsDecodedKeptAndDeliveredWithTheUnitNumber) {
+  GFDev_RegisterInputCallback(&CallbackRecorder::Callback);
+  auto gf46 = Make(8);
+  gf46->Open();
+  gf46->SetUnit(3);
+  ASSERT_TRUE(panels_.SendInput(path_, {0, 0x05, 0xFF, 0x81}));
+  ASSERT_TRUE(WaitUntil([&] { return gf46->InputReportsHandled() == 1; }));
+  const GF46InputRecord state = gf46->State<GF46InputRecord>();
+  EXPECT_EQ(state.encoder1, 5);
+  EXPECT_EQ(state.encoder2, -1);
+  EXPECT_EQ(state.buttons, 0x81);
+  auto records = CallbackRecorder::Instance().Records();
+  ASSERT_EQ(records.size(), 1u);
+  EXPECT_EQ(records[0].moduleType, 8u);
+  EXPECT_EQ(records[0].unit, 3);
+  GF46InputRecord delivered;
+  std::memcpy(&delivered, records[0].bytes.data(), sizeof delivered);
+  EXPECT_EQ(delivered.encoder2, -1);
+}
+
+TEST_F(DeviceObjectTest, PathIsUpperCasedAndBounded) {
+  EXPECT_EQ(NormaliseDevicePath("/dev/hidraw3"), std::optional<std::string>("/DEV/HIDRAW3"));
+  EXPECT_EQ(NormaliseDevicePath(std::string(kMaxDevicePathLength, 'a')),
+            std::optional<std::string>(std::string(kMaxDevicePathLength, 'A')));
+  EXPECT_FALSE(NormaliseDevicePath(std::string(kMaxDevicePathLength + 1, 'a')).has_value());
+  EXPECT_FALSE(NormaliseDevicePath("").has_value());
+  auto object = Make(2);
+  EXPECT_EQ(object->Path(), "/DEV/VIRTUAL/UNIT0");
+  object->Open();  // and still opens the device by the path it was given
+  EXPECT_EQ(object->Attributes().productId, 0x0020);
+}
+
+}  // namespace
+}  // namespace drav

@@ -1,0 +1,67 @@
+#include "hid/ReportQueue.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace drav {
+namespace {
+
+std::vector<std::uint8_t> Report(std::uint8_t id, std::uint8_t value) { return {id, value}; }
+
+std::vector<std::uint8_t> Taken(ReportQueue& queue) {
+  std::optional<QueuedReport> report = queue.TakeFront();
+  if (!report) return {};
+  return {report->bytes.begin(), report->bytes.begin() + static_cast<std::ptrdiff_t>(report->length)};
+}
+
+TEST(ReportQueueTest, FullQueueDropsTheNewestAndKeepsTheOrder) {
+  ReportQueue queue(25);
+  for (int i = 0; i < 25; ++i) EXPECT_TRUE(queue.Append(Report(2, static_cast<std::uint8_t>(i)), ReportKind::Feature));
+  EXPECT_FALSE(queue.Append(Report(2, 99), ReportKind::Feature));  // the 26th
+  EXPECT_EQ(queue.Count(), 25u);
+  for (int i = 0; i < 25; ++i) EXPECT_EQ(Taken(queue), Report(2, static_cast<std::uint8_t>(i)));
+  EXPECT_FALSE(queue.TakeFront().has_value());
+  // Room again once reports were taken, and the ring wraps without losing its order.
+  for (int i = 0; i < 25; ++i) EXPECT_TRUE(queue.Append(Report(3, static_cast<std::uint8_t>(i)), ReportKind::Output));
+  EXPECT_EQ(Taken(queue), Report(3, 0));
+  EXPECT_TRUE(queue.Append(Report(3, 25), ReportKind::Output));
+  for (int i = 1; i <= 25; ++i) EXPECT_EQ(Taken(queue), Report(3, static_cast<std::uint8_t>(i)));
+}
+
+TEST(ReportQueueTest, PushedBackReportComesFirstEvenWhenTheQueueFilledMeanwhile) {
+  ReportQueue queue(2);
+  queue.Append(Report(1, 1), ReportKind::Feature);
+  std::optional<QueuedReport> failed = queue.TakeFront();
+  ASSERT_TRUE(failed.has_value());
+  // While the write thread held the failed report, encoders filled the queue again.
+  EXPECT_TRUE(queue.Append(Report(1, 2), ReportKind::Feature));
+  EXPECT_TRUE(queue.Append(Report(1, 3), ReportKind::Output));
+  EXPECT_TRUE(queue.PushFront(*failed));
+  EXPECT_EQ(queue.Count(), 3u);
+  EXPECT_FALSE(queue.Append(Report(1, 4), ReportKind::Feature));
+  EXPECT_EQ(Taken(queue), Report(1, 1));
+  std::optional<QueuedReport> second = queue.TakeFront();
+  ASSERT_TRUE(second.has_value());
+  EXPECT_EQ(second->kind, ReportKind::Feature);
+  std::optional<QueuedReport> third = queue.TakeFront();
+  ASSERT_TRUE(third.has_value());
+  EXPECT_EQ(third->kind, ReportKind::Output);
+}
+
+TEST(ReportQueueTest, RefusesWhatNoSlotCanHoldAndClearsEverything) {
+  ReportQueue queue(4);
+  EXPECT_FALSE(queue.Append({}, ReportKind::Feature));
+  EXPECT_FALSE(queue.Append(std::vector<std::uint8_t>(kMaxQueuedReportLength + 1, 1), ReportKind::Output));
+  EXPECT_TRUE(queue.Append(std::vector<std::uint8_t>(kMaxQueuedReportLength, 7), ReportKind::Output));
+  EXPECT_TRUE(queue.Append(Report(1, 1), ReportKind::Feature));
+  queue.Clear();
+  EXPECT_EQ(queue.Count(), 0u);
+  EXPECT_FALSE(queue.TakeFront().has_value());
+
+  ReportQueue none(0);  // input-only units
+  EXPECT_FALSE(none.Append(Report(1, 1), ReportKind::Feature));
+}
+
+}  // namespace
+}  // namespace drav

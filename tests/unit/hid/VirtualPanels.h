@@ -1,0 +1,157 @@
+// Test support for the device layer: installs an in-memory backend, plugs virtual units of the
+// panel models with their report lengths, records what reaches the input callback, and waits for
+// the layer's threads without sleeping for a guessed time.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "hid/DeviceLayerControl.h"
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "hid/ModelTable.h"
+#include "hid/backend/VirtualHidBackend.h"
+
+namespace drav::testing {
+
+// Input report lengths of the virtual units, report id included; output and feature reports are 8
+// (9 for the feature reports of the GF-45 and GF-46, see SpecOf).
+inline std::uint16_t InputLengthOf(std::uint32_t moduleType) {
+  switch (moduleType) {
+    case 1: return 3;    // GF-45
+    case 8: return 4;    // GF-46
+    case 5: return 4;    // GF-166
+    case 2: case 3: case 18: return 2;  // GF-P8, GF-T8, GF-WCP
+    case 7: return 6;    // GF-RP48
+    case 4: return 3;    // GF-LGT
+    case 11: return 5;   // GF-LGT2
+    case 6: case 12: case 13: case 9: case 19: return 8;  // GF-MCP, MCPPro, EFIS, TQ6, DIO
+    case 14: return 4;   // GF-SECM
+    case 17: return 2;   // GF-MESM
+    case 10: return 3;   // GF-ATC
+    case 15: return 5;   // GF-FMC
+    default: return 8;
+  }
+}
+
+inline VirtualUnitSpec SpecOf(std::uint32_t moduleType, std::uint16_t version = 0x0100, std::string serial = {}) {
+  VirtualUnitSpec spec;
+  const PanelModel* model = FindPanelModel(moduleType);
+  spec.productId = model != nullptr ? model->productId : 0x0999;
+  spec.version = version;
+  spec.serial = std::move(serial);
+  // The sixteen-segment display report of the GF-45 and GF-46 is 9 bytes long.
+  const std::uint16_t featureLength = moduleType == 1 || moduleType == 8 ? 9 : 8;
+  spec.capabilities = HidCapabilities{InputLengthOf(moduleType), 8, featureLength};
+  return spec;
+}
+
+// Polls a condition the layer's threads make true; false when it did not happen in time.
+inline bool WaitUntil(const std::function<bool()>& done,
+                      std::chrono::milliseconds timeout = std::chrono::milliseconds(2000)) {
+  const auto deadline = std::chrono::steady_clock::now() + timeout;
+  while (!done()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  return true;
+}
+
+struct DeliveredRecord {
+  std::uint32_t moduleType;
+  std::uint16_t unit;
+  std::vector<std::uint8_t> bytes;  // the record's first 16 bytes (the largest record)
+};
+
+// Everything the input callback received. The callback is a plain function, so the recorder is
+// one per process; each fixture clears it.
+class CallbackRecorder {
+ public:
+  static CallbackRecorder& Instance() {
+    static CallbackRecorder recorder;
+    return recorder;
+  }
+  static int Callback(std::uint32_t moduleType, std::uint16_t unit, const void* record) {
+    Instance().Add(moduleType, unit, record);
+    return 0;
+  }
+  void Add(std::uint32_t moduleType, std::uint16_t unit, const void* record) {
+    DeliveredRecord entry{moduleType, unit, std::vector<std::uint8_t>(16)};
+    std::memcpy(entry.bytes.data(), record, entry.bytes.size());
+    std::lock_guard<std::mutex> lock(mutex_);
+    records_.push_back(std::move(entry));
+  }
+  std::vector<DeliveredRecord> Records() const {
+    std::lock_guard<std::mutex> lock(mutex_);
+    return records_;
+  }
+  std::size_t Count() const {
+    std::lock_guard<std::mutex> lock(mutex_);
+    return records_.size();
+  }
+  void Clear() {
+    std::lock_guard<std::mutex> lock(mutex_);
+    records_.clear();
+  }
+
+ private:
+  mutable std::mutex mutex_;
+  std::vector<DeliveredRecord> records_;
+};
+
+// Installs a fresh virtual backend; the layer is stopped and the platform's backend restored after.
+class VirtualPanelsTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    auto backend = std::make_unique<VirtualHidBackend>();
+    panels_ = backend.get();
+    InstallHidBackend(std::move(backend));
+    CallbackRecorder::Instance().Clear();
+  }
+  void TearDown() override {
+    GFDev_Stop();
+    InstallHidBackend(nullptr);
+  }
+
+  VirtualHidBackend& Panels() { return *panels_; }
+
+  std::string Plug(std::uint32_t moduleType, const std::string& path, std::uint16_t version = 0x0100,
+                   std::string serial = {}) {
+    EXPECT_TRUE(panels_->Plug(path, SpecOf(moduleType, version, std::move(serial))));
+    return path;
+  }
+  // Starts the layer with the recorder as its callback.
+  void StartLayer() {
+    GFDev_Start(nullptr);
+    GFDev_RegisterInputCallback(&CallbackRecorder::Callback);
+  }
+  // Sends one input report and waits until the unit's read thread has finished with it.
+  void SendInputAndWait(std::uint32_t moduleType, std::int32_t unit, const std::string& path,
+                        std::vector<std::uint8_t> report) {
+    const std::uint64_t before = GFDev_InputReportsHandled(moduleType, unit);
+    ASSERT_TRUE(panels_->SendInput(path, std::move(report)));
+    ASSERT_TRUE(WaitUntil([&] { return GFDev_InputReportsHandled(moduleType, unit) > before; }));
+  }
+  bool OutputIdle() { return GFDev_WaitForOutputIdle(std::chrono::milliseconds(2000)); }
+
+  static std::vector<std::vector<std::uint8_t>> AllBytes(const std::vector<VirtualSentReport>& sent) {
+    std::vector<std::vector<std::uint8_t>> out;
+    for (const VirtualSentReport& report : sent) out.push_back(report.bytes);
+    return out;
+  }
+
+ private:
+  VirtualHidBackend* panels_ = nullptr;
+};
+
+}  // namespace drav::testing
