@@ -1,22 +1,105 @@
 #include "config/Assignments.h"
 
+#include <cstdio>
+
+#include "config/IniFile.h"
+#include "modules/GF_Abstract_Module.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleTypes.h"
 
 namespace drav {
 
 namespace {
 
-using UnitLoader = void (*)(GF_Abstract_Module& module, std::uint32_t unit, bool registerUnit);
+ModuleManager* gAssignmentManager = nullptr;  // nullptr: the plug-in's own
+
+ModuleManager& Manager() { return gAssignmentManager != nullptr ? *gAssignmentManager : TheModuleManager(); }
+
+// One unit being loaded.
+struct UnitLoad {
+  GF_Abstract_Module& module;
+  std::uint32_t unit;
+  std::string section;
+  bool registerUnit;
+};
+
+void RegisterUnit(const UnitLoad& load) { load.module.Register(static_cast<std::uint16_t>(load.unit)); }
+
+// Every key of the group, in order, through AssignFunction.
+void AssignGroup(const UnitLoad& load, const AssignmentKeyGroup& group) {
+  const std::int32_t thisUnit = static_cast<std::int32_t>(load.unit);
+  for (int index = 0; index < KeyCount(group); ++index) {
+    const ResolvedAssignment assignment = ReadAssignment(load.section, group, index, thisUnit);
+    load.module.AssignFunction(KeyControl(group, index), assignment.functionId, assignment.target.unit,
+                               assignment.target.kind);
+  }
+}
+
+// The radios' Function1..Function8 go straight into the mode table (function ids only), then the
+// current mode is the first used one from where the unit was (it survives reloads).
+void LoadModes(const UnitLoad& load, GF_Abstract_AvionicDevice& radio) {
+  for (int mode = 0; mode < KeyCount(kRadioModeKeys) && mode < kModeCount; ++mode) {
+    const std::string key = KeyName(kRadioModeKeys, mode);
+    const std::string value = ReadAssignmentValue(load.section, key, KeyDefault(kRadioModeKeys, mode));
+    radio.modeFunction[mode] = ResolveFunctionId(value.c_str());
+  }
+  radio.SelectFunction(radio.ChooseCurrentMode());
+}
+
+// The table rows only name radio types, but a module of another class under such a type must not
+// be cast blindly.
+GF_Abstract_AvionicDevice* AsRadio(const UnitLoad& load) {
+  return dynamic_cast<GF_Abstract_AvionicDevice*>(&load.module);
+}
+
+// ---- per model: the order decides whether Register already sees the new bindings ----------------
+
+// GF-45, GF-46: the radio is registered first, then its modes are loaded.
+void LoadGF45Or46(const UnitLoad& load) {
+  RegisterUnit(load);
+  if (GF_Abstract_AvionicDevice* radio = AsRadio(load)) LoadModes(load, *radio);
+  load.module.SetDisplay();
+}
+
+void LoadGF166(const UnitLoad& load) {
+  RegisterUnit(load);
+  AssignGroup(load, kGF166ButtonKeys);
+  if (GF_Abstract_AvionicDevice* radio = AsRadio(load)) LoadModes(load, *radio);
+  load.module.SetDisplay();
+}
+
+// GF-P8 and GF-RP48 register before binding: their push buttons need no synchronisation.
+void LoadGFP8(const UnitLoad& load) {
+  RegisterUnit(load);
+  AssignGroup(load, kGFP8Keys);
+  load.module.SetDisplay();
+}
+
+// The GF-T8 binds first, so that Register's switch synchronisation runs the new functions.
+void LoadGFT8(const UnitLoad& load) {
+  AssignGroup(load, kGFP8Keys);
+  RegisterUnit(load);
+  load.module.SetDisplay();
+}
+
+void LoadGFRP48(const UnitLoad& load) {
+  RegisterUnit(load);
+  AssignGroup(load, kGFRP48Keys);
+  load.module.SetDisplay();
+}
+
+using UnitLoader = void (*)(const UnitLoad& load);
 
 struct TypeLoader {
   std::uint32_t moduleType;
   UnitLoader load;
 };
 
-// One row per model with a module class: each model binds its controls in its own order around
-// Register. The models join this table as their classes arrive; a type without a row loads nothing.
+// One row per model with a module class. The models join this table as their classes arrive; a
+// type without a row loads nothing.
 constexpr TypeLoader kTypeLoaders[] = {
-    {0, nullptr},
+    {kModuleGF45, &LoadGF45Or46}, {kModuleGF46, &LoadGF45Or46}, {kModuleGF166, &LoadGF166},
+    {kModuleGFP8, &LoadGFP8},     {kModuleGFT8, &LoadGFT8},     {kModuleGFRP48, &LoadGFRP48},
 };
 
 UnitLoader FindLoader(std::uint32_t moduleType) {
@@ -32,16 +115,50 @@ void LoadAllAssignments() {
   for (std::uint32_t moduleType : kAssignmentLoadOrder) LoadTypeAssignments(moduleType);
 }
 
-int LoadTypeAssignments(std::uint32_t moduleType) {
-  const int count = TheModuleManager().UnitCount(moduleType);
-  for (int unit = 0; unit < count; ++unit) LoadUnitAssignments(moduleType, static_cast<std::uint32_t>(unit));
+int LoadTypeAssignments(std::uint32_t moduleType, bool registerUnit) {
+  const int count = Manager().UnitCount(moduleType);
+  for (int unit = 0; unit < count; ++unit) {
+    LoadUnitAssignments(moduleType, static_cast<std::uint32_t>(unit), registerUnit);
+  }
   return count;
 }
 
 void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool registerUnit) {
   GF_Abstract_Module* module = nullptr;
-  if (TheModuleManager().FindModule(moduleType, unit, &module) != 1 || module == nullptr) return;
-  if (UnitLoader load = FindLoader(moduleType)) load(*module, unit, registerUnit);
+  if (Manager().FindModule(moduleType, unit, &module) != 1 || module == nullptr) return;
+  UnitLoader load = FindLoader(moduleType);
+  if (load == nullptr) return;
+  load(UnitLoad{*module, unit, AssignmentSection(moduleType, unit), registerUnit});
+}
+
+bool HasAssignmentLoader(std::uint32_t moduleType) { return FindLoader(moduleType) != nullptr; }
+
+void SetAssignmentModuleManager(ModuleManager* manager) { gAssignmentManager = manager; }
+
+std::string AssignmentSection(std::uint32_t moduleType, std::uint32_t unit) {
+  char section[32];
+  std::snprintf(section, sizeof section, SectionFormat(moduleType), static_cast<int>(unit) + 1);
+  return section;
+}
+
+std::string ReadAssignmentValue(const std::string& section, const std::string& key, const char* defaultValue) {
+  char value[kIniValueSize];
+  ReadIniValue(kConfigFileName, section.c_str(), key.c_str(), value, defaultValue != nullptr ? defaultValue : "");
+  return value;
+}
+
+ResolvedAssignment ReadAssignment(const std::string& section, const AssignmentKeyGroup& group, int index,
+                                  std::int32_t thisUnit) {
+  const std::string value = ReadAssignmentValue(section, KeyName(group, index), KeyDefault(group, index));
+  return ResolveAssignment(value.c_str(), group.target, thisUnit);
+}
+
+int ReadWheelGain(const std::string& section, const CalibrationKey& key) {
+  return ParseWheelGain(ReadAssignmentValue(section, key.key, key.defaultValue).c_str());
+}
+
+float ReadCalibrationReal(const std::string& section, const CalibrationKey& key) {
+  return ParseCalibrationReal(ReadAssignmentValue(section, key.key, key.defaultValue).c_str());
 }
 
 }  // namespace drav

@@ -1,0 +1,93 @@
+#include "config/AssignmentValues.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "config/IniFile.h"
+
+namespace drav {
+
+namespace {
+
+struct RadioPrefix {
+  const char* text;
+  std::size_t numberPosition;  // where the unit number stands, counted from the start of the value
+  std::int32_t kind;
+};
+
+// Tested in this order: a value holding more than one prefix takes the first row that matches.
+constexpr RadioPrefix kRadioPrefixes[] = {
+    {"GF45_", 5, kTargetKindGF45},
+    {"GF46_", 5, kTargetKindGF46},
+    {"GF166_", 6, kTargetKindGF166},
+};
+
+constexpr const char* kColourNames[kColourCount] = {"BLACK", "WHITE",   "RED",    "GREEN",
+                                                    "BLUE",  "MAGENTA", "YELLOW", "CYAN"};
+constexpr const char* kSwitchTypeNames[kSwitchTypeCount] = {"BUTTON", "SWITCH2WAY", "SWITCH3WAY", "SELECTOR"};
+
+template <std::size_t N>
+int IndexOfName(const char* const (&names)[N], const char* value) {
+  if (value == nullptr) return 0;
+  for (std::size_t i = 0; i < N; ++i) {
+    if (std::strcmp(names[i], value) == 0) return static_cast<int>(i);
+  }
+  return 0;
+}
+
+template <std::size_t N>
+const char* NameOfIndex(const char* const (&names)[N], int index) {
+  return index >= 0 && static_cast<std::size_t>(index) < N ? names[index] : "";
+}
+
+// The unit number written after the prefix, counted from 1, as a 0-based unit. The prefix was found
+// somewhere in the value, so the value is at least as long as the prefix and the position lies
+// within it or on its terminator. A saturated parse must not overflow when made 0-based.
+std::int32_t UnitAt(const char* value, std::size_t position) {
+  if (std::strlen(value) < position) return -1;
+  const std::int64_t written = ParseIniInt(value + position);
+  return static_cast<std::int32_t>(std::max<std::int64_t>(written - 1, std::numeric_limits<std::int32_t>::min()));
+}
+
+}  // namespace
+
+FunctionId ResolveFunctionId(const char* value) { return FindFunctionId(value); }
+
+bool FindRadioReference(const char* value, AssignmentTargetUnit* out) {
+  if (value == nullptr) return false;
+  for (const RadioPrefix& prefix : kRadioPrefixes) {
+    if (std::strstr(value, prefix.text) == nullptr) continue;
+    if (out != nullptr) *out = {UnitAt(value, prefix.numberPosition), prefix.kind};
+    return true;
+  }
+  return false;
+}
+
+ResolvedAssignment ResolveAssignment(const char* value, AssignmentTarget target, std::int32_t thisUnit) {
+  ResolvedAssignment resolved;
+  resolved.functionId = ResolveFunctionId(value);
+  switch (target) {
+    case AssignmentTarget::kNone:
+      return resolved;
+    case AssignmentTarget::kThisGF166:
+      resolved.target = {thisUnit, kTargetKindGF166};
+      break;
+    case AssignmentTarget::kRadioTested:
+      break;
+  }
+  FindRadioReference(value, &resolved.target);
+  return resolved;
+}
+
+int ParseWheelGain(const char* value) { return std::clamp(ParseIniInt(value), kMinWheelGain, kMaxWheelGain); }
+
+float ParseCalibrationReal(const char* value) { return ParseIniReal(value); }
+
+int ParseColourName(const char* value) { return IndexOfName(kColourNames, value); }
+const char* ColourName(int colour) { return NameOfIndex(kColourNames, colour); }
+
+int ParseSwitchTypeName(const char* value) { return IndexOfName(kSwitchTypeNames, value); }
+const char* SwitchTypeName(int switchType) { return NameOfIndex(kSwitchTypeNames, switchType); }
+
+}  // namespace drav

@@ -1,0 +1,292 @@
+#include "modules/GF166_Module.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "functions/AvionicAdjust.h"
+#include "functions/AvionicDisplay.h"
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+#include "modules/ModuleTypes.h"
+#include "modules/PanelPower.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::int32_t kOwnModuleKind = kRadioGF166;
+constexpr const char* kBlankDisplay = "      ";  // six digits
+constexpr std::int32_t kButtonCount = 3;
+// RMK166EncoderType values the unit understands; anything else leaves its setting alone.
+constexpr int kLowestEncoderType = 0;
+constexpr int kHighestEncoderType = 2;
+
+// A dual radio function, the standby function that the encoder tunes, and how the left display
+// marks which radio it shows: a letter, with or without a decimal point after it.
+struct DualRadio {
+  FunctionId dual;
+  FunctionId standby;
+};
+
+constexpr DualRadio kDualRadios[] = {
+    {3, 2},    // ADF1_DUAL, ADF1_STANDBY
+    {7, 6},    // ADF2_DUAL, ADF2_STANDBY
+    {11, 10},  // COM1_DUAL, COM1_STANDBY
+    {14, 13},  // COM2_DUAL, COM2_STANDBY
+    {17, 16},  // DME_DUAL, DME_STANDBY
+    {20, 19},  // NAV1_DUAL, NAV1_STANDBY
+    {23, 22},  // NAV2_DUAL, NAV2_STANDBY
+};
+
+// Keyed by the shown function's tag rather than its id: the tag is what the object really holds
+// now, the id may be another unit's.
+struct LeftPrefix {
+  const char* tag;
+  char letter;
+  bool withPoint;
+};
+
+constexpr LeftPrefix kLeftPrefixes[] = {
+    {"AD1D", 'A', true}, {"AD2D", 'A', false}, {"CM1D", 'C', true}, {"CM2D", 'C', false},
+    {"DMED", 'y', false}, {"NV1D", 'M', true}, {"NV2D", 'M', false},
+};
+
+FunctionId StandbyOf(FunctionId functionId) {
+  for (const DualRadio& radio : kDualRadios) {
+    if (radio.dual == functionId) return radio.standby;
+  }
+  return kNada;
+}
+
+const LeftPrefix* PrefixOf(const char* tag) {
+  for (const LeftPrefix& prefix : kLeftPrefixes) {
+    if (std::strcmp(prefix.tag, tag) == 0) return &prefix;
+  }
+  return nullptr;
+}
+
+// The shared avionic object of functionId as the factory gives it, or null when the id has none.
+AvionicFunction* AvionicFor(FunctionId functionId) {
+  AvionicFunction* function = nullptr;
+  SwitchFunction scratch;
+  ClearFunction(scratch);
+  CreateFunction(functionId, &function, scratch, -1, kOwnModuleKind);
+  return function;
+}
+
+// The PREV and NEXT objects: a dual display must not show them as a radio.
+bool IsModeStepTag(const char* tag) { return std::strcmp(tag, "PREV") == 0 || std::strcmp(tag, "NEXT") == 0; }
+
+bool Same(const char* a, const char* b) { return std::strncmp(a, b, GF166_Module::kTextSize - 1) == 0; }
+
+void Keep(char (&target)[GF166_Module::kTextSize], const char* text) {
+  std::snprintf(target, sizeof target, "%s", text);
+}
+
+std::int32_t KeyToButton(std::uint8_t key) {
+  if (key == 'L') return GF166_Module::kControlButtonL;
+  if (key == 'R') return GF166_Module::kControlButtonR;
+  return -1;
+}
+
+}  // namespace
+
+GF166_Module::GF166_Module() {
+  for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
+}
+
+std::uint8_t GF166_Module::PrevSwitchVals() const {
+  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  return static_cast<std::uint8_t>(prevSwitchVals_);
+}
+
+void GF166_Module::Register(std::uint16_t unitNumber) {
+  GF_Abstract_Module::Register(unitNumber);
+
+  // The encoder counts are thrown away: only movement after registration is input.
+  std::int16_t ignoredDial1 = 0;
+  std::int16_t ignoredDial2 = 0;
+  std::uint8_t buttons = 0;
+  GFDev_GF166_GetState(unit, &ignoredDial1, &ignoredDial2, &buttons);
+  {
+    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    prevSwitchVals_ = buttons;
+  }
+  if (gDebug.DebugRegisterFunction != 0) LogBits16("GF166_Module::Register - PrevSwitchVals", buttons);
+
+  const int encoderType = gSettings.RMK166EncoderType;
+  if (encoderType >= kLowestEncoderType && encoderType <= kHighestEncoderType) {
+    const auto type = static_cast<std::uint8_t>(encoderType);
+    GFDev_GF166_SetEncoderType(unit, type, type);
+  }
+}
+
+std::int32_t GF166_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr) return -1;
+  const auto& input = *static_cast<const GF166InputRecord*>(record);
+  if (gDebug.DebugGetButtonFunction != 0) {
+    LogFormat("GF166_Module::GetButton -  Dial 1 = %d, Dial 2 = %d", input.encoder1, input.encoder2);
+  }
+
+  const EncoderMove dials[] = {{input.encoder1, kControlDial1}, {input.encoder2, kControlDial2}};
+  const std::int32_t dial = FirstEncoderMove(dials, value);
+  if (dial != -1) return dial;
+
+  if (gDebug.DebugGetButtonFunction != 0) LogBits16("GF166_Module::GetButton - BtnState", input.buttons);
+  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  const InputBank buttons{input.buttons, &prevSwitchVals_, kButtonCount, kControlSwap};
+  return DetectBankChange(buttons, value);
+}
+
+void GF166_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (primary == nullptr) return;
+  // The encoder tunes the standby half of a dual radio, else the function shown.
+  AvionicFunction* tuned = secondary != nullptr ? secondary : primary;
+  switch (control) {
+    case kControlSwap:
+      if (secondary != nullptr && value != 0) SwapAvionicDisplays(*primary, *secondary);
+      break;
+    case kControlButtonL:
+    case kControlButtonR:
+      ExecuteFunction(buttonFunctions[control], value != 0 ? kActionToggle : kActionRelease, 0, 0);
+      break;
+    case kControlDial1:
+      AdjustAvionicFunction(tuned, value, 0, kModuleGF166);
+      break;
+    case kControlDial2:
+      AdjustAvionicFunction(tuned, 0, value, kModuleGF166);
+      break;
+    default:
+      break;
+  }
+}
+
+void GF166_Module::UpdateOutputs() {
+  if (primary == nullptr) return;
+  if (GetAvionicFunctionId(*primary) != kNada) FormatAvionicDisplay(*primary);
+  if (secondary != nullptr && GetAvionicFunctionId(*secondary) != kNada) FormatAvionicDisplay(*secondary);
+  for (std::int32_t button = kControlButtonL; button < kButtonCount; ++button) {
+    if (GetFunctionId(buttonFunctions[button]) != kNada) RefreshFunctionState(buttonFunctions[button]);
+  }
+  SetDisplay();
+}
+
+void GF166_Module::SetDisplay() {
+  if (!HasPanelPower(true)) {
+    SendBlank();
+    return;
+  }
+  if (primary == nullptr) return;
+  if (secondary == nullptr) {
+    ShowSingleFunction();
+  } else if (!ShowDualFunction()) {
+    return;
+  }
+  SendLights();
+}
+
+// One function: its tag on the left (sent every time), its value on the right. The transponder's
+// code is set off by a space so that it sits like the other four-digit values; the space goes
+// only to the display, the shared function keeps its own text for the other modules.
+void GF166_Module::ShowSingleFunction() {
+  GFDev_GF166_SetDisplay1(unit, primary->tag);
+  Keep(lastLeft, primary->tag);
+
+  if (Same(primary->text, lastRight)) return;
+  char right[kTextSize];
+  if (std::strcmp(primary->tag, "XPDR") == 0) {
+    std::snprintf(right, sizeof right, " %s", primary->text);
+  } else {
+    std::snprintf(right, sizeof right, "%s", primary->text);
+  }
+  GFDev_GF166_SetDisplay2(unit, right);
+  Keep(lastRight, primary->text);
+}
+
+bool GF166_Module::ShowDualFunction() {
+  if (IsModeStepTag(primary->tag)) return false;
+
+  char left[kTextSize];
+  if (const LeftPrefix* prefix = PrefixOf(primary->tag)) {
+    std::snprintf(left, sizeof left, prefix->withPoint ? "%c.%s" : "%c%s", prefix->letter, primary->text);
+  } else {
+    // The shared object was rebuilt as something else meanwhile: show its value unmarked.
+    std::snprintf(left, sizeof left, "%s", primary->text);
+  }
+  const bool logging = DisplayLoggingEnabled();
+  if (!Same(left, lastLeft)) {
+    GFDev_GF166_SetDisplay1(unit, left);
+    if (logging) LogFormat("GF166_Module::SetDisplay -  Left Display = %s", left);
+  }
+  if (!Same(secondary->text, lastRight)) {
+    char right[kTextSize];
+    std::snprintf(right, sizeof right, " %s", secondary->text);
+    GFDev_GF166_SetDisplay2(unit, right);
+    if (logging) LogFormat("GF166_Module::SetDisplay -  Right Display = %s", right);
+  }
+  Keep(lastLeft, left);
+  Keep(lastRight, secondary->text);
+  return true;
+}
+
+void GF166_Module::SendLights() {
+  std::uint32_t mask = 0;
+  for (std::int32_t i = 0; i < kButtonCount; ++i) {
+    if (GetFunctionState(buttonFunctions[i]) == 1) mask |= std::uint32_t{1} << i;
+  }
+  lights_.Update(
+      true, mask, [this](std::uint32_t sent) { GFDev_GF166_SetLEDs(unit, static_cast<std::uint8_t>(sent)); },
+      "GF166_Module::SetDisplay - Indicators");
+}
+
+void GF166_Module::SendBlank() {
+  lights_.Clear([this](std::uint32_t sent) { GFDev_GF166_SetLEDs(unit, static_cast<std::uint8_t>(sent)); });
+  GFDev_GF166_SetDisplay1(unit, kBlankDisplay);
+  GFDev_GF166_SetDisplay2(unit, kBlankDisplay);
+  lastLeft[0] = '\0';
+  lastRight[0] = '\0';
+}
+
+void GF166_Module::ClearDisplay() { SendBlank(); }
+
+void GF166_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
+                                  std::int32_t param2) {
+  if (key == 'M') {
+    SelectFunction(functionId);
+    return;
+  }
+  const std::int32_t button = KeyToButton(key);
+  if (button == -1) return;
+  // A radio function on a button selects it on this same unit unless the binding names another.
+  const std::int32_t targetUnit = param1 == -1 ? static_cast<std::int32_t>(unit) : param1;
+  const std::int32_t targetKind = param2 == -1 ? kOwnModuleKind : param2;
+  SwitchFunction& record = buttonFunctions[button];
+  ClearFunction(record);
+  CreateFunction(functionId, nullptr, record, targetUnit, targetKind);
+}
+
+std::int32_t GF166_Module::GetAssignedFunction(std::uint8_t key) {
+  if (key == 'M') return GetCurrentFunction();
+  const std::int32_t button = KeyToButton(key);
+  return button == -1 ? kNada : GetFunctionId(buttonFunctions[button]);
+}
+
+std::int32_t GF166_Module::GetCurrentFunction() {
+  return primary != nullptr ? GetAvionicFunctionId(*primary) : kNada;
+}
+
+void GF166_Module::SelectFunction(std::int32_t functionId) {
+  primary = AvionicFor(functionId);
+  if (const FunctionId standby = StandbyOf(functionId); standby != kNada) {
+    secondary = AvionicFor(standby);
+    return;
+  }
+  // PREV and NEXT step to another mode, whose own selection sets both halves; while the current
+  // mode is unused they leave the step's object shown and the standby half as it was.
+  if (StepMode(functionId)) return;
+  secondary = nullptr;
+}
+
+}  // namespace drav

@@ -1,0 +1,64 @@
+#include "modules/GF45_Module.h"
+
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::int32_t kDial1 = 0;
+constexpr std::int32_t kDial2 = 1;
+
+const RadioModelTraits kGF45Model = {
+    kModuleGF45,
+    0,
+    1,
+    "    ",
+    "     ",
+    &GFDev_GF45_SetDisplay1,
+    &GFDev_GF45_SetDisplay2,
+    false,
+    "GF45_Module::SetDisplay -  Alpha Display = %s",
+    "GF45_Module::SetDisplay -  char_display = %s",
+    "GF45_Module::SetDisplay -  Freq Display = %s",
+    "GF45_Module::SetDisplay -  char_freqval = %s",
+};
+
+}  // namespace
+
+GF45_Module::GF45_Module() : GFRadioModule(kGF45Model) {}
+
+std::int32_t GF45_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr || value == nullptr) return -1;
+  const auto& input = *static_cast<const GF45InputRecord*>(record);
+  if (gDebug.DebugGetButtonFunction != 0) {
+    LogFormat("GF45_Module::GetButton -  Dial 1 = %d, Dial 2 = %d", input.encoder1, input.encoder2);
+  }
+  if (input.encoder1 != 0) {
+    *value = input.encoder1;
+    return kDial1;
+  }
+  if (input.encoder2 != 0) {
+    *value = input.encoder2;
+    return kDial2;
+  }
+  return -1;
+}
+
+// A unit with nothing selected ignores its encoder without a trace.
+void GF45_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (!HasSelection()) return;
+  if (gDebug.DebugHandleInputFunction != 0) {
+    LogFormat("GF45_Module::HandleInput - Button = %d, Value= %d", control, value);
+  }
+  if (control == kDial1) {
+    TurnOuterRing(value);
+  } else {
+    TurnInnerRing(value);
+  }
+}
+
+}  // namespace drav

@@ -1,0 +1,37 @@
+#include "modules/GFP8_Module.h"
+
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+
+namespace drav {
+
+namespace {
+
+const LightBoxModel kGFP8Model{
+    "GFP8_Module::Register - PrevSwitchVals",
+    "GFP8_Module::SetDisplay - Indicators",
+    &GFDev_GFP8_GetSwitches,
+    &GFDev_GFP8_SetLEDs,
+};
+
+}  // namespace
+
+GFP8_Module::GFP8_Module() : LightBoxModule(kGFP8Model) {}
+
+std::int32_t GFP8_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr) return -1;
+  const std::uint8_t switches = static_cast<const GFP8InputRecord*>(record)->switches;
+  if (gDebug.DebugGetButtonFunction != 0) LogBits16("GFP8_Module::GetButton - BtnState", switches);
+  return DetectSwitchChange(switches, value);
+}
+
+void GFP8_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (gDebug.DebugHandleInputFunction != 0) {
+    LogFormat("GFP8_Module::HandleInput -  Button = %d, Value = %d", control, value);
+  }
+  PressButton(control, value);
+}
+
+}  // namespace drav

@@ -1,0 +1,100 @@
+#include "modules/GFRP48_Module.h"
+
+#include "functions/AvionicAdjust.h"
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+#include "modules/ModuleTypes.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::uint8_t kFirstDialKey = 'A';
+
+// Registration needs only the button byte; the encoder counts it reads (and so clears) are
+// movements from before the unit was bound to anything.
+std::int32_t ReadRP48Buttons(std::int32_t unit, std::uint8_t* buttons) {
+  std::int16_t discarded[kRP48Encoders] = {};
+  return GFDev_GFRP48_GetState(unit, &discarded[0], &discarded[1], &discarded[2], &discarded[3], buttons);
+}
+
+const LightBoxModel kGFRP48Model{
+    "GFRP48_Module::Register - PrevSwitchVals",
+    "GFRP48_Module::SetDisplay - Indicators",
+    &ReadRP48Buttons,
+    &GFDev_GFRP48_SetLEDs,
+};
+
+std::int32_t DialIndexOfKey(std::uint8_t key) {
+  const std::int32_t index = static_cast<std::int32_t>(key) - kFirstDialKey;
+  return index >= 0 && index < kRP48Encoders ? index : -1;
+}
+
+}  // namespace
+
+GFRP48_Module::GFRP48_Module() : LightBoxModule(kGFRP48Model) {}
+
+std::int32_t GFRP48_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr) return -1;
+  const auto& input = *static_cast<const GFRP48InputRecord*>(record);
+  const bool tracing = gDebug.DebugGetButtonFunction != 0;
+  if (tracing) {
+    LogFormat("GFRP48_Module::GetButton -  Dial A = %d, Dial B = %d, Dial C = %d, Dial D = %d", input.encoders[0],
+              input.encoders[1], input.encoders[2], input.encoders[3]);
+  }
+
+  EncoderMove encoders[kRP48Encoders];
+  for (std::int32_t i = 0; i < kRP48Encoders; ++i) encoders[i] = {input.encoders[i], kRP48FirstEncoderControl + i};
+  const std::int32_t dial = FirstEncoderMove(encoders, value);
+  if (dial != -1) return dial;
+
+  if (tracing) LogBits16("GFRP48_Module::GetButton - BtnState", input.buttons);
+  return DetectSwitchChange(input.buttons, value);
+}
+
+void GFRP48_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (gDebug.DebugHandleInputFunction != 0) {
+    LogFormat("GFRP48_Module::HandleInput - Button = %d, Value = %d", control, value);
+  }
+  if (control >= kRP48FirstEncoderControl) {
+    TurnDial(control - kRP48FirstEncoderControl, value);
+  } else {
+    PressButton(control, value);
+  }
+}
+
+void GFRP48_Module::TurnDial(std::int32_t dialIndex, std::int32_t steps) {
+  if (dialIndex < 0 || dialIndex >= kRP48Encoders) return;
+  AvionicFunction* dial = dialFunctions[dialIndex];
+  if (dial == nullptr) return;
+  // Some hardware revisions count the other way round. Negated in 64 bits: -INT32_MIN does not fit.
+  const std::int64_t turned = gSettings.GRP48ReverseFix != 0 ? -static_cast<std::int64_t>(steps) : steps;
+  const auto inner = static_cast<std::int32_t>(turned > INT32_MAX ? INT32_MAX : turned);
+  AdjustAvionicFunction(dial, 0, inner, kModuleGFRP48);
+}
+
+void GFRP48_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
+                                   std::int32_t param2) {
+  const std::int32_t dialIndex = DialIndexOfKey(key);
+  if (dialIndex < 0) {
+    LightBoxModule::AssignFunction(key, functionId, param1, param2);
+    return;
+  }
+  // An id with no avionic object (NADA, a switch function) leaves the encoder unbound rather than
+  // still turning what it was bound to before.
+  dialFunctions[dialIndex] = nullptr;
+  SwitchFunction scratch;
+  ClearFunction(scratch);
+  CreateFunction(functionId, &dialFunctions[dialIndex], scratch, param1, param2);
+}
+
+std::int32_t GFRP48_Module::GetAssignedFunction(std::uint8_t key) {
+  const std::int32_t dialIndex = DialIndexOfKey(key);
+  if (dialIndex < 0) return LightBoxModule::GetAssignedFunction(key);
+  const AvionicFunction* dial = dialFunctions[dialIndex];
+  return dial != nullptr ? GetAvionicFunctionId(*dial) : 0;
+}
+
+}  // namespace drav

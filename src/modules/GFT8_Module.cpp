@@ -1,0 +1,58 @@
+#include "modules/GFT8_Module.h"
+
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::int32_t kLandingGear = 437;
+constexpr std::int32_t kApDisengage = 89;
+
+const LightBoxModel kGFT8Model{
+    "GFT8_Module::Register - PrevSwitchVals",
+    "GFT8_Module::SetDisplay - Indicators",
+    &GFDev_GFT8_GetSwitches,
+    &GFDev_GFT8_SetLEDs,
+};
+
+}  // namespace
+
+GFT8_Module::GFT8_Module() : LightBoxModule(kGFT8Model) {}
+
+bool GFT8_Module::IsInvertedSwitchFunction(std::int32_t functionId) {
+  return functionId == kLandingGear || functionId == kApDisengage;
+}
+
+void GFT8_Module::SetSwitch(std::int32_t control, bool switchOn) {
+  SwitchFunction* record = ButtonFunction(control);
+  if (record == nullptr) return;
+  const bool functionOn = IsInvertedSwitchFunction(GetFunctionId(*record)) ? !switchOn : switchOn;
+  ExecuteFunction(*record, functionOn ? kActionOn : kActionOff, 0, 0);
+}
+
+void GFT8_Module::Register(std::uint16_t unitNumber) {
+  LightBoxModule::Register(unitNumber);
+  const std::uint8_t switches = PrevSwitchVals();
+  for (std::int32_t i = 0; i < kLightBoxButtons; ++i) SetSwitch(i, (switches & (1u << i)) != 0);
+}
+
+std::int32_t GFT8_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr) return -1;
+  const std::uint8_t switches = static_cast<const GFT8InputRecord*>(record)->switches;
+  // The GF-T8 shares the GF-P8's trace label: the two decode the same byte the same way.
+  if (gDebug.DebugGetButtonFunction != 0) LogBits16("GFP8_Module::GetButton - BtnState", switches);
+  return DetectSwitchChange(switches, value);
+}
+
+void GFT8_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (gDebug.DebugHandleInputFunction != 0) {
+    LogFormat("GFT8_Module::HandleInput -  Button = %d, Value = %d", control, value);
+  }
+  SetSwitch(control, value != 0);
+}
+
+}  // namespace drav

@@ -1,0 +1,124 @@
+#include "modules/LightBoxModule.h"
+
+#include "host/Log.h"
+#include "host/Settings.h"
+#include "modules/PanelPower.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::uint8_t kFirstButtonKey = '1';
+
+// The control index of a button key '1'..'8', or -1.
+std::int32_t ButtonIndexOfKey(std::uint8_t key) {
+  const std::int32_t index = static_cast<std::int32_t>(key) - kFirstButtonKey;
+  return index >= 0 && index < kLightBoxButtons ? index : -1;
+}
+
+}  // namespace
+
+LightBoxModule::LightBoxModule(const LightBoxModel& model) : model_(&model) {
+  for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
+}
+
+LightBoxModule::LightBoxModule(const LightBoxModule& other) : GF_Abstract_Module(other), model_(other.model_) {
+  CopyStateFrom(other);
+}
+
+LightBoxModule& LightBoxModule::operator=(const LightBoxModule& other) {
+  if (this != &other) {
+    GF_Abstract_Module::operator=(other);
+    model_ = other.model_;
+    CopyStateFrom(other);
+  }
+  return *this;
+}
+
+void LightBoxModule::CopyStateFrom(const LightBoxModule& other) {
+  for (std::int32_t i = 0; i < kLightBoxButtons; ++i) buttonFunctions[i] = other.buttonFunctions[i];
+  indicators_ = other.indicators_;
+  const std::uint32_t prev = [&] {
+    std::lock_guard<std::mutex> lock(other.decodingLock_);
+    return other.prevSwitchVals_;
+  }();
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  prevSwitchVals_ = prev;
+}
+
+void LightBoxModule::Register(std::uint16_t unitNumber) {
+  GF_Abstract_Module::Register(unitNumber);
+
+  // A unit that cannot be read counts as all switches off.
+  std::uint8_t switches = 0;
+  model_->readSwitches(unit, &switches);
+  {
+    std::lock_guard<std::mutex> lock(decodingLock_);
+    prevSwitchVals_ = switches;
+  }
+  if (gDebug.DebugRegisterFunction != 0) LogBits16(model_->registerLabel, switches);
+}
+
+std::uint8_t LightBoxModule::PrevSwitchVals() const {
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  return static_cast<std::uint8_t>(prevSwitchVals_);
+}
+
+std::int32_t LightBoxModule::DetectSwitchChange(std::uint8_t switches, std::int32_t* value) {
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  return DetectBankChange(InputBank{switches, &prevSwitchVals_, kLightBoxButtons, 0}, value);
+}
+
+SwitchFunction* LightBoxModule::ButtonFunction(std::int32_t control) {
+  if (control < 0 || control >= kLightBoxButtons) return nullptr;
+  return &buttonFunctions[control];
+}
+
+void LightBoxModule::PressButton(std::int32_t control, std::int32_t value) {
+  SwitchFunction* record = ButtonFunction(control);
+  if (record == nullptr) return;
+  ExecuteFunction(*record, value != 0 ? kActionToggle : kActionRelease, 0, 0);
+}
+
+std::uint8_t LightBoxModule::LightMask() const {
+  std::uint8_t mask = 0;
+  for (std::int32_t i = 0; i < kLightBoxButtons; ++i) {
+    if (GetFunctionState(buttonFunctions[i]) == 1) mask |= static_cast<std::uint8_t>(1u << i);
+  }
+  return mask;
+}
+
+void LightBoxModule::SetDisplay() {
+  // Without power nothing is composed: the mask sent is 0 whatever the functions say.
+  const bool powered = HasPanelPower(false);
+  const std::uint8_t mask = powered ? LightMask() : 0;
+  const auto send = [this](std::uint32_t bits) { model_->sendLights(unit, static_cast<std::uint8_t>(bits)); };
+  indicators_.Update(powered, mask, send, model_->setDisplayLabel);
+}
+
+void LightBoxModule::ClearDisplay() {
+  indicators_.Clear([this](std::uint32_t bits) { model_->sendLights(unit, static_cast<std::uint8_t>(bits)); });
+}
+
+void LightBoxModule::UpdateOutputs() {
+  for (SwitchFunction& record : buttonFunctions) {
+    if (GetFunctionId(record) != 0) RefreshFunctionState(record);
+  }
+  SetDisplay();
+}
+
+void LightBoxModule::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
+                                    std::int32_t param2) {
+  const std::int32_t index = ButtonIndexOfKey(key);
+  if (index < 0) return;
+  SwitchFunction& record = buttonFunctions[index];
+  ClearFunction(record);
+  CreateFunction(functionId, nullptr, record, param1, param2);
+}
+
+std::int32_t LightBoxModule::GetAssignedFunction(std::uint8_t key) {
+  const std::int32_t index = ButtonIndexOfKey(key);
+  return index < 0 ? 0 : GetFunctionId(buttonFunctions[index]);
+}
+
+}  // namespace drav
