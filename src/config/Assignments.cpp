@@ -3,7 +3,13 @@
 #include <cstdio>
 
 #include "config/IniFile.h"
+#include "host/HostState.h"
 #include "modules/GF_Abstract_Module.h"
+#include "modules/GFLGT2_Module.h"
+#include "modules/GFLGT_Module.h"
+#include "modules/GFTQ6_Module.h"
+#include "modules/GFDIO_Module.h"
+#include "modules/GFWCP_Module.h"
 #include "modules/ModuleManager.h"
 #include "modules/ModuleTypes.h"
 
@@ -88,6 +94,124 @@ void LoadGFRP48(const UnitLoad& load) {
   load.module.SetDisplay();
 }
 
+// GF-TQ6: the levers are bound after Register, then every lever gets the unit's reverse, beta,
+// reverser-power and flap settings.
+void LoadGFTQ6(const UnitLoad& load) {
+  RegisterUnit(load);
+  AssignGroup(load, kGFTQ6LeverKeys);
+  if (auto* quadrant = dynamic_cast<GFTQ6_Module*>(&load.module)) {
+    // Read one by one: each read may trace, and the trace keeps the keys' order.
+    const float reversePoint = ReadCalibrationReal(load.section, kGFTQ6LeverCalibration[0]);
+    const float betaPoint = ReadCalibrationReal(load.section, kGFTQ6LeverCalibration[1]);
+    const float reverserPower = ReadCalibrationReal(load.section, kGFTQ6LeverCalibration[2]);
+    quadrant->SetLeverReversers(reversePoint, betaPoint, reverserPower);
+    quadrant->SetFlapNullZones(ReadCalibrationReal(load.section, kGFTQ6FlapNullZone));
+  }
+  load.module.SetDisplay();
+}
+
+// The gear-and-trim modules bind first, so that Register brings the new gear (and fuel) functions
+// to where the lever (and the selector) really are.
+void LoadGFLGT(const UnitLoad& load) {
+  AssignGroup(load, kGFLGTKeys);
+  if (auto* panel = dynamic_cast<GFLGT_Module*>(&load.module)) {
+    panel->SetWheelGain(ReadWheelGain(load.section, kGFLGTWheelGain));
+  }
+  RegisterUnit(load);
+  load.module.SetDisplay();
+}
+
+void LoadGFLGT2(const UnitLoad& load) {
+  AssignGroup(load, kGFLGT2Keys);
+  if (auto* panel = dynamic_cast<GFLGT2_Module*>(&load.module)) {
+    for (std::int32_t wheel = 0; wheel < kLGT2Wheels; ++wheel) {
+      panel->SetWheelGain(wheel, ReadWheelGain(load.section, kGFLGT2WheelGains[wheel]));
+    }
+  }
+  RegisterUnit(load);
+  load.module.SetDisplay();
+}
+
+// The autopilot panels register first: Register brings the disengage function to where the bar is
+// (it was bound by the previous load; the first load finds it unbound).
+void LoadGFMCP(const UnitLoad& load) {
+  RegisterUnit(load);
+  AssignGroup(load, kGFMCPButtonKeys);
+  AssignGroup(load, kGFMCPKnobKeys);
+  load.module.SetDisplay();
+}
+
+// The GF-MCPPro's defaults follow the x737 mode at the time of loading.
+void LoadGFMCPPro(const UnitLoad& load) {
+  RegisterUnit(load);
+  AssignGroup(load, GFMCPProButtonKeys(X737Mode));
+  AssignGroup(load, GFMCPProKnobKeys(X737Mode));
+  load.module.SetDisplay();
+}
+
+// GF-EFIS, GF-SECM, GF-MESM bind first: their Register puts the simulator where the panel's
+// selectors and switches are, through the new bindings.
+void LoadGFEFIS(const UnitLoad& load) {
+  AssignGroup(load, kGFEFISButtonKeys);
+  AssignGroup(load, kGFEFISKnobKeys);
+  RegisterUnit(load);
+}
+
+void LoadGFSECM(const UnitLoad& load) {
+  AssignGroup(load, kGFSECMKeys);
+  RegisterUnit(load);
+}
+
+void LoadGFMESM(const UnitLoad& load) {
+  AssignGroup(load, kGFMESMKeys);
+  RegisterUnit(load);
+}
+
+// GF-WCP: the six buttons, then the colour that each light shows when lit.
+void LoadGFWCP(const UnitLoad& load) {
+  RegisterUnit(load);
+  AssignGroup(load, kGFWCPKeys);
+  if (auto* panel = dynamic_cast<GFWCP_Module*>(&load.module)) {
+    for (int index = 0; index < KeyCount(kGFWCPColourKeys) && index < kGFWCPButtons; ++index) {
+      const std::string value = ReadAssignmentValue(load.section, KeyName(kGFWCPColourKeys, index),
+                                                    KeyDefault(kGFWCPColourKeys, index));
+      panel->colours[index] = static_cast<std::uint8_t>(ParseColourName(value.c_str()));
+    }
+  }
+  load.module.SetDisplay();
+}
+
+// The GF-DIO's inputs and outputs are numbered, not keyed: each key reaches the board by its number.
+using GFDIOAssign = void (GFDIO_Module::*)(const char* key, std::int32_t functionId, std::int32_t param1,
+                                           std::int32_t param2);
+
+void AssignGFDIOGroup(const UnitLoad& load, GFDIO_Module& board, const AssignmentKeyGroup& group,
+                      GFDIOAssign assign) {
+  const std::int32_t thisUnit = static_cast<std::int32_t>(load.unit);
+  for (int index = 0; index < KeyCount(group); ++index) {
+    const ResolvedAssignment assignment = ReadAssignment(load.section, group, index, thisUnit);
+    char number[12];
+    std::snprintf(number, sizeof number, "%02d", KeyNumber(group, index));
+    (board.*assign)(number, assignment.functionId, assignment.target.unit, assignment.target.kind);
+  }
+}
+
+// The dialog reloads the board without registering it, so that the input bank it holds survives.
+void LoadGFDIO(const UnitLoad& load) {
+  auto* board = dynamic_cast<GFDIO_Module*>(&load.module);
+  if (board == nullptr) return;
+  if (load.registerUnit) RegisterUnit(load);
+  AssignGFDIOGroup(load, *board, kGFDIOInputOnKeys, &GFDIO_Module::AssignInputFunction);
+  AssignGFDIOGroup(load, *board, kGFDIOInputOffKeys, &GFDIO_Module::AssignOffStateFunction);
+  for (int index = 0; index < KeyCount(kGFDIOSwitchTypeKeys); ++index) {
+    const std::string value = ReadAssignmentValue(load.section, KeyName(kGFDIOSwitchTypeKeys, index),
+                                                  KeyDefault(kGFDIOSwitchTypeKeys, index));
+    board->SetSwitchType(KeyNumber(kGFDIOSwitchTypeKeys, index) - 1, GFDIO_Module::ParseSwitchType(value.c_str()));
+  }
+  AssignGFDIOGroup(load, *board, kGFDIOOutputKeys, &GFDIO_Module::AssignOutputFunction);
+  board->SetDisplay();
+}
+
 using UnitLoader = void (*)(const UnitLoad& load);
 
 struct TypeLoader {
@@ -98,8 +222,13 @@ struct TypeLoader {
 // One row per model with a module class. The models join this table as their classes arrive; a
 // type without a row loads nothing.
 constexpr TypeLoader kTypeLoaders[] = {
+    {kModuleGFEFIS, &LoadGFEFIS}, {kModuleGFSECM, &LoadGFSECM}, {kModuleGFMESM, &LoadGFMESM},
     {kModuleGF45, &LoadGF45Or46}, {kModuleGF46, &LoadGF45Or46}, {kModuleGF166, &LoadGF166},
     {kModuleGFP8, &LoadGFP8},     {kModuleGFT8, &LoadGFT8},     {kModuleGFRP48, &LoadGFRP48},
+    {kModuleGFTQ6, &LoadGFTQ6},
+    {kModuleGFLGT, &LoadGFLGT},   {kModuleGFLGT2, &LoadGFLGT2},
+    {kModuleGFWCP, &LoadGFWCP},   {kModuleGFDIO, &LoadGFDIO},
+    {kModuleGFMCP, &LoadGFMCP},   {kModuleGFMCPPro, &LoadGFMCPPro},
 };
 
 UnitLoader FindLoader(std::uint32_t moduleType) {

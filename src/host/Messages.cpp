@@ -6,6 +6,7 @@
 #include "host/CommandTables.h"
 #include "host/HostState.h"
 #include "host/OptionalXplmApi.h"
+#include "modules/GFTQ6_Module.h"
 #include "modules/ModuleManager.h"
 #include "ui/AssignDialog.h"
 
@@ -27,11 +28,11 @@ void SwitchX737Mcp(int on) {
 }
 
 // The throttle levers take the new aircraft's engine and control limits. The walk stops at the
-// first unit without a module object; the lever binding itself belongs to the GF-TQ6 module, which
-// has no class yet, so for now the walk finds nothing to re-bind.
+// first unit without a module object.
 void RebindThrottleQuadrants() {
   GF_Abstract_Module* module = nullptr;
   for (std::uint32_t unit = 0; TheModuleManager().FindModule(kGFTQ6Type, unit, &module) == 1; ++unit) {
+    if (auto* quadrant = dynamic_cast<GFTQ6_Module*>(module)) quadrant->ReloadLevers();
   }
 }
 

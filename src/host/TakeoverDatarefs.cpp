@@ -2,6 +2,8 @@
 
 #include <XPLMDataAccess.h>
 
+#include <atomic>
+
 #include "host/HostState.h"
 #include "host/Log.h"
 #include "ui/AssignDialog.h"
@@ -31,7 +33,8 @@ int GetSwitch(void* refcon) { return *static_cast<TakeoverSwitch*>(refcon)->flag
 // state when the pilot opens it again.
 void SetSwitch(void* refcon, int value) {
   auto* takeover = static_cast<TakeoverSwitch*>(refcon);
-  *takeover->flag = value;
+  // The panels' input threads read the flag while they decode, so it is stored atomically.
+  std::atomic_ref<int>(*takeover->flag).store(value);
   LogLine(value != 0 ? takeover->disabledLine : takeover->enabledLine);
   CloseAssignDialog();
 }

@@ -269,10 +269,10 @@ TEST_F(AssignmentLoadTest, LoadAllWalksTheTypesInTheirFixedOrder) {
   gUnits = 1;
   manager.CreateModules();
   LoadAllAssignments();
-  EXPECT_EQ(RegisterOrder(), (std::vector<std::string>{"1:0", "8:0", "5:0", "3:0", "2:0", "7:0"}));
-  EXPECT_TRUE(Calls<GFMCP>(kModuleGFMCP, 0).empty());  // its model's loader has not arrived
-  EXPECT_FALSE(HasAssignmentLoader(kModuleGFMCP));
+  EXPECT_EQ(RegisterOrder(), (std::vector<std::string>{"1:0", "8:0", "5:0", "6:0", "3:0", "2:0", "7:0"}));
+  EXPECT_TRUE(HasAssignmentLoader(kModuleGFMCP));
   EXPECT_TRUE(HasAssignmentLoader(kModuleGFRP48));
+  EXPECT_FALSE(HasAssignmentLoader(kModuleGFATC));  // tracked by the device layer, never loaded
 }
 
 TEST_F(AssignmentLoadTest, OnlyTheGFDIOMayReloadWithoutRegistering) {

@@ -1,0 +1,239 @@
+#include "modules/GFDIO_Module.h"
+
+#include "config/AssignmentValues.h"
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+#include "modules/PanelPower.h"
+
+namespace drav {
+
+namespace {
+
+// The number written in a configuration key ("05", "5", "56"), or -1 for anything that is not a
+// short decimal number.
+std::int32_t KeyNumber(const char* key) {
+  if (key == nullptr || *key == '\0') return -1;
+  std::int32_t number = 0;
+  for (int length = 0; key[length] != '\0'; ++length) {
+    if (length >= 4 || key[length] < '0' || key[length] > '9') return -1;
+    number = number * 10 + (key[length] - '0');
+  }
+  return number;
+}
+
+// The 0-based index for a key number 1..count, or -1.
+std::int32_t IndexOfKey(const char* key, std::int32_t count) {
+  const std::int32_t number = KeyNumber(key);
+  return number >= 1 && number <= count ? number - 1 : -1;
+}
+
+void Bind(SwitchFunction& record, std::int32_t functionId, std::int32_t param1, std::int32_t param2) {
+  ClearFunction(record);
+  CreateFunction(functionId, nullptr, record, param1, param2);
+}
+
+std::uint64_t BankOf(const std::uint8_t (&bytes)[kGFDIOStateBytes]) {
+  std::uint64_t bank = 0;
+  for (std::int32_t i = kGFDIOStateBytes - 1; i >= 0; --i) bank = (bank << 8) | bytes[i];
+  return bank;
+}
+
+std::uint32_t Low32(std::uint64_t bank) { return static_cast<std::uint32_t>(bank & 0xFFFF'FFFFu); }
+
+}  // namespace
+
+GFDIO_Module::GFDIO_Module() {
+  for (SwitchFunction& record : inputFunctions) ClearFunction(record);
+  for (SwitchFunction& record : offStateFunctions) ClearFunction(record);
+  for (SwitchFunction& record : outputFunctions) ClearFunction(record);
+}
+
+GFDIO_Module::GFDIO_Module(const GFDIO_Module& other) : GF_Abstract_Module(other) { CopyStateFrom(other); }
+
+GFDIO_Module& GFDIO_Module::operator=(const GFDIO_Module& other) {
+  if (this != &other) {
+    GF_Abstract_Module::operator=(other);
+    CopyStateFrom(other);
+  }
+  return *this;
+}
+
+void GFDIO_Module::CopyStateFrom(const GFDIO_Module& other) {
+  for (std::int32_t i = 0; i < kGFDIOInputs; ++i) {
+    inputFunctions[i] = other.inputFunctions[i];
+    offStateFunctions[i] = other.offStateFunctions[i];
+  }
+  for (std::int32_t i = 0; i < kGFDIOOutputs; ++i) outputFunctions[i] = other.outputFunctions[i];
+  for (std::int32_t i = 0; i < kGFDIOStateBytes; ++i) stateBytes[i] = other.stateBytes[i];
+  lastOutputs_ = other.lastOutputs_;
+
+  std::uint8_t types[kGFDIOInputs];
+  std::uint64_t bank = 0;
+  {
+    std::lock_guard<std::mutex> lock(other.decodingLock_);
+    for (std::int32_t i = 0; i < kGFDIOInputs; ++i) types[i] = other.switchTypes_[i];
+    bank = other.prevSwitchBank_;
+  }
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  for (std::int32_t i = 0; i < kGFDIOInputs; ++i) switchTypes_[i] = types[i];
+  prevSwitchBank_ = bank;
+}
+
+void GFDIO_Module::Register(std::uint16_t unitNumber) {
+  GF_Abstract_Module::Register(unitNumber);
+  // A unit that cannot be read counts as all inputs open.
+  for (std::uint8_t& byte : stateBytes) byte = 0;
+  GFDev_GFDIO_GetState(unit, &stateBytes[0], &stateBytes[1], &stateBytes[2], &stateBytes[3], &stateBytes[4],
+                       &stateBytes[5], &stateBytes[6]);
+  const std::uint64_t bank = BankOf(stateBytes);
+  {
+    std::lock_guard<std::mutex> lock(decodingLock_);
+    prevSwitchBank_ = bank;
+  }
+  if (gDebug.DebugRegisterFunction != 0) LogBits32("GFDIO_Module::Register - PrevSwitchBank", Low32(bank));
+}
+
+std::int32_t GFDIO_Module::GetButton(const void* /*record*/, std::int32_t* /*value*/) { return 0; }
+
+std::int32_t GFDIO_Module::DecodeInput(const void* record, std::int32_t* value) {
+  if (record == nullptr || value == nullptr) return -1;
+  const std::uint64_t bank = BankOf(static_cast<const GFDIOInputRecord*>(record)->states);
+  *value = 0;
+
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  if (gDebug.DebugGetButtonFunction != 0) {
+    LogBits32("GFDIO_Module::GetButton - PrevSwitchBank", Low32(prevSwitchBank_));
+    LogBits32("GFDIO_Module::GetButton - BtnState", Low32(bank));
+  }
+  const std::uint64_t changed = bank ^ prevSwitchBank_;
+  for (std::int32_t input = 0; input < kGFDIOInputs; ++input) {
+    const std::uint64_t bit = std::uint64_t{1} << input;
+    if ((changed & bit) == 0) continue;
+    const bool closed = (bank & bit) != 0;
+    // A selector reports only the position that became active; the one left is implied.
+    if (switchTypes_[input] == kGFDIOSelector) {
+      if (!closed) continue;
+    } else {
+      *value = closed ? 1 : 0;
+    }
+    prevSwitchBank_ = bank;
+    return input;
+  }
+  return -1;
+}
+
+void GFDIO_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (control < 0 || control >= kGFDIOInputs) return;
+  const std::uint8_t type = SwitchType(control);
+  SwitchFunction& onFunction = inputFunctions[control];
+  if (gDebug.DebugHandleInputFunction != 0) {
+    LogFormat("GFDIO_Module::HandleInput - SwitchType = %d, UnitType = %d, Button = %d, Value = %d", type,
+              GetFunctionId(onFunction), control, value);
+  }
+  switch (type) {
+    case kGFDIOSwitch2Way:
+      ExecuteFunction(onFunction, value != 0 ? kActionOn : kActionOff, 0, 0);
+      break;
+    case kGFDIOSwitch3Way:
+      if (value == 1) {
+        ExecuteFunction(onFunction, kActionOn, 0, 0);
+      } else {
+        ExecuteFunction(offStateFunctions[control], value == 0 ? kActionOn : kActionOff, 0, 0);
+      }
+      break;
+    case kGFDIOSelector:
+      ExecuteFunction(onFunction, kActionSet, control, 1);
+      break;
+    default:
+      ExecuteFunction(onFunction, value != 0 ? kActionToggle : kActionRelease, 0, 0);
+      break;
+  }
+}
+
+std::uint32_t GFDIO_Module::OutputMask() const {
+  std::uint32_t mask = 0;
+  for (std::int32_t i = 0; i < kGFDIOOutputs; ++i) {
+    if (GetFunctionState(outputFunctions[i]) == 1) mask |= 1u << i;
+  }
+  return mask;
+}
+
+void GFDIO_Module::SendOutputs(std::uint32_t mask) {
+  GFDev_GFDIO_SetOutputs(unit, static_cast<std::uint8_t>(mask & 0xFFu), static_cast<std::uint8_t>((mask >> 8) & 0xFFu),
+                         static_cast<std::uint8_t>((mask >> 16) & 0xFFu), static_cast<std::uint8_t>(mask >> 24));
+  lastOutputs_ = mask;
+}
+
+void GFDIO_Module::SetDisplay() {
+  // Without power the outputs are switched off on every call, so a unit plugged in meanwhile goes
+  // dark too.
+  if (!HasPanelPower(false)) {
+    SendOutputs(0);
+    return;
+  }
+  const std::uint32_t mask = OutputMask();
+  if (mask == lastOutputs_) return;
+  SendOutputs(mask);
+  if (gDebug.DebugSetDisplayFunction != 0) LogBits32("GFDIO_Module::SetDisplay - Indicators", mask);
+}
+
+void GFDIO_Module::ClearDisplay() { SendOutputs(0); }
+
+void GFDIO_Module::UpdateOutputs() {
+  for (SwitchFunction& record : outputFunctions) {
+    if (GetFunctionId(record) != 0) RefreshFunctionState(record);
+  }
+  SetDisplay();
+}
+
+void GFDIO_Module::AssignFunction(std::uint8_t, std::int32_t, std::int32_t, std::int32_t) {}
+
+std::int32_t GFDIO_Module::GetAssignedFunction(std::uint8_t) { return 0; }
+
+void GFDIO_Module::AssignInputFunction(const char* key, std::int32_t functionId, std::int32_t param1,
+                                       std::int32_t param2) {
+  const std::int32_t index = IndexOfKey(key, kGFDIOInputs);
+  if (index >= 0) Bind(inputFunctions[index], functionId, param1, param2);
+}
+
+void GFDIO_Module::AssignOffStateFunction(const char* key, std::int32_t functionId, std::int32_t param1,
+                                          std::int32_t param2) {
+  const std::int32_t index = IndexOfKey(key, kGFDIOInputs);
+  if (index >= 0) Bind(offStateFunctions[index], functionId, param1, param2);
+}
+
+void GFDIO_Module::AssignOutputFunction(const char* key, std::int32_t functionId, std::int32_t param1,
+                                        std::int32_t param2) {
+  const std::int32_t index = IndexOfKey(key, kGFDIOOutputs);
+  if (index >= 0) Bind(outputFunctions[index], functionId, param1, param2);
+}
+
+std::int32_t GFDIO_Module::GetInputFunctionId(const char* key) const {
+  const std::int32_t index = IndexOfKey(key, kGFDIOInputs);
+  return index < 0 ? 0 : GetFunctionId(inputFunctions[index]);
+}
+
+std::uint8_t GFDIO_Module::ParseSwitchType(const char* name) {
+  return static_cast<std::uint8_t>(ParseSwitchTypeName(name));
+}
+
+void GFDIO_Module::SetSwitchType(std::int32_t input, std::uint8_t switchType) {
+  if (input < 0 || input >= kGFDIOInputs) return;
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  switchTypes_[input] = switchType <= kGFDIOSelector ? switchType : std::uint8_t{kGFDIOButton};
+}
+
+std::uint8_t GFDIO_Module::SwitchType(std::int32_t input) const {
+  if (input < 0 || input >= kGFDIOInputs) return kGFDIOButton;
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  return switchTypes_[input];
+}
+
+std::uint64_t GFDIO_Module::PrevSwitchBank() const {
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  return prevSwitchBank_;
+}
+
+}  // namespace drav

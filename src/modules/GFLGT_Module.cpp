@@ -1,0 +1,133 @@
+#include "modules/GFLGT_Module.h"
+
+#include "functions/AvionicAdjust.h"
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+#include "modules/PanelPower.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::uint8_t kFlapsUpBit = 0x02;
+constexpr std::uint8_t kFlapsDownBit = 0x04;
+
+constexpr GearLightLayout kLGTLights{{{0x80, 0x40}, {0x08, 0x04}, {0x20, 0x10}}};
+
+// Wheel steps times the gain, held within 32 bits.
+std::int32_t ScaledSteps(std::int64_t steps, std::int32_t gain) {
+  const std::int64_t scaled = steps * gain;
+  if (scaled > INT32_MAX) return INT32_MAX;
+  if (scaled < INT32_MIN) return INT32_MIN;
+  return static_cast<std::int32_t>(scaled);
+}
+
+}  // namespace
+
+GFLGT_Module::GFLGT_Module() {
+  ClearFunction(gear);
+  ClearFunction(flaps);
+}
+
+void GFLGT_Module::Register(std::uint16_t unitNumber) {
+  GF_Abstract_Module::Register(unitNumber);
+
+  // The wheel count read here is movement from before the unit was bound: dropped. A unit that
+  // cannot be read counts as all switches open.
+  std::int16_t discarded = 0;
+  std::uint8_t switches = 0;
+  GFDev_GFLGT_GetState(unit, &discarded, &switches);
+  if (gDebug.DebugRegisterFunction != 0) LogBits16("GFLGT_Module::Register - SwitchState", switches);
+
+  const std::int32_t position = LeverPositionOf(switches);
+  decoding_.Reset(position, switches);
+  ExecuteFunction(gear, position > 0 ? kActionOff : kActionOn, 0, 0);
+}
+
+std::int32_t GFLGT_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr || value == nullptr) return -1;
+  const auto& input = *static_cast<const GFLGTInputRecord*>(record);
+  if (gDebug.DebugGetButtonFunction != 0) {
+    LogFormat("GFLGT_Module::GetButton -  Wheel = %d", input.value);
+    LogBits16("GFLGT_Module::GetButton - BtnState", input.switches);
+  }
+
+  if (input.value != 0) {
+    *value = input.value;
+    return kLGTWheelControl;
+  }
+  if ((input.switches & kFlapsUpBit) != 0) {
+    *value = -1;
+    return kLGTFlapsControl;
+  }
+  if ((input.switches & kFlapsDownBit) != 0) {
+    *value = 1;
+    return kLGTFlapsControl;
+  }
+  return decoding_.DetectLeverMove(input.switches, value) ? kLGTGearControl : -1;
+}
+
+void GFLGT_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (gDebug.DebugHandleInputFunction != 0) {
+    LogFormat("GFLGT_Module::HandleInput -  ControlID = %d, Value = %d", control, value);
+  }
+  switch (control) {
+    case kLGTGearControl: OperateLeverOrRocker(gear, value); break;
+    case kLGTFlapsControl: OperateLeverOrRocker(flaps, value); break;
+    case kLGTWheelControl:
+      if (wheel != nullptr) AdjustAvionicFunction(wheel, 0, ScaledSteps(value, wheelGain), 0);
+      break;
+    default: break;
+  }
+}
+
+void GFLGT_Module::UpdateOutputs() {
+  RefreshIfBound(gear);
+  RefreshIfBound(flaps);
+  SetDisplay();
+}
+
+void GFLGT_Module::SendLights(std::uint32_t mask) const {
+  GFDev_GFLGT_SetLEDs(unit, static_cast<std::uint8_t>(mask));
+}
+
+void GFLGT_Module::SetDisplay() {
+  const bool powered = HasPanelPower(false);
+  const std::uint8_t mask = powered ? ComposeGearLights(kLGTLights) : 0;
+  indicators_.Update(
+      powered, mask, [this](std::uint32_t bits) { SendLights(bits); }, "GFLGT_Module::SetDisplay - Indicators");
+}
+
+void GFLGT_Module::ClearDisplay() {
+  indicators_.Clear([this](std::uint32_t bits) { SendLights(bits); });
+}
+
+void GFLGT_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
+                                  std::int32_t param2) {
+  SwitchFunction* record = key == 'L' ? &gear : key == 'S' ? &flaps : nullptr;
+  if (record != nullptr) {
+    ClearFunction(*record);
+    CreateFunction(functionId, nullptr, *record, param1, param2);
+    return;
+  }
+  if (key != 'W') return;
+  // An id without an avionic object (NADA, a switch function) leaves the wheel unbound rather than
+  // still turning what it was bound to before.
+  wheel = nullptr;
+  SwitchFunction scratch;
+  ClearFunction(scratch);
+  CreateFunction(functionId, &wheel, scratch, param1, param2);
+}
+
+std::int32_t GFLGT_Module::GetAssignedFunction(std::uint8_t key) {
+  switch (key) {
+    case 'W': return wheel != nullptr ? GetAvionicFunctionId(*wheel) : 0;
+    case 'L': return GetFunctionId(gear);
+    case 'S': return GetFunctionId(flaps);
+    default: return 0;
+  }
+}
+
+}  // namespace drav

@@ -1,0 +1,325 @@
+#include "modules/GFMCPPro_Module.h"
+
+#include <atomic>
+#include <cstdio>
+#include <cstring>
+
+#include "functions/AvionicAdjust.h"
+#include "functions/AvionicDisplay.h"
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/CommandTables.h"
+#include "host/HostState.h"
+#include "host/Log.h"
+#include "host/OptionalXplmApi.h"
+#include "host/Settings.h"
+#include "modules/McpDisplaySlot.h"
+#include "modules/PanelPower.h"
+
+namespace drav {
+
+namespace {
+
+constexpr const char* kThreeBlank = "   ";
+constexpr const char* kSixBlank = "      ";
+constexpr std::uint32_t kInputMask = 0x00FFFFFFu;
+
+// Course and heading texts begin with a blank, which the three-digit displays skip; the speed text
+// keeps its two leading blanks, so the value sits at the right of its display.
+constexpr McpDisplaySlot kDisplays[GFMCPPro_Module::kDialCount] = {
+    {&GFDev_GFMCPPro_SetDisplay1, 1, 3, false, kThreeBlank, 'A'},
+    {&GFDev_GFMCPPro_SetDisplay2, 0, 6, false, kSixBlank, 'B'},
+    {&GFDev_GFMCPPro_SetDisplay3, 1, 3, false, kThreeBlank, 'C'},
+    {&GFDev_GFMCPPro_SetDisplay4, 0, 5, false, kSixBlank, 'D'},
+    {&GFDev_GFMCPPro_SetDisplay5, 0, 5, false, kSixBlank, 'E'},
+    {&GFDev_GFMCPPro_SetDisplay6, 1, 3, false, kThreeBlank, 'F'},
+};
+
+// Rows of X737McpCommands (the aircraft's own order, not the panel's).
+enum X737Row : std::int32_t {
+  kNoX737Command = -1,
+  kFdA = 0,
+  kAthrArm = 1,
+  kN1Mode = 2,
+  kMcpSpdMode = 3,
+  kChangeover = 4,
+  kVnav = 5,
+  kSpdIntv = 6,
+  kLvlChange = 7,
+  kHdgSel = 8,
+  kLnav = 9,
+  kVorLoc = 10,
+  kApp = 11,
+  kAltHld = 12,
+  kAltIntv = 13,
+  kVs = 14,
+  kCmdA = 15,
+  kCmdB = 16,
+  kApDisconnect = 17,
+  kFdB = 18,
+};
+
+// Panel input -> x737 MCP command row. The spare buttons and the knob pushes (9..13) have none.
+constexpr std::int32_t kX737RowOfControl[GFMCPPro_Module::kButtonCount] = {
+    kVnav,    kLnav,          kCmdA,     kCmdB,      kAthrArm,      kChangeover,   kSpdIntv, kVorLoc,
+    kAltIntv, kNoX737Command, kNoX737Command, kNoX737Command, kNoX737Command, kNoX737Command,
+    kFdA,     kN1Mode,        kMcpSpdMode, kLvlChange, kHdgSel,     kApp,          kAltHld,  kVs,
+    kApDisconnect, kFdB,
+};
+
+// The take-over flag as the last SetDisplay saw it, shared by every unit.
+std::int32_t gSeenTakeover = 0;
+
+bool TakenOver() { return McpProDisabled != 0; }
+
+// GetButton asks from the device input thread while the dataref accessor writes on the main thread.
+bool TakenOverSeenFromInputThread() {
+  return std::atomic_ref<int>(McpProDisabled).load(std::memory_order_relaxed) != 0;
+}
+
+bool IsLatchingSwitch(std::int32_t control) {
+  return control == GFMCPPro_Module::kControlAutothrottleArm || control == GFMCPPro_Module::kControlAltitudeKnob ||
+         control == GFMCPPro_Module::kControlFlightDirectorLeft ||
+         control == GFMCPPro_Module::kControlFlightDirectorRight;
+}
+
+// The latching switches that have an x737 command: on and off follow the switch position.
+bool IsX737LatchingSwitch(std::int32_t control) {
+  return control == GFMCPPro_Module::kControlAutothrottleArm ||
+         control == GFMCPPro_Module::kControlFlightDirectorLeft ||
+         control == GFMCPPro_Module::kControlFlightDirectorRight;
+}
+
+bool IsButtonKey(std::uint8_t key) { return key < GFMCPPro_Module::kButtonCount; }
+
+std::int32_t DialIndexOfKey(std::uint8_t key) {
+  const std::int32_t index = key - GFMCPPro_Module::kFirstDialKey;
+  return index >= 0 && index < GFMCPPro_Module::kDialCount ? index : -1;
+}
+
+void RunX737(std::int32_t row, bool on) {
+  if (row < 0 || row >= kX737McpCommandCount) return;
+  RunCommandOnce(on ? X737McpCommands[row].on : X737McpCommands[row].off);
+}
+
+void SendLightMask(std::int32_t unit, std::uint32_t mask) { GFDev_GFMCPPro_SetLEDs(unit, mask); }
+
+}  // namespace
+
+std::int32_t GFMCPPro_Module::X737CommandIndex(std::int32_t control) {
+  return control >= 0 && control < kButtonCount ? kX737RowOfControl[control] : kNoX737Command;
+}
+
+void GFMCPPro_Module::ForgetSeenTakeover() { gSeenTakeover = 0; }
+
+GFMCPPro_Module::GFMCPPro_Module() {
+  for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
+}
+
+std::uint32_t GFMCPPro_Module::SwitchState() const {
+  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  return switchState_;
+}
+
+void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
+  if (TakenOver()) return;
+  GF_Abstract_Module::Register(unitNumber);
+
+  // Encoder counts are thrown away: only movement after registration is input.
+  std::int16_t ignored[kDialCount] = {};
+  std::uint32_t switches = 0;
+  GFDev_GFMCPPro_GetState(unit, &ignored[0], &ignored[1], &ignored[2], &ignored[3], &ignored[4], &ignored[5],
+                          &switches);
+  {
+    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    switchState_ = switches;
+  }
+  if (gDebug.DebugRegisterFunction != 0) LogBits16("GFMCPPro_Module::Register - SwitchState", switches & 0xFFFFu);
+
+  GFDev_GFMCPPro_SetBrightness(unit, static_cast<std::uint16_t>(DisplayBrightnessLevel));
+
+  if (X737McpDirect != 0) {
+    SyncX737Switches(switches);
+    return;
+  }
+  const bool barDown = (switches & (std::uint32_t{1} << kControlDisengage)) != 0;
+  ExecuteFunction(buttonFunctions[kControlDisengage], barDown ? kActionOff : kActionOn, 0, 0);
+}
+
+// The aircraft's MCP starts with the panel's switch positions: the bar down disconnects, the
+// arm and flight-director switches are on when up.
+void GFMCPPro_Module::SyncX737Switches(std::uint32_t switches) {
+  const auto isSet = [switches](std::int32_t bit) { return (switches & (std::uint32_t{1} << bit)) != 0; };
+  RunX737(kApDisconnect, !isSet(kControlDisengage));
+  for (std::int32_t control : {kControlAutothrottleArm, kControlFlightDirectorLeft, kControlFlightDirectorRight}) {
+    RunX737(X737CommandIndex(control), isSet(control));
+  }
+}
+
+std::int32_t GFMCPPro_Module::GetButton(const void* record, std::int32_t* value) {
+  if (TakenOverSeenFromInputThread() || record == nullptr || value == nullptr) return -1;
+  const auto& input = *static_cast<const GFMCPProInputRecord*>(record);
+  const bool logging = gDebug.DebugGetButtonFunction != 0;
+  if (logging) {
+    LogFormat(
+        "GFMCPPro_Module::GetButton -  Dial A = %d, Dial B = %d, Dial C = %d, Dial D = %d, Dial E = %d, Dial F = %d",
+        input.encoders[0], input.encoders[1], input.encoders[2], input.encoders[3], input.encoders[4],
+        input.encoders[5]);
+  }
+  EncoderMove dials[kDialCount];
+  for (std::int32_t i = 0; i < kDialCount; ++i) dials[i] = {input.encoders[i], kControlFirstDial + i};
+  const std::int32_t dial = FirstEncoderMove(dials, value);
+  if (dial != -1) return dial;
+
+  if (logging) LogBits16("GFMCPPro_Module::GetButton - BtnState", input.switches & 0xFFFFu);
+  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  const InputBank inputs{input.switches & kInputMask, &switchState_, kButtonCount, 0};
+  return DetectBankChange(inputs, value);
+}
+
+void GFMCPPro_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (TakenOver()) return;
+  if (X737McpDirect != 0) {
+    HandleX737Input(control, value);
+  } else {
+    HandleOwnInput(control, value);
+  }
+  SetDisplay();
+}
+
+void GFMCPPro_Module::HandleX737Input(std::int32_t control, std::int32_t value) {
+  if (control >= kControlFirstDial) {
+    AdjustDial(control, value);
+    return;
+  }
+  const std::int32_t row = X737CommandIndex(control);
+  if (row == kNoX737Command) return;
+  if (IsX737LatchingSwitch(control)) {
+    RunX737(row, value == 1);
+  } else if (control == kControlDisengage) {
+    RunX737(row, value == 0);  // bar up engages, as in Register
+  } else if (value == 1) {
+    RunCommandOnce(X737McpCommands[row].toggle);
+  }
+}
+
+void GFMCPPro_Module::HandleOwnInput(std::int32_t control, std::int32_t value) {
+  if (control >= kControlFirstDial) {
+    AdjustDial(control, value);
+    return;
+  }
+  if (control < 0 || control >= kButtonCount) return;
+  SwitchFunction& record = buttonFunctions[control];
+  if (control == kControlDisengage) {
+    ExecuteFunction(record, value == 1 ? kActionOff : kActionOn, 0, 0);
+  } else if (IsLatchingSwitch(control)) {
+    ExecuteFunction(record, value == 1 ? kActionOn : kActionOff, 0, 0);
+  } else {
+    ExecuteFunction(record, value != 0 ? kActionToggle : kActionRelease, 0, 0);
+  }
+}
+
+void GFMCPPro_Module::AdjustDial(std::int32_t control, std::int32_t value) {
+  const std::int32_t index = control - kControlFirstDial;
+  if (index < 0 || index >= kDialCount) return;
+  if (dialFunctions[index] != nullptr) AdjustAvionicFunction(dialFunctions[index], 0, value, 0);
+}
+
+void GFMCPPro_Module::UpdateOutputs() {
+  for (AvionicFunction* dial : dialFunctions) {
+    if (dial == nullptr) break;
+    if (GetAvionicFunctionId(*dial) != kNada) FormatAvionicDisplay(*dial);
+  }
+  for (SwitchFunction& record : buttonFunctions) {
+    if (GetFunctionId(record) != kNada) RefreshFunctionState(record);
+  }
+  SetDisplay();
+}
+
+// Returns true while another plug-in holds the panel. The first unit to see the panel handed
+// back forgets what it sent, so that it sends everything again.
+bool GFMCPPro_Module::TrackTakeover() {
+  if (McpProDisabled != gSeenTakeover) {
+    gSeenTakeover = McpProDisabled;
+    if (gSeenTakeover == 0) {
+      lights_.Clear([](std::uint32_t) {});  // forgotten, not sent: the mask below goes out whole
+      ForgetTexts();
+    }
+  }
+  return TakenOver();
+}
+
+void GFMCPPro_Module::SetDisplay() {
+  if (TrackTakeover()) return;
+  const bool powered = HasPanelPower(true);
+  SendLights(powered);
+  SendDisplays(powered);
+}
+
+void GFMCPPro_Module::SendLights(bool powered) {
+  std::uint32_t mask = 0;
+  for (std::int32_t i = 0; i < kButtonCount; ++i) {
+    if (GetFunctionState(buttonFunctions[i]) == 1) mask |= std::uint32_t{1} << i;
+  }
+  lights_.Update(
+      powered, mask, [this](std::uint32_t sent) { SendLightMask(unit, sent); },
+      "GFMCPPro_Module::SetDisplay - Indicators");
+}
+
+void GFMCPPro_Module::SendDisplays(bool powered) {
+  if (!powered) {
+    for (const McpDisplaySlot& slot : kDisplays) slot.send(unit, slot.blank);
+    ForgetTexts();
+    return;
+  }
+  const bool logging = DisplayLoggingEnabled();
+  for (std::int32_t i = 0; i < kDialCount; ++i) {
+    const AvionicFunction* dial = dialFunctions[i];
+    if (dial == nullptr || std::strncmp(dial->text, lastText[i], kTextSize - 1) == 0) continue;
+    char shown[kTextSize + 2];
+    ComposeMcpDisplayText(kDisplays[i], dial->text, shown, sizeof shown);
+    kDisplays[i].send(unit, shown);
+    std::snprintf(lastText[i], kTextSize, "%s", dial->text);
+    if (logging) LogFormat("GFMCPPro_Module::SetDisplay -  %c freqval = %s", kDisplays[i].letter, shown);
+  }
+}
+
+void GFMCPPro_Module::ForgetTexts() {
+  for (char* text : lastText) text[0] = '\0';
+}
+
+void GFMCPPro_Module::ClearDisplay() {
+  if (TakenOver()) return;
+  lights_.Clear([this](std::uint32_t sent) { SendLightMask(unit, sent); });
+  for (const McpDisplaySlot& slot : kDisplays) slot.send(unit, slot.blank);
+  ForgetTexts();
+}
+
+void GFMCPPro_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
+                                     std::int32_t param2) {
+  if (TakenOver()) return;
+  if (IsButtonKey(key)) {
+    SwitchFunction& record = buttonFunctions[key];
+    ClearFunction(record);
+    CreateFunction(functionId, nullptr, record, param1, param2);
+    return;
+  }
+  if (const std::int32_t dial = DialIndexOfKey(key); dial != -1) {
+    // A dial loaded with something that is not a display function ends up unbound.
+    dialFunctions[dial] = nullptr;
+    SwitchFunction unused;
+    ClearFunction(unused);
+    CreateFunction(functionId, &dialFunctions[dial], unused, param1, param2);
+  }
+}
+
+std::int32_t GFMCPPro_Module::GetAssignedFunction(std::uint8_t key) {
+  if (TakenOver()) return kNada;
+  if (IsButtonKey(key)) return GetFunctionId(buttonFunctions[key]);
+  if (const std::int32_t dial = DialIndexOfKey(key); dial != -1) {
+    return dialFunctions[dial] != nullptr ? GetAvionicFunctionId(*dialFunctions[dial]) : kNada;
+  }
+  return kNada;
+}
+
+}  // namespace drav

@@ -1,0 +1,202 @@
+#include "modules/GFMCP_Module.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "functions/AvionicAdjust.h"
+#include "functions/AvionicDisplay.h"
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+#include "modules/McpDisplaySlot.h"
+#include "modules/PanelPower.h"
+
+namespace drav {
+
+namespace {
+
+constexpr const char* kThreeBlank = "   ";
+constexpr const char* kSixBlank = "      ";
+
+// Course and heading texts begin with a blank and the speed text with two, which the three-digit
+// displays skip; the two six-digit displays show the whole text one digit in from the left edge.
+constexpr McpDisplaySlot kDisplays[GFMCP_Module::kDialCount] = {
+    {&GFDev_GFMCP_SetDisplay1, 1, 3, false, kThreeBlank, 'A'},
+    {&GFDev_GFMCP_SetDisplay2, 1, 3, false, kThreeBlank, 'B'},
+    {&GFDev_GFMCP_SetDisplay3, 2, 4, false, kThreeBlank, 'C'},
+    {&GFDev_GFMCP_SetDisplay4, 0, kWholeText, true, kSixBlank, 'D'},
+    {&GFDev_GFMCP_SetDisplay5, 0, kWholeText, true, kSixBlank, 'E'},
+};
+
+std::int32_t ButtonIndexOfKey(std::uint8_t key) {
+  return key >= '1' && key <= '9' ? key - '1' : -1;
+}
+
+std::int32_t DialIndexOfKey(std::uint8_t key) {
+  return key >= 'A' && key <= 'E' ? key - 'A' : -1;
+}
+
+void SendLightMask(std::int32_t unit, std::uint32_t mask) {
+  GFDev_GFMCP_SetLEDs(unit, static_cast<std::uint8_t>(mask));
+}
+
+}  // namespace
+
+GFMCP_Module::GFMCP_Module() {
+  for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
+}
+
+std::uint8_t GFMCP_Module::SwitchVals1_8() const {
+  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  return static_cast<std::uint8_t>(switchVals1_8_);
+}
+
+std::uint8_t GFMCP_Module::SwitchVals9_16() const {
+  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  return static_cast<std::uint8_t>(switchVals9_16_);
+}
+
+// The bar is down (bit set) when the autopilot is to be disconnected: its function runs inverted.
+void GFMCP_Module::SetDisengageBar(bool barDown) {
+  ExecuteFunction(buttonFunctions[kControlDisengage], barDown ? kActionOff : kActionOn, 0, 0);
+}
+
+void GFMCP_Module::Register(std::uint16_t unitNumber) {
+  GF_Abstract_Module::Register(unitNumber);
+
+  // Encoder counts are thrown away: only movement after registration is input.
+  std::int16_t ignored[kDialCount] = {};
+  std::uint8_t bank1 = 0;
+  std::uint8_t bank2 = 0;
+  GFDev_GFMCP_GetState(unit, &ignored[0], &ignored[1], &ignored[2], &ignored[3], &ignored[4], &bank1, &bank2);
+  {
+    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    switchVals1_8_ = bank1;
+    switchVals9_16_ = bank2;
+  }
+  if (gDebug.DebugRegisterFunction != 0) {
+    LogBits16("GFMCP_Module::Register - SwitchVals1_8", bank1);
+    LogBits16("GFMCP_Module::Register - SwitchVals9_16", bank2);
+  }
+  SetDisengageBar((bank2 & 0x01) != 0);
+}
+
+std::int32_t GFMCP_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr || value == nullptr) return -1;
+  const auto& input = *static_cast<const GFMCPInputRecord*>(record);
+  const bool logging = gDebug.DebugGetButtonFunction != 0;
+  if (logging) {
+    LogFormat("GFMCP_Module::GetButton -  Dial A = %d, Dial B = %d, Dial C = %d, Dial D = %d, Dial E = %d",
+              input.encoders[0], input.encoders[1], input.encoders[2], input.encoders[3], input.encoders[4]);
+  }
+  EncoderMove dials[kDialCount];
+  for (std::int32_t i = 0; i < kDialCount; ++i) dials[i] = {input.encoders[i], kControlFirstDial + i};
+  const std::int32_t dial = FirstEncoderMove(dials, value);
+  if (dial != -1) return dial;
+
+  if (logging) LogBits16("GFMCP_Module::GetButton - BtnState1_8", input.buttons1);
+  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  const InputBank buttons{input.buttons1, &switchVals1_8_, kLitButtonCount, 0};
+  const std::int32_t button = DetectBankChange(buttons, value);
+  if (button != -1) return button;
+
+  if (logging) LogBits16("GFMCP_Module::GetButton - BtnState9_16", input.buttons2);
+  // Only bit 0 of the second bank (the bar) is wired.
+  const InputBank bar{input.buttons2, &switchVals9_16_, 1, kControlDisengage};
+  return DetectBankChange(bar, value);
+}
+
+void GFMCP_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (control >= 0 && control < kLitButtonCount) {
+    ExecuteFunction(buttonFunctions[control], value != 0 ? kActionToggle : kActionRelease, 0, 0);
+  } else if (control == kControlDisengage) {
+    SetDisengageBar(value == 1);
+  } else if (control >= kControlFirstDial && control < kControlFirstDial + kDialCount) {
+    AvionicFunction* dial = dialFunctions[control - kControlFirstDial];
+    if (dial != nullptr) AdjustAvionicFunction(dial, 0, value, 0);
+  }
+}
+
+void GFMCP_Module::UpdateOutputs() {
+  // The dials are bound from A on; the first gap ends the bound ones.
+  for (AvionicFunction* dial : dialFunctions) {
+    if (dial == nullptr) break;
+    if (GetAvionicFunctionId(*dial) != kNada) FormatAvionicDisplay(*dial);
+  }
+  for (SwitchFunction& record : buttonFunctions) {
+    if (GetFunctionId(record) != kNada) RefreshFunctionState(record);
+  }
+  SetDisplay();
+}
+
+void GFMCP_Module::SetDisplay() {
+  const bool powered = HasPanelPower(true);
+  SendLights(powered);
+  SendDisplays(powered);
+}
+
+void GFMCP_Module::SendLights(bool powered) {
+  std::uint32_t mask = 0;
+  for (std::int32_t i = 0; i < kLitButtonCount; ++i) {
+    if (GetFunctionState(buttonFunctions[i]) == 1) mask |= std::uint32_t{1} << i;
+  }
+  lights_.Update(
+      powered, mask, [this](std::uint32_t sent) { SendLightMask(unit, sent); }, "GFMCP_Module::SetDisplay - Indicators");
+}
+
+void GFMCP_Module::SendDisplays(bool powered) {
+  if (!powered) {
+    for (const McpDisplaySlot& slot : kDisplays) slot.send(unit, slot.blank);
+    ForgetTexts();
+    return;
+  }
+  const bool logging = DisplayLoggingEnabled();
+  for (std::int32_t i = 0; i < kDialCount; ++i) {
+    const AvionicFunction* dial = dialFunctions[i];
+    if (dial == nullptr || std::strncmp(dial->text, lastText[i], kTextSize - 1) == 0) continue;
+    char shown[kTextSize + 2];
+    ComposeMcpDisplayText(kDisplays[i], dial->text, shown, sizeof shown);
+    kDisplays[i].send(unit, shown);
+    std::snprintf(lastText[i], kTextSize, "%s", dial->text);
+    if (logging) LogFormat("GFMCP_Module::SetDisplay -  %c freqval = %s", kDisplays[i].letter, shown);
+  }
+}
+
+void GFMCP_Module::ForgetTexts() {
+  for (char* text : lastText) text[0] = '\0';
+}
+
+void GFMCP_Module::ClearDisplay() {
+  lights_.Clear([this](std::uint32_t sent) { SendLightMask(unit, sent); });
+  for (const McpDisplaySlot& slot : kDisplays) slot.send(unit, slot.blank);
+  ForgetTexts();
+}
+
+void GFMCP_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
+                                  std::int32_t param2) {
+  if (const std::int32_t button = ButtonIndexOfKey(key); button != -1) {
+    SwitchFunction& record = buttonFunctions[button];
+    ClearFunction(record);
+    CreateFunction(functionId, nullptr, record, param1, param2);
+    return;
+  }
+  if (const std::int32_t dial = DialIndexOfKey(key); dial != -1) {
+    // A dial loaded with something that is not a display function ends up unbound, not with the
+    // function it had before.
+    dialFunctions[dial] = nullptr;
+    SwitchFunction unused;
+    ClearFunction(unused);
+    CreateFunction(functionId, &dialFunctions[dial], unused, param1, param2);
+  }
+}
+
+std::int32_t GFMCP_Module::GetAssignedFunction(std::uint8_t key) {
+  if (const std::int32_t button = ButtonIndexOfKey(key); button != -1) return GetFunctionId(buttonFunctions[button]);
+  if (const std::int32_t dial = DialIndexOfKey(key); dial != -1) {
+    return dialFunctions[dial] != nullptr ? GetAvionicFunctionId(*dialFunctions[dial]) : kNada;
+  }
+  return kNada;
+}
+
+}  // namespace drav

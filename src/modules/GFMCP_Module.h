@@ -1,0 +1,70 @@
+// The GF-MCP autopilot panel: eight lit push buttons, the autopilot disengage bar, five encoders
+// (A..E) and a numeric display above each, showing the value of the function bound to its encoder.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+
+#include "functions/FunctionObjects.h"
+#include "modules/GF_Abstract_Module.h"
+#include "modules/ModuleMechanics.h"
+
+namespace drav {
+
+class GFMCP_Module : public GF_Abstract_Module {
+ public:
+  static constexpr std::int32_t kLitButtonCount = 8;
+  static constexpr std::int32_t kButtonCount = 9;  // the lit buttons and the disengage bar
+  static constexpr std::int32_t kDialCount = 5;
+  // Control ids that GetButton reports: buttons 0..7, the bar, then encoders A..E.
+  static constexpr std::int32_t kControlDisengage = 8;
+  static constexpr std::int32_t kControlFirstDial = 9;
+  static constexpr std::size_t kTextSize = 10;
+
+  GFMCP_Module();
+  GFMCP_Module(const GFMCP_Module&) = default;
+  GFMCP_Module& operator=(const GFMCP_Module&) = default;
+  ~GFMCP_Module() override = default;
+
+  void Register(std::uint16_t unitNumber) override;
+  void SetDisplay() override;
+  std::int32_t GetButton(const void* record, std::int32_t* value) override;
+  void ClearDisplay() override;
+  void HandleInput(std::int32_t control, std::int32_t value) override;
+  void UpdateOutputs() override;
+  void AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1, std::int32_t param2) override;
+  std::int32_t GetAssignedFunction(std::uint8_t key) override;
+
+  SwitchFunction buttonFunctions[kButtonCount];       // keys '1'..'9'; '9' is the disengage bar
+  AvionicFunction* dialFunctions[kDialCount] = {};    // keys 'A'..'E'
+  char lastText[kDialCount][kTextSize] = {};          // the dial text each display last took
+
+  // The input banks that the next record is compared with.
+  std::uint8_t SwitchVals1_8() const;
+  std::uint8_t SwitchVals9_16() const;
+  std::uint8_t LastIndicators() const { return static_cast<std::uint8_t>(lights_.LastSent()); }
+
+ private:
+  // A mutex that a copied module does not share: containers grow by copying module objects, and
+  // each object guards only its own decoding state.
+  struct DecodingLock {
+    DecodingLock() = default;
+    DecodingLock(const DecodingLock&) {}
+    DecodingLock& operator=(const DecodingLock&) { return *this; }
+    std::mutex mutex;
+  };
+
+  void SetDisengageBar(bool barDown);
+  void SendLights(bool powered);
+  void SendDisplays(bool powered);
+  void ForgetTexts();
+
+  // Owned by GetButton on the input thread; Register resets them on the main thread.
+  std::uint32_t switchVals1_8_ = 0;
+  std::uint32_t switchVals9_16_ = 0;
+  mutable DecodingLock decodingLock_;
+  LightMaskSender lights_;  // lastIndicators
+};
+
+}  // namespace drav

@@ -1,0 +1,191 @@
+#include "modules/GFSECM_Module.h"
+
+#include <cstdlib>
+
+#include "hid/GFDev.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+#include "modules/ModuleMechanics.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::int32_t kSECMSwitchBits = 12;
+constexpr std::uint8_t kKeyBoth = 4;
+constexpr std::uint8_t kKeyStart = 5;
+constexpr std::uint8_t kFlapsUp = 1;
+constexpr std::uint8_t kFlapsDown = 2;
+
+bool IsBoundKey(std::uint8_t key) { return key < kSECMControls; }
+
+void LogState(const char* const labels[5], const GFSECMInputRecord& state) {
+  LogBits16(labels[0], state.rotary);
+  LogBits16(labels[1], state.second);
+  LogBits16(labels[2], state.third);
+  LogBits16(labels[3], state.fourth);
+  LogBits16(labels[4], state.switches);
+}
+
+const char* const kRegisterLabels[5] = {
+    "GFSECM_Module::Register - Selector", "GFSECM_Module::Register - GearState",
+    "GFSECM_Module::Register - WingFlapsState", "GFSECM_Module::Register - CowlFlapsState",
+    "GFSECM_Module::Register - SwitchState"};
+const char* const kGetButtonLabels[5] = {
+    "GFSECM_Module::GetButton - Selector", "GFSECM_Module::GetButton - GearState",
+    "GFSECM_Module::GetButton - WingFlapsState", "GFSECM_Module::GetButton - CowlFlapsState",
+    "GFSECM_Module::GetButton - SwitchState"};
+
+// A two-state input (cowl flaps, gear): reports 1 when it comes on, 0 when it goes off.
+std::int32_t DetectTwoState(std::uint8_t now, std::uint8_t* last, std::int32_t control, std::int32_t* value) {
+  if (now != 0 && *last == 0) {
+    *last = now;
+    *value = 1;
+    return control;
+  }
+  if (now == 0 && *last != 0) {
+    *last = 0;
+    *value = 0;
+    return control;
+  }
+  return -1;
+}
+
+}  // namespace
+
+GFSECM_Module::GFSECM_Module() {
+  for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
+}
+
+GFSECM_Module::GFSECM_Module(const GFSECM_Module& other) : GF_Abstract_Module(other) {
+  for (std::int32_t i = 0; i < kSECMFunctionSlots; ++i) buttonFunctions[i] = other.buttonFunctions[i];
+  decoding_ = other.State();
+}
+
+GFSECM_Module& GFSECM_Module::operator=(const GFSECM_Module& other) {
+  if (this == &other) return *this;
+  GF_Abstract_Module::operator=(other);
+  for (std::int32_t i = 0; i < kSECMFunctionSlots; ++i) buttonFunctions[i] = other.buttonFunctions[i];
+  const GFSECMInputRecord state = other.State();
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  decoding_ = state;
+  return *this;
+}
+
+GFSECMInputRecord GFSECM_Module::State() const {
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  return decoding_;
+}
+
+void GFSECM_Module::Switch(std::int32_t control, bool on) {
+  ExecuteFunction(buttonFunctions[control], on ? kActionOn : kActionOff, 0, 0);
+}
+
+void GFSECM_Module::Register(std::uint16_t unitNumber) {
+  GF_Abstract_Module::Register(unitNumber);
+
+  GFSECMInputRecord state{};  // a unit that cannot be read counts as all off, key unknown
+  GFDev_GFSECM_GetState(unit, &state.rotary, &state.second, &state.third, &state.fourth, &state.switches);
+  {
+    std::lock_guard<std::mutex> lock(decodingLock_);
+    decoding_ = state;
+  }
+  if (gDebug.DebugRegisterFunction != 0) LogState(kRegisterLabels, state);
+
+  for (std::int32_t i = 0; i < kSECMSwitchBits; ++i) Switch(i, (state.switches & (1u << i)) != 0);
+  Switch(kSECMCowlFlapsControl, state.fourth != 0);
+  // The gear function's "on" is gear down, which is the lever's state 0.
+  Switch(kSECMGearControl, state.second == 0);
+
+  if (state.rotary == kKeyStart) {
+    Switch(kSECMStartControl, true);
+  } else if (state.rotary >= 1 && state.rotary <= kKeyBoth) {
+    ExecuteFunction(buttonFunctions[state.rotary + kSECMKeyBase], kActionSet, state.rotary, 1);
+  }
+
+  if (state.third == kFlapsUp) Switch(kSECMFlapsControl, false);
+  if (state.third == kFlapsDown) Switch(kSECMFlapsControl, true);
+}
+
+std::int32_t GFSECM_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr || value == nullptr) return -1;
+  const auto& state = *static_cast<const GFSECMInputRecord*>(record);
+  if (gDebug.DebugGetButtonFunction != 0) LogState(kGetButtonLabels, state);
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  return DecodeLocked(state, value);
+}
+
+std::int32_t GFSECM_Module::DecodeLocked(const GFSECMInputRecord& record, std::int32_t* value) {
+  std::uint32_t prevSwitches = decoding_.switches;
+  const InputBank switches{record.switches, &prevSwitches, kSECMSwitchBits, 0};
+  std::int32_t control = DetectBankChange(switches, value);
+  decoding_.switches = static_cast<std::uint16_t>(prevSwitches);
+  if (control >= 0) return control;
+
+  control = DetectTwoState(record.fourth, &decoding_.fourth, kSECMCowlFlapsControl, value);
+  if (control >= 0) return control;
+  control = DetectTwoState(record.second, &decoding_.second, kSECMGearControl, value);
+  if (control >= 0) return control;
+
+  const std::uint8_t position = record.rotary;
+  *value = 0;
+  if (position == decoding_.rotary) {
+    // The rocker is not remembered: while held, every record steps the flaps once more.
+    if (record.third == kFlapsUp) {
+      *value = -1;
+      return kSECMFlapsControl;
+    }
+    if (record.third == kFlapsDown) {
+      *value = 1;
+      return kSECMFlapsControl;
+    }
+    return -1;
+  }
+  const std::uint8_t from = decoding_.rotary;
+  decoding_.rotary = position;
+  // The device delivers only records with a key position; anything else must not pose as the gear.
+  if (position < 1 || position > kKeyStart) return -1;
+  if (from == kKeyBoth && position == kKeyStart) {
+    *value = 1;
+    return kSECMStartControl;
+  }
+  if (from == kKeyStart && position == kKeyBoth) {
+    *value = 0;
+    return kSECMStartControl;
+  }
+  *value = position - 1;
+  return position + kSECMKeyBase;
+}
+
+void GFSECM_Module::ClearDisplay() {
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  decoding_ = GFSECMInputRecord{};
+}
+
+void GFSECM_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (control < 0 || control >= kSECMControls) return;
+  if (control == kSECMGearControl) {
+    Switch(control, value == 0);
+  } else if (control >= kSECMKeyBase + 1 && control < kSECMStartControl) {
+    ExecuteFunction(buttonFunctions[control], kActionSet, value, 1);
+  } else if (control == kSECMFlapsControl) {
+    const bool down = value > 0;
+    for (std::int32_t step = std::abs(value); step > 0; --step) Switch(control, down);
+  } else {
+    Switch(control, value != 0);  // switches, cowl flaps, start
+  }
+}
+
+void GFSECM_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
+                                   std::int32_t param2) {
+  if (!IsBoundKey(key)) return;
+  SwitchFunction& record = buttonFunctions[key];
+  ClearFunction(record);
+  CreateFunction(functionId, nullptr, record, param1, param2);
+}
+
+std::int32_t GFSECM_Module::GetAssignedFunction(std::uint8_t key) {
+  return IsBoundKey(key) ? GetFunctionId(buttonFunctions[key]) : 0;
+}
+
+}  // namespace drav

@@ -1,0 +1,74 @@
+#include "modules/GFTQ6_Module.h"
+
+#include <algorithm>
+
+#include "hid/InputRecords.h"
+#include "host/Log.h"
+#include "host/Settings.h"
+
+namespace drav {
+
+GFTQ6_Module::GFTQ6_Module() {
+  for (LeverFunction& lever : levers) InitLever(lever);
+}
+
+LeverFunction* GFTQ6_Module::LeverOf(LeverFunction (&all)[kTQ6LeverCount], std::uint8_t key) {
+  if (key < 'A' || key >= 'A' + kTQ6LeverCount) return nullptr;
+  return &all[key - 'A'];
+}
+
+std::int32_t GFTQ6_Module::GetButton(const void* record, std::int32_t* /*value*/) {
+  if (record == nullptr) return -1;
+  const auto& input = *static_cast<const GFTQ6InputRecord*>(record);
+  {
+    std::lock_guard<std::mutex> lock(recordLock_.mutex);
+    std::copy(std::begin(input.levers), std::end(input.levers), leverPositions_);
+    leverSwitches_ = input.switches;
+  }
+  if (gDebug.DebugGetButtonFunction != 0) {
+    LogFormat("GFTQ6_Module::GetButton -  Lever A = %d, Lever B = %d, Lever C = %d, Lever D = %d, Lever E = %d, "
+              "Lever F = %d",
+              input.levers[0], input.levers[1], input.levers[2], input.levers[3], input.levers[4], input.levers[5]);
+    LogBits16("GFTQ6_Module::GetButton - SwitchState", input.switches);
+  }
+  return 0;  // every record is one event: HandleInput moves all levers
+}
+
+void GFTQ6_Module::LastRecord(std::uint8_t (&positions)[kTQ6LeverCount], std::uint8_t* switches) const {
+  std::lock_guard<std::mutex> lock(recordLock_.mutex);
+  std::copy(std::begin(leverPositions_), std::end(leverPositions_), positions);
+  *switches = leverSwitches_;
+}
+
+void GFTQ6_Module::HandleInput(std::int32_t /*control*/, std::int32_t /*value*/) {
+  std::uint8_t positions[kTQ6LeverCount];
+  std::uint8_t switches = 0;
+  LastRecord(positions, &switches);  // the levers move outside the lock: they write datarefs
+  for (int i = 0; i < kTQ6LeverCount; ++i) {
+    MoveLever(levers[i], positions[i], switches & (1u << i));
+  }
+}
+
+void GFTQ6_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t /*param1*/,
+                                  std::int32_t /*param2*/) {
+  if (LeverFunction* lever = LeverOf(levers, key)) BindLever(*lever, functionId);
+}
+
+std::int32_t GFTQ6_Module::GetAssignedFunction(std::uint8_t key) {
+  const LeverFunction* lever = LeverOf(levers, key);
+  return lever != nullptr ? GetLeverFunctionId(*lever) : 0;
+}
+
+void GFTQ6_Module::SetLeverReversers(float reversePoint, float betaPoint, float reverserPower) {
+  for (LeverFunction& lever : levers) SetLeverReverser(lever, reversePoint, betaPoint, reverserPower);
+}
+
+void GFTQ6_Module::SetFlapNullZones(float flapNullZone) {
+  for (LeverFunction& lever : levers) SetFlapNullZone(lever, flapNullZone);
+}
+
+void GFTQ6_Module::ReloadLevers() {
+  for (LeverFunction& lever : levers) RebindLever(lever);
+}
+
+}  // namespace drav

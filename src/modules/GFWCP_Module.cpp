@@ -1,0 +1,140 @@
+#include "modules/GFWCP_Module.h"
+
+#include "functions/FunctionCatalogue.h"
+#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
+#include "host/CommandTables.h"
+#include "host/OptionalXplmApi.h"
+#include "modules/PanelPower.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::uint8_t kFirstButtonKey = '1';
+constexpr std::uint8_t kDarkColour = 0;
+
+// The annunciator functions whose press clears something in the simulator, with the index of
+// their command in AnnunciatorCommands.
+struct AnnunciatorButton {
+  FunctionId functionId;
+  std::size_t command;
+};
+constexpr AnnunciatorButton kAnnunciatorButtons[] = {
+    {474, 0},  // WCP_MASTER_WARNING: clear master warning
+    {473, 1},  // WCP_MASTER_CAUTION: clear master caution
+    {475, 2},  // WCP_MASTER_ACCEPT: clear master accept
+};
+
+std::int32_t ButtonIndexOfKey(std::uint8_t key) {
+  const std::int32_t index = static_cast<std::int32_t>(key) - kFirstButtonKey;
+  return index >= 0 && index < kGFWCPButtons ? index : -1;
+}
+
+}  // namespace
+
+GFWCP_Module::GFWCP_Module() {
+  for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
+}
+
+GFWCP_Module::GFWCP_Module(const GFWCP_Module& other) : GF_Abstract_Module(other) { CopyStateFrom(other); }
+
+GFWCP_Module& GFWCP_Module::operator=(const GFWCP_Module& other) {
+  if (this != &other) {
+    GF_Abstract_Module::operator=(other);
+    CopyStateFrom(other);
+  }
+  return *this;
+}
+
+void GFWCP_Module::CopyStateFrom(const GFWCP_Module& other) {
+  for (std::int32_t i = 0; i < kGFWCPButtons; ++i) {
+    buttonFunctions[i] = other.buttonFunctions[i];
+    colours[i] = other.colours[i];
+  }
+  indicators_ = other.indicators_;
+  const std::uint32_t prev = [&] {
+    std::lock_guard<std::mutex> lock(other.decodingLock_);
+    return other.prevSwitchVals_;
+  }();
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  prevSwitchVals_ = prev;
+}
+
+void GFWCP_Module::Register(std::uint16_t unitNumber) {
+  GF_Abstract_Module::Register(unitNumber);
+  // A unit that cannot be read counts as all buttons up.
+  std::uint8_t switches = 0;
+  GFDev_GFWCP_GetSwitches(unit, &switches);
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  prevSwitchVals_ = switches;
+}
+
+std::uint8_t GFWCP_Module::PrevSwitchVals() const {
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  return static_cast<std::uint8_t>(prevSwitchVals_);
+}
+
+std::int32_t GFWCP_Module::GetButton(const void* record, std::int32_t* value) {
+  if (record == nullptr || value == nullptr) return -1;
+  const std::uint8_t switches = static_cast<const GFWCPInputRecord*>(record)->switches;
+  std::lock_guard<std::mutex> lock(decodingLock_);
+  return DetectBankChange(InputBank{switches, &prevSwitchVals_, kGFWCPButtons, 0}, value);
+}
+
+void GFWCP_Module::HandleInput(std::int32_t control, std::int32_t value) {
+  if (value != 1 || control < 0 || control >= kGFWCPButtons) return;
+  const FunctionId bound = GetFunctionId(buttonFunctions[control]);
+  for (const AnnunciatorButton& button : kAnnunciatorButtons) {
+    if (button.functionId == bound) RunCommandOnce(AnnunciatorCommands[button.command]);
+  }
+}
+
+std::uint32_t GFWCP_Module::LightMask() const {
+  std::uint32_t mask = 0;
+  for (std::int32_t i = 0; i < kGFWCPButtons; ++i) {
+    if (GetFunctionState(buttonFunctions[i]) == 1) mask |= 1u << i;
+  }
+  return mask;
+}
+
+void GFWCP_Module::SendLights(std::uint32_t mask) {
+  for (std::int32_t i = 0; i < kGFWCPButtons; ++i) {
+    const std::uint8_t colour = (mask & (1u << i)) != 0 ? colours[i] : kDarkColour;
+    GFDev_GFWCP_SetLEDColour(unit, static_cast<std::uint8_t>(i + 1), colour);
+  }
+}
+
+void GFWCP_Module::SetDisplay() {
+  const bool powered = HasPanelPower(false);
+  const std::uint32_t mask = powered ? LightMask() : 0;
+  indicators_.Update(powered, mask, [this](std::uint32_t bits) { SendLights(bits); },
+                     "GFWCP_Module::SetDisplay - Indicators");
+}
+
+void GFWCP_Module::ClearDisplay() {
+  indicators_.Clear([this](std::uint32_t bits) { SendLights(bits); });
+}
+
+void GFWCP_Module::UpdateOutputs() {
+  for (SwitchFunction& record : buttonFunctions) {
+    if (GetFunctionId(record) != 0) RefreshFunctionState(record);
+  }
+  SetDisplay();
+}
+
+void GFWCP_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
+                                  std::int32_t param2) {
+  const std::int32_t index = ButtonIndexOfKey(key);
+  if (index < 0) return;
+  SwitchFunction& record = buttonFunctions[index];
+  ClearFunction(record);
+  CreateFunction(functionId, nullptr, record, param1, param2);
+}
+
+std::int32_t GFWCP_Module::GetAssignedFunction(std::uint8_t key) {
+  const std::int32_t index = ButtonIndexOfKey(key);
+  return index < 0 ? 0 : GetFunctionId(buttonFunctions[index]);
+}
+
+}  // namespace drav

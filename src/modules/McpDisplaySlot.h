@@ -1,0 +1,25 @@
+// How an autopilot panel's display shows the text of the function bound to the encoder below it:
+// which part of the text fits the display's digits, and what the display shows without power.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace drav {
+
+struct McpDisplaySlot {
+  std::int32_t (*send)(std::int32_t unit, const char* text);
+  std::int32_t first;       // first character taken (0-based)
+  std::int32_t count;       // at most this many characters; kWholeText takes the rest
+  bool leadingSpace;        // a space goes before the characters taken
+  const char* blank;        // sent while the panel has no power
+  char letter;              // the encoder's letter, for the debug line
+};
+
+inline constexpr std::int32_t kWholeText = -1;
+
+// Writes the part of `text` that the slot shows into out (always terminated); a text shorter than
+// `first` shows nothing (or only the leading space).
+void ComposeMcpDisplayText(const McpDisplaySlot& slot, const char* text, char* out, std::size_t outSize);
+
+}  // namespace drav
