@@ -1,14 +1,27 @@
 #!/usr/bin/env bash
 # Builds and runs every test: the normal build, then AddressSanitizer + UndefinedBehaviorSanitizer,
-# then ThreadSanitizer. Pass preset names to run only those (for example: scripts/test.sh default).
+# then ThreadSanitizer, then the extra stages (Windows cross build under Wine, fuzzing) when their
+# scripts exist. Pass preset names to run only those (for example: scripts/test.sh default).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/deps.sh
 presets=("$@")
-[ ${#presets[@]} -gt 0 ] || presets=(default asan tsan)
+run_stages=0
+if [ ${#presets[@]} -eq 0 ]; then
+  presets=(default asan tsan)
+  run_stages=1
+fi
 for preset in "${presets[@]}"; do
   echo "=== $preset ==="
   cmake --preset "$preset" >/dev/null
   cmake --build --preset "$preset" -j2
   ctest --preset "$preset"
 done
+if [ "$run_stages" -eq 1 ]; then
+  for stage in scripts/test-windows.sh scripts/test-fuzz.sh; do
+    if [ -x "$stage" ]; then
+      echo "=== $(basename "$stage" .sh) ==="
+      "./$stage"
+    fi
+  done
+fi

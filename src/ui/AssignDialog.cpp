@@ -14,4 +14,6 @@ bool OpenAssignDialog(int /*width*/, int /*height*/) { return gDialogOpen; }
 
 void CloseAssignDialog() { gDialogOpen = false; }
 
+bool GetAssignDialogWidgets(AssignDialogWidgets& /*out*/) { return false; }
+
 }  // namespace drav

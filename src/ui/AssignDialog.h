@@ -2,12 +2,38 @@
 // what it shows goes stale (x737 messages, panels taken over by another plug-in).
 #pragma once
 
+#include "XPWidgetDefs.h"
+
 namespace drav {
+
+inline constexpr int kDialogFunctionRows = 30;
+inline constexpr int kDialogColourRows = 30;
+inline constexpr int kDialogSliderRows = 4;
 
 bool IsAssignDialogOpen();
 // Opens the dialog at that size unless it is already open. Returns whether a dialog is open after.
 bool OpenAssignDialog(int width, int height);
 // Destroys the dialog with its widgets, if it is open.
 void CloseAssignDialog();
+
+// The widgets of the open dialog, for the test driver, which acts on them as a pilot would (clicks,
+// slider drags) and reads what they show. Null handles when the dialog is closed.
+struct AssignDialogSliderWidgets {
+  XPWidgetID caption = nullptr;
+  XPWidgetID minimumLabel = nullptr;
+  XPWidgetID valueLabel = nullptr;
+  XPWidgetID maximumLabel = nullptr;
+  XPWidgetID slider = nullptr;
+};
+struct AssignDialogWidgets {
+  XPWidgetID mainWindow = nullptr;
+  XPWidgetID devicePopup = nullptr;
+  XPWidgetID functionCaption[kDialogFunctionRows] = {};
+  XPWidgetID functionPopup[kDialogFunctionRows] = {};
+  XPWidgetID colourPopup[kDialogColourRows] = {};
+  AssignDialogSliderWidgets sliders[kDialogSliderRows] = {};
+};
+// False (and `out` untouched) while the dialog is closed.
+bool GetAssignDialogWidgets(AssignDialogWidgets& out);
 
 }  // namespace drav
