@@ -22,6 +22,24 @@ bool PanelBoard::AnyWritesFail() const {
   return false;
 }
 
+void FoldIntoFace(std::vector<drav::VirtualSentReport>& face, const std::vector<drav::VirtualSentReport>& sent) {
+  face.insert(face.end(), sent.begin(), sent.end());
+  const auto sameSlot = [](const drav::VirtualSentReport& a, const drav::VirtualSentReport& b) {
+    const auto byteAt = [](const drav::VirtualSentReport& r, std::size_t i) { return i < r.bytes.size() ? r.bytes[i] : -1; };
+    return a.kind == b.kind && a.bytes.size() == b.bytes.size() && byteAt(a, 0) == byteAt(b, 0) &&
+           byteAt(a, 1) == byteAt(b, 1);
+  };
+  std::vector<drav::VirtualSentReport> kept;
+  for (std::size_t i = 0; i < face.size(); ++i) {
+    bool overtaken = false;
+    for (std::size_t later = i + 1; later < face.size() && !overtaken; ++later) {
+      overtaken = sameSlot(face[i], face[later]);
+    }
+    if (!overtaken) kept.push_back(std::move(face[i]));
+  }
+  face = std::move(kept);
+}
+
 std::string VirtualUnitPath(std::uint16_t vendorId, std::uint16_t productId, std::string_view name) {
   char prefix[64];
   std::snprintf(prefix, sizeof prefix, "\\\\?\\HID#VID_%04X&PID_%04X#DRAVSIM_", vendorId, productId);

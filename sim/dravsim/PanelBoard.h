@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dravsim/PanelModels.h"
+#include "hid/backend/VirtualHidBackend.h"
 #include "hid/ModelTable.h"
 
 namespace dravsim {
@@ -20,12 +21,22 @@ struct PanelUnit {
   std::optional<PanelInputState> input;   // null for a device outside the family
   std::uint16_t inputLength = 8;
   bool writesFail = false;  // `fail NAME write on`: its queued reports stay queued
+  bool writesBlock = false;  // `fail NAME block on`: its writer stalls inside a write
+  // What the unit was sent before the last `clear`, cut down to what its face still shows, so that
+  // its displays and lights survive a clear: a real panel keeps showing what it was last told.
+  std::vector<drav::VirtualSentReport> face;
 };
+
+// Appends `sent` to `face` and keeps only the last report of each kind, length, report id and
+// first data byte, in their order. Every rule that reads a panel's face looks at the last report
+// of a report id (and of a display or light index in its first byte), so none of them can tell.
+void FoldIntoFace(std::vector<drav::VirtualSentReport>& face, const std::vector<drav::VirtualSentReport>& sent);
 
 class PanelBoard {
  public:
   PanelUnit* Find(std::string_view name);
   const std::vector<PanelUnit>& Units() const { return units_; }
+  std::vector<PanelUnit>& Units() { return units_; }
   PanelUnit& Add(PanelUnit unit);
   bool AnyWritesFail() const;
 

@@ -176,8 +176,10 @@ const std::vector<drav::VirtualSentReport> SentTo(ScenarioContext& ctx, const Pa
 }
 
 PanelOutputView ViewOf(ScenarioContext& ctx, const PanelUnit& unit) {
+  std::vector<drav::VirtualSentReport> shown = unit.face;
   const auto sent = SentTo(ctx, unit);
-  return ViewOutputs(unit.model != nullptr ? unit.model->name : "", sent);
+  shown.insert(shown.end(), sent.begin(), sent.end());
+  return ViewOutputs(unit.model != nullptr ? unit.model->name : "", shown);
 }
 
 bool HasRole(const PanelUnit& unit, OutputRole role) {
@@ -250,8 +252,9 @@ bool ParsePlugOptions(ScenarioContext& ctx, const Invocation& call, drav::Virtua
 }
 
 std::optional<drav::VirtualFault> FaultArg(const Word& word) {
-  constexpr std::array<std::pair<std::string_view, drav::VirtualFault>, 4> kFaults = {{
+  constexpr std::array<std::pair<std::string_view, drav::VirtualFault>, 5> kFaults = {{
       {"open", drav::VirtualFault::Open},
+      {"block", drav::VirtualFault::Block},
       {"read", drav::VirtualFault::Read},
       {"write", drav::VirtualFault::Write},
       {"feature", drav::VirtualFault::Feature},
@@ -264,14 +267,34 @@ std::optional<drav::VirtualFault> FaultArg(const Word& word) {
 
 }  // namespace
 
+namespace {
+
+// A stalled unit has settled once its writer sits in the stalled write, or has nothing to send:
+// its queue then changes only when the plug-in queues more, on this thread.
+bool StalledUnitSettled(ScenarioContext& ctx, const PanelUnit& unit) {
+  if (ctx.hid->BlockedWrites(unit.path) > 0) return true;
+  const auto slot = LayerSlot(unit);
+  return !slot || drav::GFDev_QueuedOutputReports(unit.model->moduleType, *slot) == 0;
+}
+
+}  // namespace
+
 void WaitForPanelOutput(ScenarioContext& ctx, const Invocation& call) {
+  std::vector<std::string> stalled;
+  for (const PanelUnit& unit : ctx.panels.Units()) {
+    if (!unit.writesBlock || unit.model == nullptr) continue;
+    stalled.push_back(unit.path);
+    if (!WaitUntil([&] { return StalledUnitSettled(ctx, unit); })) {
+      return CommandError(ctx, call, unit.name + "'s writer neither stalled nor finished");
+    }
+  }
   // A unit whose writes fail keeps its reports queued and retries them, so the layer never becomes
   // idle while one exists: then the other units get a short, bounded time to finish instead.
   if (ctx.panels.AnyWritesFail()) {
     drav::GFDev_WaitForOutputIdle(kFailingWritesWait);
     return;
   }
-  if (!drav::GFDev_WaitForOutputIdle(kSettleTimeout)) {
+  if (!drav::GFDev_WaitForOutputIdleExcept(stalled, kSettleTimeout)) {
     CommandError(ctx, call, "the device layer still had reports to send after " +
                                 std::to_string(kSettleTimeout.count()) + " ms");
   }
@@ -354,6 +377,7 @@ void FailCommand(ScenarioContext& ctx, const Invocation& call) {
   if (!on) return;
   ctx.hid->SetFault(unit->path, *fault, *on);
   if (*fault == drav::VirtualFault::Write) unit->writesFail = *on;
+  if (*fault == drav::VirtualFault::Block) unit->writesBlock = *on;
   WaitForPanelOutput(ctx, call);  // reports held back by a failing write go out once it works
 }
 
@@ -568,6 +592,7 @@ void ExpectUnitsCommand(ScenarioContext& ctx, const Invocation& call) {
 
 void PanelClearCommand(ScenarioContext& ctx, const Invocation& call) {
   ClearCommand(ctx, call);
+  for (PanelUnit& unit : ctx.panels.Units()) FoldIntoFace(unit.face, ctx.hid->Sent(unit.path));
   ctx.hid->ClearSent();
 }
 

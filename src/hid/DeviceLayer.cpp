@@ -249,12 +249,22 @@ std::uint64_t GFDev_InputReportsHandled(std::uint32_t moduleType, std::int32_t u
 }
 
 bool GFDev_WaitForOutputIdle(std::chrono::milliseconds timeout) {
+  return GFDev_WaitForOutputIdleExcept({}, timeout);
+}
+
+bool GFDev_WaitForOutputIdleExcept(std::span<const std::string> stalledPaths, std::chrono::milliseconds timeout) {
   const auto deadline = std::chrono::steady_clock::now() + timeout;
   bool idle = true;
   TheDeviceTables().ForEach([&](DeviceObject& object) {
-    if (idle && !object.WaitForOutputIdle(deadline)) idle = false;
+    if (!idle || std::find(stalledPaths.begin(), stalledPaths.end(), object.Path()) != stalledPaths.end()) return;
+    if (!object.WaitForOutputIdle(deadline)) idle = false;
   });
   return idle;
+}
+
+std::size_t GFDev_QueuedOutputReports(std::uint32_t moduleType, std::int32_t unit) {
+  const DeviceObject* object = TheDeviceTables().At(moduleType, unit);
+  return object == nullptr ? 0 : object->QueuedReports();
 }
 
 std::int32_t GFDev_GF45_Count() { return GFDev_PresentUnitCount(1); }

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace drav {
@@ -24,5 +26,10 @@ std::uint64_t GFDev_InputReportsHandled(std::uint32_t moduleType, std::int32_t u
 // Blocks until every running unit's output queue is empty and no report is being sent. False when
 // the time-out passed first.
 bool GFDev_WaitForOutputIdle(std::chrono::milliseconds timeout);
+// The same, except for the units whose paths are listed (units known to be stalled, which never
+// become idle while they are).
+bool GFDev_WaitForOutputIdleExcept(std::span<const std::string> stalledPaths, std::chrono::milliseconds timeout);
+// Reports waiting in the unit's output queue (not counting one being sent); 0 for an empty slot.
+std::size_t GFDev_QueuedOutputReports(std::uint32_t moduleType, std::int32_t unit);
 
 }  // namespace drav

@@ -19,6 +19,7 @@
 #include "host/TakeoverDatarefs.h"
 #include "modules/DeviceInput.h"
 #include "modules/ModuleManager.h"
+#include "modules/GearPanel.h"
 #include "modules/PanelPower.h"
 
 namespace drav {
@@ -40,6 +41,7 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   ResetHostState();
   ClearCommandTables();
   ResetPanelPowerLookups();
+  ResetGearLightLookups();  // a restart in the same process looks the gear datarefs up again
   XPLMGetVersions(&gSimulatorVersions.xplaneVersion, &gSimulatorVersions.xplmVersion,
                   &gSimulatorVersions.hostId);
   std::snprintf(outName, kEntryBufferSize, "%s", kPluginName);

@@ -32,7 +32,7 @@ namespace drav {
 
 namespace {
 
-constexpr std::size_t kFaultCount = 4;
+constexpr std::size_t kFaultCount = 5;
 
 std::size_t FaultIndex(VirtualFault fault) { return static_cast<std::size_t>(fault); }
 
@@ -56,6 +56,7 @@ struct VirtualHidBackend::Unit {
   std::map<std::uint8_t, std::vector<std::uint8_t>> featureAnswers;  // whole reports, id first
   std::deque<std::vector<std::uint8_t>> pendingInput;
   std::uint64_t inputTaken = 0;
+  std::size_t blockedWrites = 0;
   std::vector<VirtualSentReport> sent;
 
   bool Failing(VirtualFault fault) const { return faults[FaultIndex(fault)]; }
@@ -138,7 +139,8 @@ class VirtualHidBackend::Handle : public HidDeviceHandle {
   bool Usable() const { return unit_->present && unit_->plugging == plugging_; }
 
   bool Record(VirtualSentReport::Kind kind, const std::uint8_t* data, std::size_t length) {
-    std::lock_guard lock(backend_->mutex_);
+    std::unique_lock lock(backend_->mutex_);
+    if (!WaitWhileBlocked(lock)) return false;
     if (data == nullptr || !Usable() || unit_->Failing(VirtualFault::Write)) return false;
     const HidCapabilities& caps = unit_->spec.capabilities;
     const std::uint16_t declared =
@@ -146,6 +148,17 @@ class VirtualHidBackend::Handle : public HidDeviceHandle {
     if (!FitsDeclaredLength(length, declared)) return false;
     unit_->sent.push_back(VirtualSentReport{kind, std::vector<std::uint8_t>(data, data + length)});
     return true;
+  }
+
+  // Caller holds the backend's mutex through `lock`. False when the write must fail instead.
+  bool WaitWhileBlocked(std::unique_lock<std::mutex>& lock) {
+    if (!unit_->Failing(VirtualFault::Block)) return true;
+    ++unit_->blockedWrites;
+    const bool released = backend_->writesMayGo_.wait_for(lock, kBlockedWriteTimeout, [this] {
+      return !Usable() || !unit_->Failing(VirtualFault::Block);
+    });
+    --unit_->blockedWrites;
+    return released && Usable();
   }
 
   VirtualHidBackend* backend_;
@@ -185,6 +198,7 @@ bool VirtualHidBackend::Unplug(const std::string& path) {
     if (notifying_) changes_.push_back({HidDeviceChange::Kind::Removal, path});
   }
   inputArrived_.notify_all();
+  writesMayGo_.notify_all();
   return true;
 }
 
@@ -220,6 +234,13 @@ void VirtualHidBackend::SetFault(const std::string& path, VirtualFault fault, bo
     found->second->faults[FaultIndex(fault)] = on;
   }
   inputArrived_.notify_all();  // a blocked read starts failing at once
+  writesMayGo_.notify_all();
+}
+
+std::size_t VirtualHidBackend::BlockedWrites(const std::string& path) const {
+  std::lock_guard lock(mutex_);
+  auto found = units_.find(path);
+  return found == units_.end() ? 0 : found->second->blockedWrites;
 }
 
 bool VirtualHidBackend::SendInput(const std::string& path, std::vector<std::uint8_t> report) {

@@ -6,6 +6,7 @@
 // SendInput, Sent...) normally runs on the main thread, the device layer's threads read and write.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <map>
@@ -17,7 +18,12 @@
 
 namespace drav {
 
-enum class VirtualFault { Open, Read, Write, Feature };
+// Block: output and feature writes stall, as on a unit whose endpoint stops taking reports, until
+// the fault is switched off (they then succeed), the unit is unplugged (they fail), or
+// kBlockedWriteTimeout passes (they fail, as a real write times out; this keeps a forgotten block
+// from hanging the device layer's stop).
+enum class VirtualFault { Open, Read, Write, Feature, Block };
+inline constexpr std::chrono::seconds kBlockedWriteTimeout{5};
 
 struct VirtualSentReport {
   enum class Kind { Output, Feature };
@@ -61,6 +67,9 @@ class VirtualHidBackend : public HidBackend {
   // Input reports taken by reads since the unit was plugged.
   std::uint64_t InputTaken(const std::string& path) const;
 
+  // Writes to the unit now waiting on a `VirtualFault::Block`.
+  std::size_t BlockedWrites(const std::string& path) const;
+
   // Every report written to the unit since the last ClearSent, in order.
   std::vector<VirtualSentReport> Sent(const std::string& path) const;
   void ClearSent();  // for every unit
@@ -79,6 +88,7 @@ class VirtualHidBackend : public HidBackend {
 
   mutable std::mutex mutex_;
   std::condition_variable inputArrived_;
+  std::condition_variable writesMayGo_;  // wakes writes stalled by a Block fault
   std::vector<std::string> plugOrder_;
   std::map<std::string, std::shared_ptr<Unit>> units_;
   std::vector<HidDeviceChange> changes_;

@@ -161,6 +161,44 @@ TEST(VirtualHidBackend, BlockedReadWakesOnInputCancelUnplugAndReadFault) {
   EXPECT_EQ(handle->ReadInputReport(buffer.data(), buffer.size()), -1) << "never blocks once the unit is gone";
 }
 
+// A stalled write waits until the block is lifted (then it is recorded), or until the unit goes
+// away (then it fails and nothing is recorded); BlockedWrites lets a waiter see the stall.
+TEST(VirtualHidBackend, BlockedWriteWaitsForReleaseOrUnplug) {
+  VirtualHidBackend backend;
+  backend.Plug("u", PanelSpec());
+  auto handle = backend.Open("u");
+  ASSERT_NE(handle, nullptr);
+  const Bytes report{0x02, 0x55};
+  const auto writeInBackground = [&] {
+    return std::async(std::launch::async, [&] { return handle->WriteOutputReport(report.data(), report.size()); });
+  };
+  const auto waitForStall = [&] {
+    const auto deadline = std::chrono::steady_clock::now() + 5s;
+    while (backend.BlockedWrites("u") == 0 && std::chrono::steady_clock::now() < deadline) std::this_thread::yield();
+    return backend.BlockedWrites("u");
+  };
+
+  backend.SetFault("u", VirtualFault::Block, true);
+  auto released = writeInBackground();
+  ASSERT_EQ(waitForStall(), 1u);
+  EXPECT_EQ(released.wait_for(50ms), std::future_status::timeout);
+  EXPECT_TRUE(backend.Sent("u").empty());
+  backend.SetFault("u", VirtualFault::Block, false);
+  EXPECT_TRUE(released.get());
+  EXPECT_EQ(backend.BlockedWrites("u"), 0u);
+  ASSERT_EQ(backend.Sent("u").size(), 1u);
+  EXPECT_EQ(backend.Sent("u")[0].bytes, report);
+
+  backend.ClearSent();
+  backend.SetFault("u", VirtualFault::Block, true);
+  auto abandoned = writeInBackground();
+  ASSERT_EQ(waitForStall(), 1u);
+  backend.Unplug("u");
+  EXPECT_FALSE(abandoned.get());
+  EXPECT_TRUE(backend.Sent("u").empty());
+  EXPECT_EQ(backend.BlockedWrites("u"), 0u);
+}
+
 TEST(VirtualHidBackend, CancelBeforeReadMakesOnlyTheNextReadReturnZero) {
   VirtualHidBackend backend;
   backend.Plug("u", PanelSpec(0x0020, 2));

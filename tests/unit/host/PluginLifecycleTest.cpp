@@ -15,6 +15,7 @@
 #include "host/Settings.h"
 #include "host/SimHost.h"
 #include "host/SplashWindow.h"
+#include "modules/GearPanel.h"
 
 namespace drav {
 namespace {
@@ -203,6 +204,25 @@ TEST_F(PluginLifecycleTest, AStartAfterAStopBeginsFromAFreshLoad) {
   EXPECT_EQ(ModulesInitialised, 0);
   EXPECT_EQ(host().WindowCount(), 1);  // a new load greets the pilot again
   enabled_ = false;
+}
+
+// The gear lights look their datarefs up once per load. A plug-in loaded again into a different
+// simulator (here: one whose aircraft has the retract dataref, unlike the first) must ask again
+// rather than keep the first simulator's answers.
+TEST_F(PluginLifecycleTest, ARestartLooksTheGearDatarefsUpAgain) {
+  const GearLightLayout layout{{{0x01, 0x02}, {0x04, 0x08}, {0x10, 0x20}}};
+  host().RemoveDataref("sim/aircraft/gear/acf_gear_retract");
+  Boot();
+  EXPECT_EQ(ComposeGearLights(layout), 0x00) << "no retract dataref: fixed gear, dark";
+  host().Disable();
+  host().Stop();
+  enabled_ = started_ = false;
+
+  host().Reset(root_);  // the stock simulator: retractable gear, on the ground, handle down
+  sim::PluginEntryPoints plugin{PluginStart, PluginStop, PluginEnable, PluginDisable, PluginReceiveMessage};
+  host().LoadPlugin(plugin);
+  Boot();
+  EXPECT_EQ(ComposeGearLights(layout), 0x15) << "three green";
 }
 
 }  // namespace
