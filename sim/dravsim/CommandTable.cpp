@@ -17,8 +17,8 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"xplane-version", "xplane-version N", 1, 1, false, XPlaneVersionCommand},
     {"ini", "ini ... end", 0, 0, true, IniCommand},
     {"file", "file NAME ... end", 1, 1, true, FileCommand},
-    {"dataref", "dataref PATH = V | PATH[i] = V | PATH[i..j] = V | PATH absent | PATH TYPE = V",
-     2, 4, false, DatarefCommand},
+    {"dataref", "dataref PATH = V | PATH[i] = V | PATH[i..j] = V | PATH absent | PATH TYPE = V | PATH",
+     1, 4, false, DatarefCommand},
     {"command", "command NAME present|absent", 2, 2, false, SimCommandCommand},
     {"plugin", "plugin SIGNATURE", 1, 1, false, OtherPluginCommand},
     {"no-system-symbol", "no-system-symbol", 0, 0, false, NoSystemSymbolCommand},
@@ -28,7 +28,7 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"unplug", "unplug NAME", 1, 1, false, UnplugCommand},
     {"replug", "replug NAME", 1, 1, false, ReplugCommand},
     {"feature", "feature NAME ID = HEX", 4, kAny, false, FeatureCommand},
-    {"fail", "fail NAME open|read|write|feature on|off", 3, 3, false, FailCommand},
+    {"fail", "fail NAME open|read|write|feature|block on|off", 3, 3, false, FailCommand},
 
     // Running the plug-in
     {"start", "start", 0, 0, false, ThenWaitForPanelOutput<StartCommand>},

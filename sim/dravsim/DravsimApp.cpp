@@ -36,7 +36,7 @@ class Session {
  public:
   Session(const DravsimOptions& options, const DravsimIo& io,
           const sim::PluginEntryPoints& plugin)
-      : options_(options), io_(io), runner_(io.out, RunnerOptions{options.quiet, plugin}) {}
+      : options_(options), io_(io), runner_(io.out, RunnerOptions{options.quiet, plugin, io.colour}) {}
 
   template <typename Source>
   void RunInFreshSimulator(std::string_view name, Source& source) {
@@ -96,10 +96,23 @@ std::optional<DravsimOptions> ParseCommandLine(std::span<const std::string_view>
   return options;
 }
 
+namespace {
+
+constexpr std::string_view kInteractiveWelcome =
+    "dravsim: the Drav plug-in in a simulated X-Plane. One scenario command per line, for example:\n"
+    "  plug GF-P8 as box            plug GF-46 as radio          boot\n"
+    "  press box 1 / release box 1  turn radio 2 3               frame / run 0.5\n"
+    "  show                         dataref sim/cockpit/radios/com1_freq_hz\n"
+    "  menu \"Assign Functions\"     stop\n"
+    "End with Ctrl-D.\n";
+
+}  // namespace
+
 int RunDravsim(const DravsimOptions& options, const DravsimIo& io,
                const sim::PluginEntryPoints& plugin) {
   Session session(options, io, plugin);
   if (options.interactive) {
+    if (io.promptForInput) io.out << kInteractiveWelcome;
     StreamLineSource source(io.in, io.promptForInput ? &io.out : nullptr);
     session.RunInFreshSimulator(kInteractiveName, source);
   } else if (options.files.empty()) {

@@ -34,6 +34,7 @@ struct DravsimIo {
   std::istream& in;
   std::ostream& out;
   bool promptForInput;  // interactive mode shows prompts (stdin is a terminal)
+  bool colour = false;  // the output is a terminal that takes colour escape codes
 };
 
 // Runs what the options ask for and prints the closing line; returns the exit code (0 when no

@@ -602,10 +602,10 @@ void ShowCommand(ScenarioContext& ctx, const Invocation& call) {
   if (call.args.size() == 1) {
     const PanelUnit* unit = UnitArg(ctx, call, 0);
     if (unit == nullptr) return;
-    text = RenderUnit(*unit, ViewOf(ctx, *unit), LayerSlot(*unit));
+    text = RenderUnit(*unit, ViewOf(ctx, *unit), LayerSlot(*unit), ctx.options.colour);
   } else {
     for (const PanelUnit& unit : ctx.panels.Units()) {
-      text += RenderUnit(unit, ViewOf(ctx, unit), LayerSlot(unit));
+      text += RenderUnit(unit, ViewOf(ctx, unit), LayerSlot(unit), ctx.options.colour);
     }
     if (text.empty()) text = "(no units plugged)\n";
   }

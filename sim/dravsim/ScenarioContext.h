@@ -24,6 +24,7 @@ struct ScenarioResult {
 struct RunnerOptions {
   bool quiet = false;  // print only failures and errors (and, in the caller, the closing line)
   sim::PluginEntryPoints plugin;  // all null: no plug-in, the plug-in commands are errors
+  bool colour = false;  // `show` colours lights and digits with terminal escape codes
 };
 
 // The plug-in's lifecycle as the scenario drove it; the runner uses it to refuse calls that the

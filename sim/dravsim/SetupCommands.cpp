@@ -72,6 +72,29 @@ void FileCommand(ScenarioContext& ctx, const Invocation& call) {
   WriteBlockFile(ctx, call, call.args[0].text);
 }
 
+namespace {
+
+void PrintDataref(ScenarioContext& ctx, const DatarefTarget& target) {
+  const auto decl = ctx.host.DescribeDataref(target.path);
+  if (!decl) {
+    ctx.Echo(target.path + " absent");
+    return;
+  }
+  const bool isArray = decl->type == sim::DatarefType::IntArray || decl->type == sim::DatarefType::FloatArray;
+  const int first = target.HasIndex() ? target.first : 0;
+  const int last = target.HasIndex() ? target.last : (isArray ? decl->length - 1 : 0);
+  std::string text = target.path + " =";
+  for (int i = first; i <= last; ++i) {
+    const auto value = ctx.host.GetDatarefValue(target.path, isArray ? i : -1);
+    text += " " + (value ? sim::FormatEventNumber(*value, decl->type != sim::DatarefType::Int &&
+                                                              decl->type != sim::DatarefType::IntArray)
+                         : std::string("?"));
+  }
+  ctx.Echo(text);
+}
+
+}  // namespace
+
 void DatarefCommand(ScenarioContext& ctx, const Invocation& call) {
   std::string error;
   const auto target = ParseDatarefTarget(call.args[0].text, error);
@@ -79,7 +102,9 @@ void DatarefCommand(ScenarioContext& ctx, const Invocation& call) {
     CommandError(ctx, call, error);
     return;
   }
-  if (call.args.size() == 2 && IsKeyword(call.args[1], "absent")) {
+  if (call.args.size() == 1) {
+    PrintDataref(ctx, *target);  // for a person at the terminal: what the simulator holds now
+  } else if (call.args.size() == 2 && IsKeyword(call.args[1], "absent")) {
     if (target->HasIndex()) {
       UsageError(ctx, call);
       return;

@@ -2,6 +2,7 @@
 // demo or the terminal.
 #include <unistd.h>
 
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -22,6 +23,8 @@ int main(int argc, char** argv) {
     std::cout << dravsim::kDravsimUsage;
     return 0;
   }
-  const dravsim::DravsimIo io{std::cin, std::cout, isatty(STDIN_FILENO) != 0};
+  // Colour only for a person at a terminal that wants it (NO_COLOR is the common opt-out).
+  const bool colour = isatty(STDOUT_FILENO) != 0 && std::getenv("NO_COLOR") == nullptr;
+  const dravsim::DravsimIo io{std::cin, std::cout, isatty(STDIN_FILENO) != 0, colour};
   return dravsim::RunDravsim(*options, io, dravsim::DravPluginEntryPoints());
 }

@@ -123,5 +123,20 @@ TEST_F(ScenarioDatarefTest, ExpectWithAMissingValueOrExtraWordsIsAnError) {
   EXPECT_EQ(result.passed + result.failed, 0);
 }
 
+TEST_F(ScenarioDatarefTest, APathAlonePrintsWhatTheSimulatorHolds) {
+  const ScenarioResult result = Run(
+      "dataref sim/cockpit/radios/com1_freq_hz\n"
+      "dataref sim/aircraft/parts/acf_gear_deploy[1..2] = 0.25\n"
+      "dataref sim/aircraft/parts/acf_gear_deploy[0..2]\n"
+      "dataref sim/cockpit/misc/barometer_setting\n"
+      "dataref no/such/dataref\n",
+      false);
+  EXPECT_EQ(result.errors, 0) << Output();
+  EXPECT_TRUE(Contains(Output(), "sim/cockpit/radios/com1_freq_hz = 11850\n"));
+  EXPECT_TRUE(Contains(Output(), "sim/aircraft/parts/acf_gear_deploy = 1 0.25 0.25\n"));
+  EXPECT_TRUE(Contains(Output(), "sim/cockpit/misc/barometer_setting = 29.92\n"));
+  EXPECT_TRUE(Contains(Output(), "no/such/dataref absent\n"));
+}
+
 }  // namespace
 }  // namespace dravsim::testing
