@@ -243,7 +243,7 @@ bool GFMCPPro_Module::TrackTakeover() {
     gSeenTakeover = McpProDisabled;
     if (gSeenTakeover == 0) {
       lights_.Clear([](std::uint32_t) {});  // forgotten, not sent: the mask below goes out whole
-      ForgetTexts();
+      for (McpLastText& text : lastText) text[0] = '\0';
     }
   }
   return TakenOver();
@@ -267,32 +267,14 @@ void GFMCPPro_Module::SendLights(bool powered) {
 }
 
 void GFMCPPro_Module::SendDisplays(bool powered) {
-  if (!powered) {
-    for (const McpDisplaySlot& slot : kDisplays) slot.send(unit, slot.blank);
-    ForgetTexts();
-    return;
-  }
-  const bool logging = DisplayLoggingEnabled();
-  for (std::int32_t i = 0; i < kDialCount; ++i) {
-    const AvionicFunction* dial = dialFunctions[i];
-    if (dial == nullptr || std::strncmp(dial->text, lastText[i], kTextSize - 1) == 0) continue;
-    char shown[kTextSize + 2];
-    ComposeMcpDisplayText(kDisplays[i], dial->text, shown, sizeof shown);
-    kDisplays[i].send(unit, shown);
-    std::snprintf(lastText[i], kTextSize, "%s", dial->text);
-    if (logging) LogFormat("GFMCPPro_Module::SetDisplay -  %c freqval = %s", kDisplays[i].letter, shown);
-  }
-}
-
-void GFMCPPro_Module::ForgetTexts() {
-  for (char* text : lastText) text[0] = '\0';
+  SendMcpDisplays(unit, powered, kDisplays, dialFunctions, lastText, DisplayLoggingEnabled(),
+                  "GFMCPPro_Module::SetDisplay");
 }
 
 void GFMCPPro_Module::ClearDisplay() {
   if (TakenOver()) return;
   lights_.Clear([this](std::uint32_t sent) { SendLightMask(unit, sent); });
-  for (const McpDisplaySlot& slot : kDisplays) slot.send(unit, slot.blank);
-  ForgetTexts();
+  BlankMcpDisplays(unit, kDisplays, lastText);
 }
 
 void GFMCPPro_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,

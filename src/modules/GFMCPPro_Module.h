@@ -10,6 +10,7 @@
 
 #include "functions/FunctionObjects.h"
 #include "modules/GF_Abstract_Module.h"
+#include "modules/McpDisplaySlot.h"
 #include "modules/ModuleMechanics.h"
 
 namespace drav {
@@ -28,7 +29,6 @@ class GFMCPPro_Module : public GF_Abstract_Module {
   static constexpr std::int32_t kControlFlightDirectorLeft = 14;
   static constexpr std::int32_t kControlDisengage = 22;
   static constexpr std::int32_t kControlFlightDirectorRight = 23;
-  static constexpr std::size_t kTextSize = 10;
 
   GFMCPPro_Module();
   GFMCPPro_Module(const GFMCPPro_Module&) = default;
@@ -52,7 +52,7 @@ class GFMCPPro_Module : public GF_Abstract_Module {
 
   SwitchFunction buttonFunctions[kButtonCount];     // keys 0..23
   AvionicFunction* dialFunctions[kDialCount] = {};  // keys 25..30
-  char lastText[kDialCount][kTextSize] = {};        // the dial text each display last took
+  McpLastText lastText[kDialCount] = {};        // the dial text each display last took
 
   // The inputs that the next record is compared with (bits 0..23).
   std::uint32_t SwitchState() const;
@@ -73,7 +73,6 @@ class GFMCPPro_Module : public GF_Abstract_Module {
   bool TrackTakeover();
   void SendLights(bool powered);
   void SendDisplays(bool powered);
-  void ForgetTexts();
 
   // Owned by GetButton on the input thread; Register resets it on the main thread.
   std::uint32_t switchState_ = 0;

@@ -146,31 +146,13 @@ void GFMCP_Module::SendLights(bool powered) {
 }
 
 void GFMCP_Module::SendDisplays(bool powered) {
-  if (!powered) {
-    for (const McpDisplaySlot& slot : kDisplays) slot.send(unit, slot.blank);
-    ForgetTexts();
-    return;
-  }
-  const bool logging = DisplayLoggingEnabled();
-  for (std::int32_t i = 0; i < kDialCount; ++i) {
-    const AvionicFunction* dial = dialFunctions[i];
-    if (dial == nullptr || std::strncmp(dial->text, lastText[i], kTextSize - 1) == 0) continue;
-    char shown[kTextSize + 2];
-    ComposeMcpDisplayText(kDisplays[i], dial->text, shown, sizeof shown);
-    kDisplays[i].send(unit, shown);
-    std::snprintf(lastText[i], kTextSize, "%s", dial->text);
-    if (logging) LogFormat("GFMCP_Module::SetDisplay -  %c freqval = %s", kDisplays[i].letter, shown);
-  }
-}
-
-void GFMCP_Module::ForgetTexts() {
-  for (char* text : lastText) text[0] = '\0';
+  SendMcpDisplays(unit, powered, kDisplays, dialFunctions, lastText, DisplayLoggingEnabled(),
+                  "GFMCP_Module::SetDisplay");
 }
 
 void GFMCP_Module::ClearDisplay() {
   lights_.Clear([this](std::uint32_t sent) { SendLightMask(unit, sent); });
-  for (const McpDisplaySlot& slot : kDisplays) slot.send(unit, slot.blank);
-  ForgetTexts();
+  BlankMcpDisplays(unit, kDisplays, lastText);
 }
 
 void GFMCP_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,

@@ -8,6 +8,7 @@
 
 #include "functions/FunctionObjects.h"
 #include "modules/GF_Abstract_Module.h"
+#include "modules/McpDisplaySlot.h"
 #include "modules/ModuleMechanics.h"
 
 namespace drav {
@@ -20,7 +21,6 @@ class GFMCP_Module : public GF_Abstract_Module {
   // Control ids that GetButton reports: buttons 0..7, the bar, then encoders A..E.
   static constexpr std::int32_t kControlDisengage = 8;
   static constexpr std::int32_t kControlFirstDial = 9;
-  static constexpr std::size_t kTextSize = 10;
 
   GFMCP_Module();
   GFMCP_Module(const GFMCP_Module&) = default;
@@ -38,7 +38,7 @@ class GFMCP_Module : public GF_Abstract_Module {
 
   SwitchFunction buttonFunctions[kButtonCount];       // keys '1'..'9'; '9' is the disengage bar
   AvionicFunction* dialFunctions[kDialCount] = {};    // keys 'A'..'E'
-  char lastText[kDialCount][kTextSize] = {};          // the dial text each display last took
+  McpLastText lastText[kDialCount] = {};          // the dial text each display last took
 
   // The input banks that the next record is compared with.
   std::uint8_t SwitchVals1_8() const;
@@ -58,7 +58,6 @@ class GFMCP_Module : public GF_Abstract_Module {
   void SetDisengageBar(bool barDown);
   void SendLights(bool powered);
   void SendDisplays(bool powered);
-  void ForgetTexts();
 
   // Owned by GetButton on the input thread; Register resets them on the main thread.
   std::uint32_t switchVals1_8_ = 0;

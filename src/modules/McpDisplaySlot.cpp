@@ -1,6 +1,11 @@
 #include "modules/McpDisplaySlot.h"
 
+#include <algorithm>
+#include <cstdio>
 #include <cstring>
+
+#include "functions/FunctionObjects.h"
+#include "host/Log.h"
 
 namespace drav {
 
@@ -23,6 +28,30 @@ void ComposeMcpDisplayText(const McpDisplaySlot& slot, const char* text, char* o
     written += taken;
   }
   out[written] = '\0';
+}
+
+void BlankMcpDisplays(std::int32_t unit, std::span<const McpDisplaySlot> slots, std::span<McpLastText> lastTexts) {
+  for (const McpDisplaySlot& slot : slots) slot.send(unit, slot.blank);
+  for (McpLastText& text : lastTexts) text[0] = '\0';
+}
+
+void SendMcpDisplays(std::int32_t unit, bool powered, std::span<const McpDisplaySlot> slots,
+                     std::span<AvionicFunction* const> dials, std::span<McpLastText> lastTexts, bool logging,
+                     const char* logPrefix) {
+  if (!powered) {
+    BlankMcpDisplays(unit, slots, lastTexts);
+    return;
+  }
+  const std::size_t count = std::min({slots.size(), dials.size(), lastTexts.size()});
+  for (std::size_t i = 0; i < count; ++i) {
+    const AvionicFunction* dial = dials[i];
+    if (dial == nullptr || std::strncmp(dial->text, lastTexts[i], kMcpTextSize - 1) == 0) continue;
+    char shown[kMcpTextSize + 2];
+    ComposeMcpDisplayText(slots[i], dial->text, shown, sizeof shown);
+    slots[i].send(unit, shown);
+    std::snprintf(lastTexts[i], kMcpTextSize, "%s", dial->text);
+    if (logging) LogFormat("%s -  %c freqval = %s", logPrefix, slots[i].letter, shown);
+  }
 }
 
 }  // namespace drav

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace drav {
 
@@ -21,5 +22,21 @@ inline constexpr std::int32_t kWholeText = -1;
 // Writes the part of `text` that the slot shows into out (always terminated); a text shorter than
 // `first` shows nothing (or only the leading space).
 void ComposeMcpDisplayText(const McpDisplaySlot& slot, const char* text, char* out, std::size_t outSize);
+
+struct AvionicFunction;
+
+// The text an autopilot panel's display last took from its function, so that only changes are sent.
+inline constexpr std::size_t kMcpTextSize = 10;
+using McpLastText = char[kMcpTextSize];
+
+// Sends every display whose function's text changed since it was last sent, and remembers it; each
+// sent text is logged as "<logPrefix> -  <letter> freqval = <text>" when `logging` is set. Without
+// power every display gets its blank text and the memory is cleared, so power coming back resends
+// them all. The three spans run in parallel (one entry per display).
+void SendMcpDisplays(std::int32_t unit, bool powered, std::span<const McpDisplaySlot> slots,
+                     std::span<AvionicFunction* const> dials, std::span<McpLastText> lastTexts, bool logging,
+                     const char* logPrefix);
+// Every display blank, the memory cleared.
+void BlankMcpDisplays(std::int32_t unit, std::span<const McpDisplaySlot> slots, std::span<McpLastText> lastTexts);
 
 }  // namespace drav
