@@ -47,7 +47,5 @@ void ExpectNoLogCommand(ScenarioContext& ctx, const Invocation& call);
 void ClearCommand(ScenarioContext& ctx, const Invocation& call);
 void EchoCommand(ScenarioContext& ctx, const Invocation& call);
 void SleepMsCommand(ScenarioContext& ctx, const Invocation& call);
-// Panel, dialog and drawing commands that the language defines but dravsim cannot run yet.
-void NotYetAvailableCommand(ScenarioContext& ctx, const Invocation& call);
 
 }  // namespace dravsim

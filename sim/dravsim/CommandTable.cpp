@@ -3,7 +3,9 @@
 #include <array>
 
 #include "dravsim/CommandHandlers.h"
+#include "dravsim/DialogCommands.h"
 #include "dravsim/PanelCommands.h"
+#include "dravsim/Screenshot.h"
 
 namespace dravsim {
 namespace {
@@ -78,15 +80,20 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"expect brightness", "expect brightness NAME V", 2, 2, false,
      ExpectBrightnessCommand},
     {"expect units", "expect units MODEL N", 2, 2, false, ExpectUnitsCommand},
-    {"expect dialog", "expect dialog ...", 0, kAny, false, NotYetAvailableCommand},
+    {"expect dialog",
+     "expect dialog open|closed | title \"TEXT\" | devices \"TEXT\" | rows N | "
+     "row ROW \"CAPTION\" \"SELECTED\" | slider ROW \"CAPTION\" \"MIN\" \"VALUE\" \"MAX\"",
+     1, 6, false, ExpectDialogCommand},
     {"clear", "clear", 0, 0, false, PanelClearCommand},
 
     // The Assign Functions dialog
-    {"dialog", "dialog ...", 0, kAny, false, NotYetAvailableCommand},
+    {"dialog",
+     "dialog device N | pick ROW \"ITEM\" | colour ROW \"ITEM\" | slider ROW VALUE | close", 1, 3,
+     false, ThenWaitForPanelOutput<DialogCommand>},
 
     // Showing
     {"show", "show [NAME]", 0, 1, false, ShowCommand},
-    {"screenshot", "screenshot FILE.svg", 0, kAny, false, NotYetAvailableCommand},
+    {"screenshot", "screenshot FILE.svg", 1, 1, false, ScreenshotCommand},
     {"echo", "echo TEXT", 0, kAny, false, EchoCommand},
     {"sleep-ms", "sleep-ms N", 1, 1, false, SleepMsCommand},
 });

@@ -26,8 +26,4 @@ void SleepMsCommand(ScenarioContext& ctx, const Invocation& call) {
   if (milliseconds) std::this_thread::sleep_for(std::chrono::milliseconds(*milliseconds));
 }
 
-void NotYetAvailableCommand(ScenarioContext& ctx, const Invocation& call) {
-  CommandError(ctx, call, "not yet available");
-}
-
 }  // namespace dravsim

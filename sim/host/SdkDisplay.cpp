@@ -1,5 +1,5 @@
-// XPLMDisplay.h: the plug-in's windows on a screen of 1024 x 768 pixels (a size X-Plane runs at,
-// and small enough that windows placed for it fit any real screen).
+// XPLMDisplay.h: the plug-in's windows on the simulator's screen (1024 x 768 unless a test sets
+// another size).
 #include <XPLMDisplay.h>
 
 #include <cstddef>
@@ -9,9 +9,6 @@
 using sim::SdkHost;
 
 namespace {
-
-constexpr int kScreenWidth = 1024;
-constexpr int kScreenHeight = 768;
 
 // XPLMCreateWindow_t grew over SDK versions; these fields are in every version that has it.
 constexpr int kSmallestCreateWindowStruct =
@@ -40,8 +37,8 @@ XPLMWindowID XPLMCreateWindowEx(XPLMCreateWindow_t* inParams) {
 void XPLMDestroyWindow(XPLMWindowID inWindowID) { SdkHost().windows.Destroy(inWindowID); }
 
 void XPLMGetScreenSize(int* outWidth, int* outHeight) {
-  if (outWidth != nullptr) *outWidth = kScreenWidth;
-  if (outHeight != nullptr) *outHeight = kScreenHeight;
+  if (outWidth != nullptr) *outWidth = SdkHost().screenWidth;
+  if (outHeight != nullptr) *outHeight = SdkHost().screenHeight;
 }
 
 void XPLMGetWindowGeometry(XPLMWindowID inWindowID, int* outLeft, int* outTop, int* outRight,
@@ -68,7 +65,12 @@ void XPLMSetWindowRefCon(XPLMWindowID inWindowID, void* inRefcon) {
   SdkHost().windows.SetRefcon(inWindowID, inRefcon);
 }
 
-void XPLMTakeKeyboardFocus(XPLMWindowID inWindow) { SdkHost().windows.TakeKeyboardFocus(inWindow); }
+// One keyboard: a window that takes it takes it from any widget.
+void XPLMTakeKeyboardFocus(XPLMWindowID inWindow) {
+  sim::SimHostImpl& host = SdkHost();
+  host.windows.TakeKeyboardFocus(inWindow);
+  if (host.windows.HasKeyboardFocus(inWindow)) host.widgets.LoseFocus(host.widgets.Focus());
+}
 
 int XPLMHasKeyboardFocus(XPLMWindowID inWindow) {
   return SdkHost().windows.HasKeyboardFocus(inWindow) ? 1 : 0;

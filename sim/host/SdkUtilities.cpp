@@ -16,6 +16,13 @@ namespace {
 // XPLMGetSystemPath's buffer, as the SDK documents it.
 constexpr std::size_t kSystemPathBufferSize = 512;
 
+// The separator X-Plane reports, and ends its system path with, on each platform.
+#ifdef _WIN32
+constexpr char kDirectorySeparator[] = "\\";
+#else
+constexpr char kDirectorySeparator[] = "/";
+#endif
+
 }  // namespace
 
 void XPLMGetVersions(int* outXPlaneVersion, int* outXPLMVersion, XPLMHostApplicationID* outHostID) {
@@ -27,11 +34,11 @@ void XPLMGetVersions(int* outXPlaneVersion, int* outXPLMVersion, XPLMHostApplica
 void XPLMGetSystemPath(char* outSystemPath) {
   if (outSystemPath == nullptr) return;
   std::string path = SdkHost().root.string();
-  if (!path.empty() && path.back() != '/') path += '/';
+  if (!path.empty() && path.back() != kDirectorySeparator[0]) path += kDirectorySeparator;
   std::snprintf(outSystemPath, kSystemPathBufferSize, "%s", path.c_str());
 }
 
-const char* XPLMGetDirectorySeparator(void) { return "/"; }
+const char* XPLMGetDirectorySeparator(void) { return kDirectorySeparator; }
 
 // X-Plane adds no line end; the plug-in writes its own.
 void XPLMDebugString(const char* inString) {

@@ -8,10 +8,19 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "host/DisplayList.h"
+
+#ifdef _WIN32
+// <windows.h> (which the SDK headers include) renames SendMessage to SendMessageA; including it
+// here gives every user of this class the same name whatever it includes first.
+#include <windows.h>
+#endif
 
 namespace sim {
 
@@ -32,6 +41,22 @@ struct DatarefDecl {
   DatarefType type = DatarefType::Int;
   int length = 1;  // element count for the array types, 1 otherwise
   bool writable = true;
+};
+
+// What a widget is and shows, as a test or the scenario driver reads it.
+struct WidgetSnapshot {
+  int widgetClass = 0;  // xpWidgetClass_None for a custom widget
+  bool custom = false;
+  bool isRoot = false;
+  std::string descriptor;
+  bool visible = false;     // as XPIsWidgetVisible: it and every parent
+  bool ownVisible = false;  // its own flag
+  ScreenRect geometry;
+  std::map<int, std::intptr_t> properties;
+  void* parent = nullptr;
+  std::vector<void*> children;
+
+  std::intptr_t Property(int id) const;  // 0 when unset, as XPGetWidgetProperty
 };
 
 // The id of the plug-in under test; other plug-ins get ids from 2 upward. 0 is the simulator.
@@ -108,6 +133,33 @@ class SimHost {
   // Sends a mouse event (1 down, 2 drag, 3 up) to the first window whose geometry holds (x, y);
   // returns the callback's result, or 0 when no window is hit.
   int ClickWindow(int x, int y, int mouseStatus);
+
+  // ---- the screen, the keyboard and the mouse, as a pilot uses them ---------------------------
+  void SetScreenSize(int width, int height);  // XPLMGetScreenSize; 1024 x 768 after Reset
+  // Draws every visible root widget (each followed by its visible descendants) and then every
+  // visible plug-in window, back to front, recording what each one drew.
+  DisplayList DrawScreen();
+  // One mouse event (1 down, 2 drag, 3 up) at a screen point, routed as X-Plane does: a down goes
+  // to the front-most plug-in window there that takes it, else to the deepest visible widget there
+  // and up its chain; drags and the release go to whoever took the down. True when taken.
+  bool MouseAt(int x, int y, int mouseStatus);
+  bool ClickAt(int x, int y);  // down and up at one point
+  // Down and up at a point inside a widget, to the widget under the point there (and up its
+  // chain), whatever covers it on screen. False for a bad or hidden widget or a point outside it.
+  bool PressWidget(void* widget, int x, int y);
+  // A key going down, to the window or else the widget that has the keyboard (for a widget up its
+  // chain). `flags` are XPLMKeyFlags. False when X-Plane has the keyboard.
+  bool SendKey(char key, int flags, unsigned char virtualKey);
+  // Drags a scroll bar's thumb to where `position` is (the bar clamps it to its range) and lets go.
+  // False for a bad or hidden widget or one that is not a scroll bar.
+  bool DragSlider(void* scrollBar, int position);
+  // Presses and releases a main window's close box. False when it has none or is not shown.
+  bool ClickCloseBox(void* mainWindow);
+  std::optional<WidgetSnapshot> DescribeWidget(void* widget) const;  // empty for a bad handle
+  std::vector<void*> RootWidgets() const;                            // back to front
+  int WidgetCount() const;                                           // live widgets
+  void* WidgetWithFocus() const;
+  void* WindowWithFocus() const;
 
   // ---- the event log -------------------------------------------------------------------------
   // One text per SDK call that changes the simulator, in call order (see dravsim.md for texts).

@@ -12,7 +12,7 @@
 
 namespace sim {
 
-enum class HandleKind : std::uint8_t { Dataref = 1, Command, Menu, Window, Probe };
+enum class HandleKind : std::uint8_t { Dataref = 1, Command, Menu, Window, Probe, Widget };
 
 static_assert(sizeof(std::uintptr_t) >= 8, "the handle layout needs 64-bit pointers");
 

@@ -72,22 +72,34 @@ bool WindowRegistry::HasKeyboardFocus(XPLMWindowID window) const {
   return window != nullptr && window == focus_ && Live(window) != nullptr;
 }
 
-std::vector<std::string> WindowRegistry::DrawAll() {
-  std::vector<std::string> drawn;
-  if (drawnStrings_ != nullptr) return drawn;  // a draw callback asked for a draw pass
-  drawnStrings_ = &drawn;
+bool WindowRegistry::SendKey(char key, int flags, char virtualKey) {
+  const XPLMWindowID target = Focus();
+  const Window* window = Live(target);
+  if (window == nullptr) return false;
+  if (window->callbacks.key != nullptr) {
+    window->callbacks.key(target, key, flags, virtualKey, window->refcon, 0);
+  }
+  return true;
+}
+
+void WindowRegistry::DrawAll(DrawRecorder& recorder, std::vector<DisplayItem>& out) {
+  if (drawing_) return;
+  drawing_ = true;
   // By index: a draw callback may create or destroy windows.
   for (std::size_t i = 0; i < windows_.Size(); ++i) {
     const Window& window = windows_.At(i);
     if (!window.alive || !window.visible || window.callbacks.draw == nullptr) continue;
+    DisplayItem item;
+    item.kind = DisplayItemKind::Window;
+    item.handle = windows_.HandleOf(i);
+    item.geometry = ScreenRect{window.geometry.left, window.geometry.top, window.geometry.right,
+                               window.geometry.bottom};
+    out.push_back(std::move(item));
+    recorder.Begin(&out.back());
     window.callbacks.draw(windows_.HandleOf(i), window.refcon);
+    recorder.End();
   }
-  drawnStrings_ = nullptr;
-  return drawn;
-}
-
-void WindowRegistry::CaptureString(const char* text) {
-  if (drawnStrings_ != nullptr && text != nullptr) drawnStrings_->emplace_back(text);
+  drawing_ = false;
 }
 
 XPLMWindowID WindowRegistry::WindowAt(int x, int y) const {

@@ -1,5 +1,5 @@
 // The plug-in's windows: geometry, visibility, callbacks and keyboard focus, plus a draw pass that
-// captures the strings each window draws.
+// records what each window draws.
 #pragma once
 
 #include <XPLMDisplay.h>
@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "host/DisplayList.h"
+#include "host/DrawRecorder.h"
 #include "host/SlotTable.h"
 
 namespace sim {
@@ -45,15 +47,21 @@ class WindowRegistry {
   // The window that loses the keyboard hears of it through its key callback (losingFocus 1).
   void TakeKeyboardFocus(XPLMWindowID window);  // null: back to X-Plane
   bool HasKeyboardFocus(XPLMWindowID window) const;
+  XPLMWindowID Focus() const { return Live(focus_) != nullptr ? focus_ : nullptr; }
+  // A key stroke for the window with the keyboard; false when no window has it.
+  bool SendKey(char key, int flags, char virtualKey);
 
-  // Runs each visible window's draw callback, in creation order, and returns the strings drawn.
-  std::vector<std::string> DrawAll();
-  // XPLMDrawString: kept only while a draw callback runs.
-  void CaptureString(const char* text);
+  // Runs each visible window's draw callback, back to front (creation order), recording what it
+  // draws into one display item per window. A draw callback that asks for another draw pass gets
+  // nothing.
+  void DrawAll(DrawRecorder& recorder, std::vector<DisplayItem>& out);
 
   // The front-most visible window holding (x, y) gets the mouse down; drags and the release go to
   // the window that took the down, as in X-Plane. Returns the callback's result, 0 when none.
   int Click(int x, int y, int mouseStatus);
+  bool HasMouseCapture() const { return mouseCapture_ != nullptr; }
+  // The front-most visible window holding (x, y), or null.
+  XPLMWindowID WindowAt(int x, int y) const;
 
  private:
   struct Window {
@@ -66,12 +74,11 @@ class WindowRegistry {
 
   Window* Live(XPLMWindowID window);
   const Window* Live(XPLMWindowID window) const;
-  XPLMWindowID WindowAt(int x, int y) const;
 
   SlotTable<Window> windows_;
   XPLMWindowID focus_ = nullptr;
   XPLMWindowID mouseCapture_ = nullptr;
-  std::vector<std::string>* drawnStrings_ = nullptr;  // set while DrawAll runs
+  bool drawing_ = false;  // set while DrawAll runs
 };
 
 }  // namespace sim

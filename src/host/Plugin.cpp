@@ -20,6 +20,7 @@
 #include "modules/DeviceInput.h"
 #include "modules/ModuleManager.h"
 #include "modules/GearPanel.h"
+#include "ui/AssignDialog.h"
 #include "modules/PanelPower.h"
 
 namespace drav {
@@ -62,6 +63,7 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
 
 void PluginStop() {
   LogLine("--- LOGGING STOPPED ---");
+  CloseAssignDialog();  // its widgets belong to this load; a later start must find it closed
   DestroySplashWindow();
   UnregisterTakeoverDatarefs();
 }

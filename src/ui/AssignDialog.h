@@ -4,6 +4,8 @@
 
 #include "XPWidgetDefs.h"
 
+#include <cstdint>
+
 namespace drav {
 
 inline constexpr int kDialogFunctionRows = 30;
@@ -15,6 +17,11 @@ bool IsAssignDialogOpen();
 bool OpenAssignDialog(int width, int height);
 // Destroys the dialog with its widgets, if it is open.
 void CloseAssignDialog();
+
+// The same opening under its documented name: the menu opens the dialog at 650 x 650.
+void OpenAssignFunctionsDialog(int width, int height);
+// Fills the rows for one unit (counted from 1) of the open dialog; nothing while it is closed.
+void ShowDevicePanel(std::uint32_t moduleType, std::int32_t unit);
 
 // The widgets of the open dialog, for the test driver, which acts on them as a pilot would (clicks,
 // slider drags) and reads what they show. Null handles when the dialog is closed.

@@ -68,31 +68,6 @@ TEST_F(ScenarioRunnerTest, LexerErrorsAndBadNumbersAreErrors) {
   EXPECT_EQ(host().FrameNumber(), 0);
 }
 
-TEST_F(ScenarioRunnerTest, DialogAndScreenshotCommandsAreNotYetAvailable) {
-  struct Case {
-    const char* line;
-    const char* command;
-  };
-  const Case cases[] = {
-      {"dialog device 0", "dialog"},
-      {"expect dialog open", "expect dialog"},
-      {"screenshot shot.svg", "screenshot"},
-  };
-  std::string scenario;
-  std::string expected;
-  int line = 0;
-  for (const Case& c : cases) {
-    scenario += std::string(c.line) + "\n";
-    expected += "test.scn:" + std::to_string(++line) + ": ERROR " + c.command +
-                ": not yet available\n";
-  }
-  scenario += "expect no-window\n";
-  const ScenarioResult result = Run(scenario);
-  EXPECT_EQ(Output(), expected);
-  EXPECT_EQ(result.errors, line);
-  EXPECT_EQ(result.passed, 1);  // the scenario went on
-}
-
 TEST_F(ScenarioRunnerTest, EveryCommandRowHasAHandlerAndAUniqueName) {
   const auto rows = AllCommands();
   for (std::size_t i = 0; i < rows.size(); ++i) {

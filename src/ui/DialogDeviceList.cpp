@@ -1,0 +1,95 @@
+#include "ui/DialogDeviceList.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "host/HostState.h"
+#include "modules/ModuleManager.h"
+
+namespace drav {
+
+namespace {
+
+constexpr std::uint32_t kDeviceListOrder[] = {
+    kModuleGF45,   kModuleGF46,  kModuleGFP8,     kModuleGFRP48,  kModuleGFT8,  kModuleGFLGT,
+    kModuleGFLGT2, kModuleGF166, kModuleGFMCP,    kModuleGFMCPPro, kModuleGFTQ6, kModuleGFEFIS,
+    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM,   kModuleGFDIO,
+};
+
+// The X-Plane version from which the GF-MESM is supported but still has nothing to assign here.
+constexpr int kMesmSupportedVersion = 900;
+
+const char* LabelFormat(std::uint32_t moduleType, const DeviceLabelContext& context) {
+  constexpr const char* kUnitFormat = "%s Unit %d";
+  constexpr const char* kNotAssignable = "%s - N/A";
+  constexpr const char* kDisabled = "%s DSBLD";
+  switch (moduleType) {
+    case kModuleGFEFIS:
+      return context.efisDisabled ? kDisabled : kUnitFormat;
+    case kModuleGFMCPPro:
+      if (context.x737McpDirect) return kNotAssignable;
+      return context.mcpProDisabled ? kDisabled : kUnitFormat;
+    case kModuleGFMESM:
+      return context.xplaneVersion < kMesmSupportedVersion ? "%s - N/S" : kNotAssignable;
+    case kModuleGFDIO:
+      return kNotAssignable;
+    default:
+      return kUnitFormat;
+  }
+}
+
+}  // namespace
+
+DialogUnitCounts CurrentDialogUnitCounts() {
+  DialogUnitCounts counts{};
+  const ModuleManager& manager = TheModuleManager();
+  for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
+    counts[type] = manager.UnitCount(type);
+  }
+  return counts;
+}
+
+DeviceLabelContext CurrentDeviceLabelContext() {
+  DeviceLabelContext context;
+  context.efisDisabled = EfisDisabled != 0;
+  context.x737McpDirect = X737McpDirect != 0;
+  context.mcpProDisabled = McpProDisabled != 0;
+  context.xplaneVersion = gSimulatorVersions.xplaneVersion;
+  return context;
+}
+
+std::vector<DialogDevice> BuildDialogDeviceList(const DialogUnitCounts& counts) {
+  std::vector<DialogDevice> devices;
+  for (std::uint32_t type : kDeviceListOrder) {
+    const std::int32_t units = std::max<std::int32_t>(0, counts[type]);
+    for (std::int32_t unit = 1; unit <= units; ++unit) {
+      if (static_cast<int>(devices.size()) >= kMaxDialogDevices) return devices;
+      devices.push_back({type, unit});
+    }
+  }
+  return devices;
+}
+
+const char* DialogModelName(std::uint32_t moduleType) {
+  const bool hasRows = IsKnownModuleType(moduleType) && moduleType != kModuleGFFMC && moduleType != kModuleGFTPM;
+  return hasRows ? ModelName(moduleType) : "???";
+}
+
+std::string DeviceItemText(const DialogDevice& device, const DeviceLabelContext& context) {
+  char text[64];
+  std::snprintf(text, sizeof text, LabelFormat(device.moduleType, context), DialogModelName(device.moduleType),
+                static_cast<int>(device.unit));
+  return text;
+}
+
+std::string DeviceListText(const std::vector<DialogDevice>& devices, const DeviceLabelContext& context) {
+  if (devices.empty()) return kNoDevicesItem;
+  std::string text;
+  for (const DialogDevice& device : devices) {
+    text += DeviceItemText(device, context);
+    text += ';';
+  }
+  return text;
+}
+
+}  // namespace drav

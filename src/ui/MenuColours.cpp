@@ -1,0 +1,68 @@
+#include "ui/MenuColours.h"
+
+#include <XPLMDataAccess.h>
+
+namespace drav {
+
+namespace {
+
+struct ColourSlotSource {
+  const char* dataref;
+  MenuColour fallback;
+};
+
+constexpr float kByte = 1.0f / 256.0f;
+
+const ColourSlotSource kColourSlots[kMenuColourSlots] = {
+    {"sim/graphics/colors/menu_dark_rgb", {33 * kByte, 41 * kByte, 44 * kByte}},
+    {"sim/graphics/colors/menu_bkgnd_rgb", {53 * kByte, 64 * kByte, 68 * kByte}},
+    {"sim/graphics/colors/menu_hilite_rgb", {65 * kByte, 83 * kByte, 89 * kByte}},
+    {"sim/graphics/colors/menu_lite_rgb", {65 * kByte, 83 * kByte, 89 * kByte}},
+    {"sim/graphics/colors/menu_text_rgb", {0.8f, 0.8f, 0.8f}},
+    {"sim/graphics/colors/menu_text_disabled_rgb", {0.4f, 0.4f, 0.4f}},
+};
+
+struct ColourLookups {
+  bool done = false;
+  XPLMDataRef slots[kMenuColourSlots] = {};
+  XPLMDataRef lightRed = nullptr;
+  XPLMDataRef lightGreen = nullptr;
+  XPLMDataRef lightBlue = nullptr;
+};
+
+ColourLookups gLookups;
+
+const ColourLookups& Lookups() {
+  if (!gLookups.done) {
+    for (int slot = 0; slot < kMenuColourSlots; ++slot) {
+      gLookups.slots[slot] = XPLMFindDataRef(kColourSlots[slot].dataref);
+    }
+    gLookups.lightRed = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_r");
+    gLookups.lightGreen = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_g");
+    gLookups.lightBlue = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_b");
+    gLookups.done = true;
+  }
+  return gLookups;
+}
+
+// A missing light level leaves the fallback undimmed.
+float LightLevel(XPLMDataRef level) { return level != nullptr ? XPLMGetDataf(level) : 1.0f; }
+
+}  // namespace
+
+MenuColour GetMenuColour(int slot) {
+  if (slot < 0 || slot >= kMenuColourSlots) slot = kMenuText;
+  const ColourLookups& lookups = Lookups();
+  if (XPLMDataRef colour = lookups.slots[slot]; colour != nullptr) {
+    float rgb[3] = {0.0f, 0.0f, 0.0f};
+    XPLMGetDatavf(colour, rgb, 0, 3);
+    return {rgb[0], rgb[1], rgb[2]};
+  }
+  const MenuColour& fallback = kColourSlots[slot].fallback;
+  return {fallback.red * LightLevel(lookups.lightRed), fallback.green * LightLevel(lookups.lightGreen),
+          fallback.blue * LightLevel(lookups.lightBlue)};
+}
+
+void ResetMenuColourLookups() { gLookups = ColourLookups{}; }
+
+}  // namespace drav

@@ -1,0 +1,168 @@
+#include "ui/PopupList.h"
+
+#include <XPLMGraphics.h>
+#include <XPUIGraphics.h>
+#include <XPWidgetUtils.h>
+#include <XPWidgets.h>
+
+#include <GL/gl.h>
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <string>
+
+#include "ui/InterfaceTexture.h"
+#include "ui/ItemList.h"
+#include "ui/MenuColours.h"
+#include "ui/PickMenu.h"
+
+namespace drav {
+
+namespace {
+
+// Half the height of the button piece of the interface texture.
+constexpr int kButtonHalfHeight = 13;
+constexpr int kButtonOverhang = 4;
+constexpr int kTextIndent = 4;
+constexpr int kArrowRoom = 24;  // the arrow at the right end takes this much of the width
+constexpr int kArrowInset = 17;
+
+// The process keeps one scrolling flag for every pop-up.
+bool gScrollingMenus = false;
+
+// What each pop-up shows, kept so that drawing neither reads the descriptor nor allocates.
+struct ShownItem {
+  intptr_t index = -1;
+  std::string text;
+};
+std::map<XPWidgetID, ShownItem> gShownItems;
+
+void UpdateCurrentItem(XPWidgetID widget) {
+  const std::string descriptor = WidgetDescriptor(widget);
+  const intptr_t index = XPGetWidgetProperty(widget, kPopupCurrentItemProperty, nullptr);
+  const ItemSpan span = LocateItem(descriptor, static_cast<int>(index));
+  ShownItem& shown = gShownItems[widget];
+  shown.index = index;
+  shown.text = descriptor.substr(span.start, span.length);
+  if (shown.text.starts_with('(')) shown.text.erase(0, 1);
+  XPSetWidgetProperty(widget, kPopupItemStartProperty, static_cast<intptr_t>(span.start));
+  XPSetWidgetProperty(widget, kPopupItemLengthProperty, static_cast<intptr_t>(span.length));
+  XPSetWidgetProperty(widget, xpProperty_Enabled, 1);
+}
+
+void DrawArrow(int x, int centre) {
+  const MenuColour colour = GetMenuColour(kMenuText);
+  const float rgb[3] = {colour.red, colour.green, colour.blue};
+  SetFlatDrawing();
+  glColor3fv(rgb);
+  glBegin(GL_TRIANGLES);
+  glVertex2i(x, centre + 3);
+  glVertex2i(x + 8, centre + 3);
+  glVertex2i(x + 4, centre - 3);
+  glEnd();
+}
+
+void DrawButtonText(XPWidgetID widget, int left, int right, int centre, bool enabled) {
+  auto shown = gShownItems.find(widget);
+  if (shown == gShownItems.end()) return;
+  int charWidth = 8;
+  int fontHeight = 12;
+  XPLMGetFontDimensions(xplmFont_Basic, &charWidth, &fontHeight, nullptr);
+  char text[256];
+  const int fits = std::max(0, (right - left - kArrowRoom) / std::max(1, charWidth));
+  const std::size_t length = std::min({shown->second.text.size(), static_cast<std::size_t>(fits), sizeof text - 1});
+  std::memcpy(text, shown->second.text.data(), length);
+  text[length] = '\0';
+  const MenuColour colour = GetMenuColour(enabled ? kMenuText : kMenuTextDisabled);
+  float rgb[3] = {colour.red, colour.green, colour.blue};
+  XPLMDrawString(rgb, left + kTextIndent, centre - fontHeight / 2 + 2, text, nullptr, xplmFont_Basic);
+}
+
+void DrawPopup(XPWidgetID widget) {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+  XPGetWidgetGeometry(widget, &left, &top, &right, &bottom);
+  const int centre = (top + bottom) / 2;
+  // The property can be written without the change message reaching us: catch up before drawing.
+  auto shown = gShownItems.find(widget);
+  if (shown == gShownItems.end() || shown->second.index != XPGetWidgetProperty(widget, kPopupCurrentItemProperty, nullptr)) {
+    UpdateCurrentItem(widget);
+  }
+  const bool enabled = XPGetWidgetProperty(widget, xpProperty_Enabled, nullptr) != 0;
+  if (HasInterfaceTexture()) {
+    DrawInterfacePiece(kPopupButtonPiece, left - kButtonOverhang, centre - kButtonHalfHeight, right + kButtonOverhang,
+                       centre + kButtonHalfHeight);
+    DrawButtonText(widget, left, right, centre, enabled);
+  } else {
+    XPDrawElement(left, bottom, right, top, xpElement_WindowDragBarSmooth, 0);
+    DrawButtonText(widget, left, right, centre, enabled);
+    DrawArrow(right - kArrowInset, centre);
+  }
+}
+
+void AnswerPick(void* refcon, int index) {
+  if (index < 0) return;
+  XPWidgetID widget = refcon;
+  XPSetWidgetProperty(widget, kPopupCurrentItemProperty, index);
+  XPSendMessageToWidget(widget, kPopupItemPickedMessage, xpMode_UpChain, reinterpret_cast<intptr_t>(widget), index);
+}
+
+void OpenMenuFor(XPWidgetID widget) {
+  if (XPGetWidgetProperty(widget, xpProperty_Enabled, nullptr) == 0) return;
+  int left = 0;
+  int top = 0;
+  XPGetWidgetGeometry(widget, &left, &top, nullptr, nullptr);
+  const std::string items = WidgetDescriptor(widget);
+  const int current = static_cast<int>(XPGetWidgetProperty(widget, kPopupCurrentItemProperty, nullptr));
+  OpenPickMenu(left, top, items.c_str(), current, gScrollingMenus, AnswerPick, widget);
+}
+
+}  // namespace
+
+std::string WidgetDescriptor(XPWidgetID widget) {
+  const int length = XPGetWidgetDescriptor(widget, nullptr, 0);
+  if (length <= 0) return {};
+  std::string text(static_cast<std::size_t>(length) + 1, '\0');
+  XPGetWidgetDescriptor(widget, text.data(), length + 1);
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
+int PopupListMessage(XPWidgetMessage message, XPWidgetID widget, intptr_t param1, intptr_t param2) {
+  // A click on a pop-up of a window behind others brings the window forward and opens the menu.
+  if (XPUSelectIfNeeded(message, widget, param1, param2, 0) != 0) return 1;
+  switch (message) {
+    case xpMsg_Create:
+    case xpMsg_DescriptorChanged:
+      UpdateCurrentItem(widget);
+      return 1;
+    case xpMsg_PropertyChanged:
+      if (param1 != kPopupCurrentItemProperty) return 0;
+      UpdateCurrentItem(widget);
+      return 1;
+    case xpMsg_Draw:
+      DrawPopup(widget);
+      return 1;
+    case xpMsg_MouseDown:
+      OpenMenuFor(widget);
+      return 1;
+    case xpMsg_Destroy:
+      CancelPickMenu(widget);
+      gShownItems.erase(widget);
+      return 0;
+    default:
+      return 0;
+  }
+}
+
+XPWidgetID CreatePopupList(int left, int top, int right, int bottom, int visible, const char* items,
+                           XPWidgetID container, int scrolling) {
+  gScrollingMenus = scrolling != 0;
+  return XPCreateCustomWidget(left, top, right, bottom, visible, items != nullptr ? items : "", 0, container,
+                              PopupListMessage);
+}
+
+}  // namespace drav

@@ -1,0 +1,32 @@
+// The pop-up list widget: a button that shows the current item of a list and opens the pick menu
+// when clicked. The simulator's widget library has no drop-down list, so this is a custom widget.
+#pragma once
+
+#include <XPWidgetDefs.h>
+
+#include <string>
+
+namespace drav {
+
+// Property: index of the current item, counted from 0.
+inline constexpr XPWidgetPropertyID kPopupCurrentItemProperty = 1800;
+// Properties kept by the widget: offset and length of the current item's text in the descriptor.
+inline constexpr XPWidgetPropertyID kPopupItemStartProperty = 1801;
+inline constexpr XPWidgetPropertyID kPopupItemLengthProperty = 1802;
+// Message sent up the chain when an item is picked: param1 the pop-up, param2 the index. It is sent
+// even when the picked item was already the current one.
+inline constexpr XPWidgetMessage kPopupItemPickedMessage = 1800;
+
+// `items` is the descriptor: items each followed by ";". An item beginning with "(" is shown without
+// it and cannot be picked; an item "-" is a separator. `scrolling` lets the menu page with Page Up
+// and Page Down; it is one setting for all pop-ups, and the latest creation decides it.
+XPWidgetID CreatePopupList(int left, int top, int right, int bottom, int visible, const char* items,
+                           XPWidgetID container, int scrolling);
+
+// A widget's whole descriptor (for a pop-up: its item list).
+std::string WidgetDescriptor(XPWidgetID widget);
+
+// The widget's message function (exposed for tests that drive it directly).
+int PopupListMessage(XPWidgetMessage message, XPWidgetID widget, intptr_t param1, intptr_t param2);
+
+}  // namespace drav
