@@ -22,8 +22,11 @@ constexpr int kSplashTicks = 6;  // the window lives through six ticks and goes 
 float InputFlightLoop(float, float, int, void*) {
   // Units plugged in or out since the last frame join or leave before their input is handled.
   GFDev_ProcessDeviceChanges();
+  // Most frames carry no input: the queue's count answers that before the modules are reached.
+  InputEventQueue& queue = TheInputQueue();
+  if (queue.pending.load(std::memory_order_acquire) == 0) return kInputInterval;
   // Displays and lights answer an input in the same frame instead of waiting for the next tick.
-  if (DrainQueue(TheInputQueue(), TheModuleManager())) TheModuleManager().RefreshAll();
+  if (DrainQueue(queue, TheModuleManager())) TheModuleManager().RefreshAll();
   return kInputInterval;
 }
 
