@@ -8,7 +8,9 @@
 namespace drav {
 
 // Starts at a middle brightness; changes only when a panel reports its own or the pilot sets it.
-std::int32_t DisplayBrightnessLevel = 8;
+std::int32_t DisplayBrightnessLevel = kInitialDisplayBrightness;
+
+void ResetDisplayBrightnessLevel() { DisplayBrightnessLevel = kInitialDisplayBrightness; }
 
 namespace {
 

@@ -27,6 +27,11 @@ inline constexpr std::int32_t kBrightnessScaleTop = 15;
 using UnitCounter = std::int32_t (*)(std::uint32_t moduleType);
 std::int32_t ManagedUnitCount(std::uint32_t moduleType);
 
+// The level a freshly loaded plug-in starts with. The simulator loads the plug-in into a new process
+// (or a freshly loaded library) each time, so a start begins from it again.
+inline constexpr std::int32_t kInitialDisplayBrightness = 8;
+void ResetDisplayBrightnessLevel();
+
 // The models in the order they are asked for the level, and in the order they are sent it.
 std::span<const BrightnessReader> BrightnessReadOrder();
 std::span<const BrightnessWriter> BrightnessWriteOrder();

@@ -19,6 +19,7 @@
 #include "host/TakeoverDatarefs.h"
 #include "modules/DeviceInput.h"
 #include "modules/ModuleManager.h"
+#include "functions/DisplayBrightness.h"
 #include "modules/GearPanel.h"
 #include "ui/AssignDialog.h"
 #include "modules/PanelPower.h"
@@ -43,6 +44,7 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   ClearCommandTables();
   ResetPanelPowerLookups();
   ResetGearLightLookups();  // a restart in the same process looks the gear datarefs up again
+  ResetDisplayBrightnessLevel();
   XPLMGetVersions(&gSimulatorVersions.xplaneVersion, &gSimulatorVersions.xplmVersion,
                   &gSimulatorVersions.hostId);
   std::snprintf(outName, kEntryBufferSize, "%s", kPluginName);
