@@ -241,10 +241,12 @@ UnitLoader FindLoader(std::uint32_t moduleType) {
 }  // namespace
 
 void LoadAllAssignments() {
+  const IniReadSnapshot snapshot;
   for (std::uint32_t moduleType : kAssignmentLoadOrder) LoadTypeAssignments(moduleType);
 }
 
 int LoadTypeAssignments(std::uint32_t moduleType, bool registerUnit) {
+  const IniReadSnapshot snapshot;
   const int count = Manager().UnitCount(moduleType);
   for (int unit = 0; unit < count; ++unit) {
     LoadUnitAssignments(moduleType, static_cast<std::uint32_t>(unit), registerUnit);
@@ -257,6 +259,7 @@ void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool regi
   if (Manager().FindModule(moduleType, unit, &module) != 1 || module == nullptr) return;
   UnitLoader load = FindLoader(moduleType);
   if (load == nullptr) return;
+  const IniReadSnapshot snapshot;
   load(UnitLoad{*module, unit, AssignmentSection(moduleType, unit), registerUnit});
 }
 

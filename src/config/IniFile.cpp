@@ -9,8 +9,11 @@
 #include <cerrno>
 #include <charconv>
 #include <climits>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "XPLMUtilities.h"
@@ -29,17 +32,42 @@ namespace {
 
 constexpr std::string_view kWrittenLineEnd = "\r\n";
 
-// Reads a file line by line under the rules above. A read error ends the lines as the end of the
-// file would; Failed() tells the two apart.
+// Where the line reader takes its characters from: the file itself, or a copy of it in memory.
+class FileCharacters {
+ public:
+  explicit FileCharacters(std::FILE* file) : file_(file) {}
+  int Get() { return std::getc(file_); }
+  void Unget(int c) { std::ungetc(c, file_); }
+  bool Failed() const { return std::ferror(file_) != 0; }
+
+ private:
+  std::FILE* file_;
+};
+
+class MemoryCharacters {
+ public:
+  explicit MemoryCharacters(std::string_view bytes) : bytes_(bytes) {}
+  int Get() { return next_ < bytes_.size() ? static_cast<unsigned char>(bytes_[next_++]) : EOF; }
+  void Unget(int) { --next_; }  // only ever after a Get that returned a character
+  bool Failed() const { return false; }
+
+ private:
+  std::string_view bytes_;
+  std::size_t next_ = 0;
+};
+
+// Reads lines under the rules above. A read error ends the lines as the end of the file would;
+// Failed() tells the two apart.
+template <typename Characters>
 class IniLineReader {
  public:
-  explicit IniLineReader(std::FILE* file) : file_(file) {}
+  explicit IniLineReader(Characters characters) : in_(characters) {}
 
   // The next line, without its line end. False when no line is left.
   bool Next(std::string_view& line) {
     std::size_t length = 0;
     int c;
-    while ((c = std::getc(file_)) != EOF) {
+    while ((c = in_.Get()) != EOF) {
       if (c == '\n' || c == '\r') {
         SkipPartnerOf(c);
         line = std::string_view(buffer_, length);
@@ -49,11 +77,11 @@ class IniLineReader {
       if (length == kIniMaxLineLength) {
         // A full chunk. A line end that follows at once belongs to it, so a line of exactly 255
         // characters stays one line instead of a line and an empty one.
-        const int next = std::getc(file_);
+        const int next = in_.Get();
         if (next == '\n' || next == '\r') {
           SkipPartnerOf(next);
         } else if (next != EOF) {
-          std::ungetc(next, file_);
+          in_.Unget(next);
         }
         line = std::string_view(buffer_, length);
         return true;
@@ -64,19 +92,60 @@ class IniLineReader {
     return true;
   }
 
-  bool Failed() const { return std::ferror(file_) != 0; }
+  bool Failed() const { return in_.Failed(); }
 
  private:
   // CR LF and LF CR are one line end each; a second character of the same kind starts a new one.
   void SkipPartnerOf(int first) {
     const int partner = first == '\n' ? '\r' : '\n';
-    const int next = std::getc(file_);
-    if (next != partner && next != EOF) std::ungetc(next, file_);
+    const int next = in_.Get();
+    if (next != partner && next != EOF) in_.Unget(next);
   }
 
-  std::FILE* file_;
+  Characters in_;
   char buffer_[kIniMaxLineLength];
 };
+
+// The copy of one file that reads use while an IniReadSnapshot lives (main thread only, like every
+// caller of the reader).
+struct Snapshot {
+  int depth = 0;
+  bool taken = false;  // false: the file could not be copied; reads go to the file
+  std::string path;
+  std::optional<std::string> bytes;  // empty: there is no such file
+};
+Snapshot gSnapshot;
+
+// A configuration file is a few kilobytes; one beyond this is read from disk rather than copied.
+constexpr std::uintmax_t kLargestSnapshot = 16u << 20;
+
+void TakeSnapshot() {
+  gSnapshot.taken = false;
+  gSnapshot.bytes.reset();
+  std::FILE* file = std::fopen(gSnapshot.path.c_str(), "rb");
+  if (!file) {
+    gSnapshot.taken = errno == ENOENT;  // a missing file is something a copy can stand for
+    return;
+  }
+  std::string bytes;
+  char chunk[4096];
+  std::size_t got = 0;
+  bool tooLarge = false;
+  while ((got = std::fread(chunk, 1, sizeof chunk, file)) > 0) {
+    bytes.append(chunk, got);
+    if (bytes.size() > kLargestSnapshot) {
+      tooLarge = true;
+      break;
+    }
+  }
+  const bool failed = std::ferror(file) != 0;
+  std::fclose(file);
+  if (tooLarge || failed) return;
+  gSnapshot.bytes = std::move(bytes);
+  gSnapshot.taken = true;
+}
+
+bool SnapshotCovers(const std::string& path) { return gSnapshot.depth > 0 && gSnapshot.taken && gSnapshot.path == path; }
 
 std::string SectionTag(const char* section) { return std::string("[") + section + "]"; }
 std::string KeyPrefix(const char* key) { return std::string(key) + "="; }
@@ -105,13 +174,10 @@ std::string_view ViewOf(const char* text) {
 }
 
 // Scans the first copy of the section for the key; only that copy counts.
-bool FindValue(const std::string& path, std::string_view tag, std::string_view prefix, char* out) {
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  if (!file) return false;
-  IniLineReader reader(file);
+template <typename Characters>
+bool ScanForValue(IniLineReader<Characters>& reader, std::string_view tag, std::string_view prefix, char* out) {
   std::string_view line;
   bool inSection = false;
-  bool found = false;
   while (reader.Next(line)) {
     if (!inSection) {
       inSection = Contains(line, tag);
@@ -120,11 +186,23 @@ bool FindValue(const std::string& path, std::string_view tag, std::string_view p
     const std::size_t at = FindKeyPrefix(line, prefix);
     if (at != std::string_view::npos) {
       CopyValue(out, line.substr(at + prefix.size()));
-      found = true;
-      break;
+      return true;
     }
     if (StartsSection(line)) break;  // tested after the key, so "[T] Key=v" still yields v
   }
+  return false;
+}
+
+bool FindValue(const std::string& path, std::string_view tag, std::string_view prefix, char* out) {
+  if (SnapshotCovers(path)) {
+    if (!gSnapshot.bytes) return false;
+    IniLineReader reader{MemoryCharacters(*gSnapshot.bytes)};
+    return ScanForValue(reader, tag, prefix, out);
+  }
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  if (!file) return false;
+  IniLineReader reader{FileCharacters(file)};
+  const bool found = ScanForValue(reader, tag, prefix, out);
   std::fclose(file);
   return found;
 }
@@ -206,7 +284,7 @@ bool WriteRewrittenFile(std::FILE* in, std::FILE* out, std::string_view tag,
   KeyRewriter rewriter(out, tag, prefix, value);
   bool readFailed = false;
   if (in) {
-    IniLineReader reader(in);
+    IniLineReader reader{FileCharacters(in)};
     std::string_view line;
     while (reader.Next(line)) rewriter.Line(line);
     readFailed = reader.Failed();
@@ -307,9 +385,22 @@ bool WriteIniValueAtPath(const std::string& path, const char* section, const cha
   const bool written =
       WriteRewrittenFile(in, out, SectionTag(section), KeyPrefix(key), OneLine(value));
   if (in) std::fclose(in);
-  if (written && MoveOver(tempPath, path)) return true;
-  std::remove(tempPath.c_str());
-  return false;
+  const bool replaced = written && MoveOver(tempPath, path);
+  if (!replaced) std::remove(tempPath.c_str());
+  if (replaced && SnapshotCovers(path)) TakeSnapshot();  // later reads see what was written
+  return replaced;
+}
+
+IniReadSnapshot::IniReadSnapshot(const char* fileName) {
+  const std::string path = PluginFilePath(fileName);
+  if (gSnapshot.depth++ > 0) return;  // the outermost one decides which file is copied
+  gSnapshot.path = path;
+  TakeSnapshot();
+}
+
+IniReadSnapshot::~IniReadSnapshot() {
+  if (--gSnapshot.depth > 0) return;
+  gSnapshot = Snapshot{};
 }
 
 void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value) {

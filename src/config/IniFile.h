@@ -1,5 +1,5 @@
 // The plug-in's INI reader and writer. Values are strings; callers convert them. The file is opened,
-// scanned and closed on every call: nothing is cached.
+// scanned and closed on every call, except while an IniReadSnapshot holds a copy of it.
 #pragma once
 
 #include <cstddef>
@@ -33,6 +33,19 @@ bool ReadIniValueAtPath(const std::string& path, const char* section, const char
 // Returns true when the new file took the old one's place.
 bool WriteIniValueAtPath(const std::string& path, const char* section, const char* key,
                          const char* value);
+
+// While one lives, reads of the file come from one copy of it taken when the first was made: a load
+// of every unit's assignments reads hundreds of keys, and scanning the file on disk for each one
+// took longer than a frame. What is found is exactly what the file would give; a write through
+// this reader refreshes the copy. Snapshots nest (an inner one of another file is not taken).
+// Main thread only.
+class IniReadSnapshot {
+ public:
+  explicit IniReadSnapshot(const char* fileName = kConfigFileName);
+  ~IniReadSnapshot();
+  IniReadSnapshot(const IniReadSnapshot&) = delete;
+  IniReadSnapshot& operator=(const IniReadSnapshot&) = delete;
+};
 
 // Numbers are parsed from the leading decimal text of a value; no number gives 0.
 int ParseIniInt(const char* value);

@@ -1,0 +1,76 @@
+// Reads under an IniReadSnapshot find exactly what reads of the file on disk find, over files that
+// exercise every line rule; the copy follows writes made through the reader and nothing else.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "PluginFolderSupport.h"
+#include "config/IniFile.h"
+
+namespace {
+
+class IniSnapshotTest : public drav_test::PluginFolderTest {
+ protected:
+  IniSnapshotTest() : PluginFolderTest("inisnapshot") {}
+
+  static std::string Read(const char* section, const char* key) {
+    return drav::ReadIniString(drav::kConfigFileName, section, key, "<default>");
+  }
+};
+
+struct Probe {
+  const char* section;
+  const char* key;
+};
+
+TEST_F(IniSnapshotTest, FindsWhatTheFileOnDiskGivesUnderEveryLineRule) {
+  const std::string longValue(300, 'v');  // cut into a 255 chunk and a remainder
+  const std::vector<std::string> files = {
+      "",
+      "[A]\r\nK=1\r\n[B]\r\nK=2\r\n",
+      "[A]\nK=1\r[B]\n\rK=2",                                  // LF, CR, LF CR, no final line end
+      "[A]\r\nK=first\r\nK=second\r\n[A]\r\nK=third\r\n",      // duplicates: the first wins
+      "x[A]x\r\nK=tag inside a line\r\n[B] K=on the tag line\r\n",
+      "[A]\r\nK=" + longValue + "\r\n" + std::string(255, 'k') + "\r\nL=after\r\n",
+      std::string("[A]\r\nK=\x01\xff\x00z\r\n", 13),            // binary bytes and a NUL
+      ";[A]\r\nK=commented tag opens the section\r\n",
+  };
+  const std::vector<Probe> probes = {{"A", "K"}, {"B", "K"}, {"A", "L"}, {"A", "Missing"}, {"C", "K"}};
+  for (const std::string& file : files) {
+    GivenIni(file);
+    std::vector<std::string> fromDisk;
+    for (const Probe& probe : probes) fromDisk.push_back(Read(probe.section, probe.key));
+    const drav::IniReadSnapshot snapshot;
+    for (std::size_t i = 0; i < probes.size(); ++i) {
+      EXPECT_EQ(Read(probes[i].section, probes[i].key), fromDisk[i])
+          << "file " << ::testing::PrintToString(file) << ", [" << probes[i].section << "] " << probes[i].key;
+    }
+  }
+}
+
+TEST_F(IniSnapshotTest, ReadsComeFromTheCopyUntilTheLastSnapshotEnds) {
+  GivenIni("[A]\r\nK=old\r\n");
+  {
+    const drav::IniReadSnapshot outer;
+    GivenIni("[A]\r\nK=changed behind the reader's back\r\n");
+    EXPECT_EQ(Read("A", "K"), "old") << "the copy stands for the file during a load";
+    {
+      const drav::IniReadSnapshot inner;
+      EXPECT_EQ(Read("A", "K"), "old") << "a nested snapshot keeps the outer copy";
+    }
+    EXPECT_EQ(Read("A", "K"), "old");
+  }
+  EXPECT_EQ(Read("A", "K"), "changed behind the reader's back") << "afterwards the file is read again";
+}
+
+TEST_F(IniSnapshotTest, WritesThroughTheReaderRefreshTheCopy) {
+  const drav::IniReadSnapshot snapshot;  // taken while there is no file at all
+  EXPECT_EQ(Read("A", "K"), "<default>");
+  drav::WriteIniValue(drav::kConfigFileName, "A", "K", "written");
+  EXPECT_EQ(Read("A", "K"), "written");
+  drav::WriteIniValue(drav::kConfigFileName, "A", "K", "");
+  EXPECT_EQ(Read("A", "K"), "<default>") << "an empty value removed the key";
+}
+
+}  // namespace
