@@ -25,7 +25,10 @@ FindSymbolFn LocateFindSymbol(bool* libraryLoaded) {
   HMODULE library = LoadLibraryA(path.c_str());
   *libraryLoaded = library != nullptr;
   if (library == nullptr) return nullptr;
-  return reinterpret_cast<FindSymbolFn>(GetProcAddress(library, "XPLMFindSymbol"));
+  // FARPROC is a generic function pointer; void (*)() is the type GCC lets it pass through unwarned.
+  using AnyFunction = void (*)();
+  return reinterpret_cast<FindSymbolFn>(
+      reinterpret_cast<AnyFunction>(GetProcAddress(library, "XPLMFindSymbol")));
 }
 #else
 // On Linux and macOS the simulator resolves our SDK imports when it loads the plug-in, so the

@@ -43,9 +43,12 @@ TEST_F(IniPluginFileTest, ReadTraceNamesFileSectionKeyValueAndDefault) {
   EXPECT_EQ(drav::ReadIniString(drav::kConfigFileName, "GF45_1", "Function1", "NADA"), "NADA");
   EXPECT_EQ(
       LogText(),
-      "file: DRAV.INI, found: 1, section: [CONFIG], key: GRP48ReverseFix, value: 1, default: 0\n"
-      "file: DRAV.INI, found: 0, section: [CONFIG], key: Missing, value: dflt, default: dflt\n"
-      "file: DRAV.INI, found: 0, section: [GF45_1], key: Function1, value: NADA, default: NADA\n");
+      "file: DRAV.INI, found: 1, section: [CONFIG], key: GRP48ReverseFix, value: 1, default: 0" +
+          drav_test::kLogLineEnd +
+          "file: DRAV.INI, found: 0, section: [CONFIG], key: Missing, value: dflt, default: dflt" +
+          drav_test::kLogLineEnd +
+          "file: DRAV.INI, found: 0, section: [GF45_1], key: Function1, value: NADA, default: NADA" +
+          drav_test::kLogLineEnd);
 }
 
 TEST_F(IniPluginFileTest, ReadTraceNeedsBothSwitchesExactlyOne) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -9,6 +10,10 @@
 #include <sstream>
 #include <string>
 #include <vector>
+
+#ifdef _WIN32
+#include <io.h>
+#endif
 
 namespace drav_test {
 
@@ -18,7 +23,7 @@ class ScratchFolder {
   explicit ScratchFolder(const std::string& tag) {
     std::string pattern =
         (std::filesystem::temp_directory_path() / ("drav_" + tag + "_XXXXXX")).string();
-    if (char* made = mkdtemp(pattern.data())) path_ = made;
+    if (char* made = MakeFolder(pattern.data())) path_ = made;
   }
   ~ScratchFolder() {
     std::error_code ignored;
@@ -31,6 +36,18 @@ class ScratchFolder {
   bool Made() const { return !path_.empty(); }
 
  private:
+#ifdef _WIN32
+  // No mkdtemp on Windows: _mktemp_s picks a name not in use, and create_directory refuses one
+  // that appeared since.
+  static char* MakeFolder(char* pattern) {
+    if (_mktemp_s(pattern, std::strlen(pattern) + 1) != 0) return nullptr;
+    std::error_code error;
+    return std::filesystem::create_directory(pattern, error) ? pattern : nullptr;
+  }
+#else
+  static char* MakeFolder(char* pattern) { return mkdtemp(pattern); }
+#endif
+
   std::filesystem::path path_;
 };
 
@@ -46,11 +63,15 @@ inline std::optional<std::string> ReadBytes(const std::filesystem::path& path) {
   return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-// Splits on '\n'; a text that ends with '\n' gives no empty last line.
+// Splits on '\n' and drops the '\r' of a CR LF end (the log's line end on Windows); a text that
+// ends with a line end gives no empty last line.
 inline std::vector<std::string> SplitLines(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
+  for (std::string line; std::getline(in, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(line);
+  }
   return lines;
 }
 

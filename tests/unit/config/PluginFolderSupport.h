@@ -15,6 +15,13 @@
 
 namespace drav_test {
 
+// The log's line end: the text-mode line end of the platform.
+#ifdef _WIN32
+inline const std::string kLogLineEnd = "\r\n";
+#else
+inline const std::string kLogLineEnd = "\n";
+#endif
+
 class PluginFolderTest : public ::testing::Test {
  protected:
   explicit PluginFolderTest(const std::string& tag) : root_(tag) {}

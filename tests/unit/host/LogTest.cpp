@@ -53,6 +53,9 @@ TEST_F(LogTest, LinesAreAppendedNeverTruncated) {
 }
 
 TEST_F(LogTest, MirrorGoesToTheDebuggerOutputOnlyWhenSwitchedOn) {
+#ifdef _WIN32
+  GTEST_SKIP() << "the mirror goes to OutputDebugStringA there; WindowsPlatformTest watches it";
+#endif
   EnableLog();
   ::testing::internal::CaptureStderr();
   drav::LogLine("quiet");

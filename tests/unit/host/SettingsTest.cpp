@@ -165,7 +165,7 @@ TEST_F(SettingsTest, ConfigReadsTraceInTableOrder) {
   const std::string trace = "file: DRAV.INI, found: ";
   auto line = [&](const char* found, const char* key, const char* value, const char* dflt) {
     return trace + found + ", section: [CONFIG], key: " + key + ", value: " + value +
-           ", default: " + dflt + "\n";
+           ", default: " + dflt + drav_test::kLogLineEnd;
   };
   // DEBUG reads come first and never trace, though both switches are 1 before they end.
   EXPECT_EQ(LogText(), line("0", "GRP48ReverseFix", "0", "0") +
