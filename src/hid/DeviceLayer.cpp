@@ -15,6 +15,13 @@
 
 #include "hid/DeviceClasses.h"
 #include "hid/DeviceLayerControl.h"
+
+#ifdef _WIN32
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+#endif
 #include "hid/DeviceObject.h"
 #include "hid/DeviceTables.h"
 #include "hid/GFDev.h"
@@ -25,7 +32,36 @@ namespace drav {
 
 namespace {
 
-// Stands in for the named mutex "GFDev_MtxInputCallback": one callback runs at a time, and a read
+#ifdef _WIN32
+// One callback runs at a time, and a read thread waits at most a second for its turn before it
+// drops the record. On Windows the turn is the system-wide named mutex "GFDev_MtxInputCallback", so
+// that every copy of the layer in the simulator's process (and any other program that takes the
+// same name) shares it. A mutex that cannot be made leaves the gate always open.
+class InputCallbackGate {
+ public:
+  InputCallbackGate() : mutex_(CreateMutexA(nullptr, FALSE, "GFDev_MtxInputCallback")) {}
+  ~InputCallbackGate() {
+    if (mutex_ != nullptr) CloseHandle(mutex_);
+  }
+  InputCallbackGate(const InputCallbackGate&) = delete;
+  InputCallbackGate& operator=(const InputCallbackGate&) = delete;
+
+  bool TryEnterFor(std::chrono::milliseconds timeout) {
+    if (mutex_ == nullptr) return true;
+    const DWORD result = WaitForSingleObject(mutex_, static_cast<DWORD>(timeout.count()));
+    // An abandoned mutex (its holder's thread ended) is ours now, as a taken one is.
+    return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
+  }
+  void Enter() { TryEnterFor(std::chrono::milliseconds(INFINITE)); }
+  void Leave() {
+    if (mutex_ != nullptr) ReleaseMutex(mutex_);
+  }
+
+ private:
+  HANDLE mutex_;
+};
+#else
+// Stands in for the named mutex "GFDev_MtxInputCallback" of Windows: one callback runs at a time, and a read
 // thread waits at most a second for its turn before it drops the record. Built on a mutex and a
 // condition variable rather than std::timed_mutex, whose timed wait the thread sanitizer cannot
 // follow (it then reports every unlock as an unlock of an unlocked mutex).
@@ -55,6 +91,8 @@ class InputCallbackGate {
   std::condition_variable freed_;
   bool held_ = false;
 };
+
+#endif
 
 // Holds the gate for a scope.
 class GateHold {

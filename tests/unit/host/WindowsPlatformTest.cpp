@@ -133,6 +133,18 @@ std::vector<drav::HidDeviceChange> Take(drav::Win32HidBackend& backend) {
 
 constexpr const char* kPanelPath = "\\\\?\\HID#VID_09F3&PID_0064#7&1a2b3c4d&0&0000#{4d1e55b2-f16f-11cf-88cb-001111000030}";
 
+// ---- the input callback's named mutex ------------------------------------------------------------
+
+// The device layer serialises input callbacks with a mutex that other code in the process can find
+// by its name; while someone else holds it, the layer's callbacks wait their turn.
+TEST(WindowsInputMutexTest, TheLayersMutexIsFoundByItsName) {
+  HANDLE mutex = OpenMutexA(SYNCHRONIZE | MUTEX_MODIFY_STATE, FALSE, "GFDev_MtxInputCallback");
+  ASSERT_NE(mutex, nullptr) << "the device layer made no mutex of that name";
+  EXPECT_EQ(WaitForSingleObject(mutex, 1000), WAIT_OBJECT_0) << "nobody holds it while no input runs";
+  EXPECT_TRUE(ReleaseMutex(mutex));
+  CloseHandle(mutex);
+}
+
 TEST(Win32HidBackendTest, EnumeratesTheSameListTwiceWithNoEmptyPath) {
   drav::Win32HidBackend backend;
   const std::vector<std::string> first = backend.EnumerateDevicePaths();
