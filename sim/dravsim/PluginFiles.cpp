@@ -13,7 +13,8 @@ std::optional<std::filesystem::path> PluginFilePath(const sim::SimHost& host,
   const std::filesystem::path relative(name);
   bool climbs = false;
   for (const auto& part : relative) climbs = climbs || part == "..";
-  if (name.empty() || relative.is_absolute() || relative.has_root_name() || climbs) {
+  // "/etc/x" is not absolute on Windows (no drive) but still leaves the folder: any root refuses.
+  if (name.empty() || relative.is_absolute() || relative.has_root_name() || relative.has_root_directory() || climbs) {
     error = "the file name \"" + std::string(name) + "\" must stay inside the plug-in folder";
     return std::nullopt;
   }
