@@ -86,9 +86,9 @@ void PrintDataref(ScenarioContext& ctx, const DatarefTarget& target) {
   std::string text = target.path + " =";
   for (int i = first; i <= last; ++i) {
     const auto value = ctx.host.GetDatarefValue(target.path, isArray ? i : -1);
-    text += " " + (value ? sim::FormatEventNumber(*value, decl->type != sim::DatarefType::Int &&
-                                                              decl->type != sim::DatarefType::IntArray)
-                         : std::string("?"));
+    const bool isFloat = decl->type != sim::DatarefType::Int && decl->type != sim::DatarefType::IntArray;
+    text += ' ';
+    text += value ? sim::FormatEventNumber(*value, isFloat) : std::string("?");
   }
   ctx.Echo(text);
 }

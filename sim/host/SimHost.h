@@ -62,7 +62,7 @@ struct WidgetSnapshot {
 // The id of the plug-in under test; other plug-ins get ids from 2 upward. 0 is the simulator.
 inline constexpr int kPluginUnderTestId = 1;
 
-class SimHostImpl;
+struct SimHostImpl;
 
 class SimHost {
  public:
