@@ -78,19 +78,19 @@ bool ValueMeansOn(float value, float onValue, float compareMode) {
 void WriteIntArray(DatarefBinding& binding, float value) {
   if (binding.intBuffer == nullptr) return;
   std::fill_n(binding.intBuffer.get(), binding.count, TruncateToInt(value));
-  XPLMSetDatavi(binding.dataref, binding.intBuffer.get(), binding.offset, binding.count);
+  XPLMSetDatavi(binding.writeDataref, binding.intBuffer.get(), binding.offset, binding.count);
 }
 
 void WriteFloatArray(DatarefBinding& binding, float value) {
   if (binding.floatBuffer == nullptr) return;
   std::fill_n(binding.floatBuffer.get(), binding.count, value);
-  XPLMSetDatavf(binding.dataref, binding.floatBuffer.get(), binding.offset, binding.count);
+  XPLMSetDatavf(binding.writeDataref, binding.floatBuffer.get(), binding.offset, binding.count);
 }
 
 void WriteBoundValue(DatarefBinding& binding, float value) {
   switch (binding.valueType) {
-    case kIntScalar: XPLMSetDatai(binding.dataref, TruncateToInt(value)); break;
-    case kFloatScalar: XPLMSetDataf(binding.dataref, value); break;
+    case kIntScalar: XPLMSetDatai(binding.writeDataref, TruncateToInt(value)); break;
+    case kFloatScalar: XPLMSetDataf(binding.writeDataref, value); break;
     case kIntArray: WriteIntArray(binding, value); break;
     case kFloatArray: WriteFloatArray(binding, value); break;
     default: break;
@@ -114,6 +114,7 @@ DatarefBinding::DatarefBinding(const DatarefBinding& other)
       compareMode(other.compareMode),
       valueType(other.valueType),
       dataref(other.dataref),
+      writeDataref(other.writeDataref),
       offset(other.offset),
       count(other.count) {}
 
@@ -140,6 +141,7 @@ void InitBinding(DatarefBinding& binding, float onValue, float offValue, float c
   binding.intBuffer.reset();
   binding.floatBuffer.reset();
   binding.dataref = nullptr;
+  binding.writeDataref = nullptr;
 
   if (!IsKnownValueType(valueType) || path == nullptr) return;
   if (IsArrayValueType(valueType)) {
@@ -147,6 +149,11 @@ void InitBinding(DatarefBinding& binding, float onValue, float offValue, float c
     AllocateArrayBuffer(binding);
   }
   binding.dataref = XPLMFindDataRef(path);
+  binding.writeDataref = binding.dataref;
+}
+
+void RedirectBindingWrites(DatarefBinding& binding, const char* path) {
+  binding.writeDataref = path != nullptr ? XPLMFindDataRef(path) : nullptr;
 }
 
 std::int32_t ReadBinding(DatarefBinding& binding) {
@@ -160,7 +167,7 @@ std::int32_t ReadBinding(DatarefBinding& binding) {
 // the state (a selector position that reports again must write its value again).
 void WriteBinding(DatarefBinding& binding, std::int32_t forceOn) {
   const float value = (forceOn != 0 || binding.state == 1) ? binding.onValue : binding.offValue;
-  if (binding.dataref == nullptr) return;
+  if (binding.writeDataref == nullptr) return;
   WriteBoundValue(binding, value);
 }
 

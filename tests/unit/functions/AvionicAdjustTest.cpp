@@ -16,6 +16,7 @@
 #include "functions/AvionicDisplay.h"
 #include "functions/FunctionObjects.h"
 #include "host/HostState.h"
+#include "host/OptionalXplmApi.h"
 #include "host/Settings.h"
 #include "host/SimHost.h"
 #include "modules/ModuleTypes.h"
@@ -486,6 +487,7 @@ class TrimTest : public AvionicAdjustTest, public ::testing::WithParamInterface<
 
 TEST_P(TrimTest, StepsByTheSettingWithinTheLimit) {
   const TrimCase& c = GetParam();
+  host().SetXPlaneVersion(c.xplaneVersion);
   gSimulatorVersions.xplaneVersion = c.xplaneVersion;
   IncrementFor(c.id) = c.increment;
   SetValue(c.path, c.start);
@@ -508,11 +510,39 @@ INSTANTIATE_TEST_SUITE_P(
                       TrimCase{"NaNStepChangesNothing", 427, kElevatorTrim, 12000, kNaN, 0.3, 0, 1, 0.3},
                       TrimCase{"AileronDown", 430, kAileronTrim, 12000, 0.001f, 0.0, 0, -3, -0.003},
                       TrimCase{"RudderOuterIgnored", 433, kRudderTrim, 12000, 0.001f, 0.2, 5, 2, 0.202},
-                      TrimCase{"Rotor", 436, kRotorTrim, 12000, 0.001f, 0.0, 0, 1, 0.001},
+                      TrimCase{"RotorOnAnOlderSimulator", 436, kRotorTrim, 11000, 0.001f, 0.0, 0, 1, 0.001},
                       TrimCase{"AbsurdCountClamps", 427, kElevatorTrim, 12000, 0.005f, 0.0, 0, kMinSteps, -1.0}),
     [](const ::testing::TestParamInfo<TrimCase>& info) { return std::string(info.param.name); });
 
+// X-Plane 12 keeps no rotor trim value: each step of the knob runs the simulator's trim command
+// once, in the direction of the turn, and a fast turn stops at a sane number of commands.
+TEST_F(AvionicAdjustTest, RotorTrimStepsByCommandWhereTheSimulatorKeepsNoValue) {
+  ASSERT_TRUE(LoadOptionalXplmApi());
+  ASSERT_FALSE(host().HasDataref(kRotorTrim));
+  AvionicFunction* rotor = Build(436);
+  ASSERT_NE(rotor, nullptr);
+  host().ClearEvents();
+  AdjustAvionicFunction(rotor, 5, 2, kModuleGFLGT2);
+  AdjustAvionicFunction(rotor, 0, -1, kModuleGFLGT2);
+  EXPECT_EQ(host().Events(), (std::vector<std::string>{"command-once sim/flight_controls/gyro_rotor_trim_up",
+                                                       "command-once sim/flight_controls/gyro_rotor_trim_up",
+                                                       "command-once sim/flight_controls/gyro_rotor_trim_down"}));
+  host().ClearEvents();
+  AdjustAvionicFunction(rotor, 0, kMinSteps, kModuleGFLGT2);
+  EXPECT_EQ(host().Events().size(), 64u);
+
+  // Without the commands either, the knob does nothing.
+  host().SetCommandKnown("sim/flight_controls/gyro_rotor_trim_up", false);
+  rotor = Build(436);
+  host().ClearEvents();
+  AdjustAvionicFunction(rotor, 0, 3, kModuleGFLGT2);
+  EXPECT_TRUE(host().Events().empty());
+}
+
 TEST_F(AvionicAdjustTest, EachTrimReadsItsOwnSetting) {
+  // The rotor trim is a value only in simulators older than X-Plane 12.
+  host().SetXPlaneVersion(11000);
+  gSimulatorVersions.xplaneVersion = 11000;
   gSettings.ElevatorTrimIncrement = 0.1f;
   gSettings.AileronTrimIncrement = 0.2f;
   gSettings.RudderTrimIncrement = 0.3f;
