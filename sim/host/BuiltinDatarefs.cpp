@@ -192,6 +192,7 @@ constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/cockpit/warnings/annunciators/speedbrake", T::Int, 1, kRW},
     {"sim/cockpit/warnings/annunciators/transonic", T::Int, 1, kRW},
     {"sim/cockpit/warnings/annunciators/yaw_damper", T::Int, 1, kRW},
+    {"sim/cockpit2/EFIS/map_mode_is_HSI", T::Int, 1, kRW},
     {"sim/cockpit2/annunciators/GPWS", T::Int, 1, kRO},
     {"sim/cockpit2/annunciators/fasten_seatbelt", T::Int, 1, kRO},
     {"sim/cockpit2/annunciators/gear_warning", T::Int, 1, kRO},

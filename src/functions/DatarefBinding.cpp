@@ -103,6 +103,8 @@ void AllocateArrayBuffer(DatarefBinding& binding) {
   if (binding.valueType == kFloatArray) binding.floatBuffer = std::make_unique<float[]>(elements);
 }
 
+float InvertFlag(float value) { return value != 0.0f ? 0.0f : 1.0f; }
+
 }  // namespace
 
 DatarefBinding::DatarefBinding(const DatarefBinding& other)
@@ -173,11 +175,14 @@ void WriteBinding(DatarefBinding& binding, std::int32_t forceOn) {
 
 float GetAvionicValue(const AvionicFunction& function) {
   if (function.dataref == nullptr) return 0.0f;
-  return function.isFloat ? XPLMGetDataf(function.dataref) : static_cast<float>(XPLMGetDatai(function.dataref));
+  const float value =
+      function.isFloat ? XPLMGetDataf(function.dataref) : static_cast<float>(XPLMGetDatai(function.dataref));
+  return function.invertedFlag ? InvertFlag(value) : value;
 }
 
 void SetAvionicValue(AvionicFunction& function, float value) {
   if (function.dataref == nullptr) return;
+  if (function.invertedFlag) value = InvertFlag(value);
   if (function.isFloat) {
     XPLMSetDataf(function.dataref, value);
   } else {

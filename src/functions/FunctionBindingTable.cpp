@@ -28,8 +28,7 @@ void BindDefinition(SwitchFunction& record, FunctionId id, const SwitchBinding& 
 // The row as this simulator can carry it out: the original dataref, or what stands in for it.
 void BindFromDefinition(SwitchFunction& record, FunctionId id, const SwitchBinding& row) {
   const SimEquivalent* equivalent = ChooseSimEquivalent(row.path, row.onValue);
-  // Step commands stand in for a knob's value, never for a switch.
-  if (equivalent == nullptr || equivalent->drive == EquivalentDrive::kStepCommands) {
+  if (equivalent == nullptr) {
     BindDefinition(record, id, row);
     return;
   }
@@ -51,10 +50,14 @@ void BindFromDefinition(SwitchFunction& record, FunctionId id, const SwitchBindi
     case EquivalentDrive::kPressCommand:
     case EquivalentDrive::kToggleCommand:
     case EquivalentDrive::kHoldCommand:
-    case EquivalentDrive::kStepCommands:
       BindSimulatorCommand(record, id, equivalent->command, static_cast<std::int32_t>(equivalent->drive),
                            equivalent->path != nullptr ? equivalent->path : row.path, equivalent->lightOn,
                            equivalent->lightRule);
+      return;
+    case EquivalentDrive::kStepCommands:
+    case EquivalentDrive::kInvertedFlag:
+      // They stand in for a knob's value, never for a switch.
+      BindDefinition(record, id, row);
       return;
   }
 }

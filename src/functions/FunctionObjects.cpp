@@ -181,12 +181,17 @@ void RefreshFromBindings(SwitchFunction& record) {
 
 // ---- the factory ------------------------------------------------------------------------------
 
-// Where this simulator steps the value by command instead of keeping it in the dataref.
-void BindStepCommands(AvionicFunction& object, const char* path) {
+// What this simulator keeps the value as: the path to bind, with the object told whether that is an
+// inverted flag or whether the value is stepped by command instead.
+const char* ApplyAvionicEquivalent(AvionicFunction& object, const char* path) {
   const SimEquivalent* equivalent = ChooseSimEquivalent(path, kAnyOnValue);
-  const bool stepped = equivalent != nullptr && equivalent->drive == EquivalentDrive::kStepCommands;
+  const EquivalentDrive drive = equivalent != nullptr ? equivalent->drive : EquivalentDrive::kDataref;
+  const bool stepped = drive == EquivalentDrive::kStepCommands;
   object.stepUp = stepped ? FindOptionalCommand(equivalent->command) : nullptr;
   object.stepDown = stepped ? FindOptionalCommand(equivalent->downCommand) : nullptr;
+  object.invertedFlag = drive == EquivalentDrive::kInvertedFlag;
+  const bool replaced = equivalent != nullptr && (drive == EquivalentDrive::kDataref || object.invertedFlag);
+  return replaced ? equivalent->path : path;
 }
 
 // Re-initialises id's shared object from its row, with X737Mode as it is now.
@@ -198,8 +203,7 @@ AvionicFunction* BuildSharedAvionic(const AvionicFunctionRow& row) {
   const char* auxPath = x737 ? row.auxX737Path : row.auxPath;
   // The companion first: the speed display reads it to choose between knots and Mach.
   if (auxPath != nullptr) InitBinding(object->auxBinding, 1.0f, 0.0f, kCompareEqual, auxPath, kIntScalar, 0, 1);
-  CreateAvionicFunction(*object, row.tag, row.format, row.id, path);
-  BindStepCommands(*object, path);
+  CreateAvionicFunction(*object, row.tag, row.format, row.id, ApplyAvionicEquivalent(*object, path));
   return object;
 }
 

@@ -64,6 +64,8 @@ struct AvionicFunction {
   // A trim the simulator no longer keeps as a dataref: the commands that step it (null otherwise).
   XPLMCommandRef stepUp = nullptr;
   XPLMCommandRef stepDown = nullptr;
+  // The dataref is an on/off flag that means the opposite of the value shown and set.
+  bool invertedFlag = false;
 };
 
 inline constexpr int kMultiFunctionSlots = 6;

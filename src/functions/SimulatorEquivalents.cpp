@@ -53,6 +53,9 @@ constexpr SimEquivalent kSimEquivalents[] = {
     // One switch for the aircraft becomes the per-engine switch of every engine X-Plane 12 has.
     {"sim/cockpit/switches/anti_ice_auto_ignite", kAny, D::kDataref, "sim/cockpit2/engine/actuators/auto_ignite_on",
      kIntArray, 16, 0, kEq, nullptr},
+    // The navigation display's map (1) or HSI (0) mode, which X-Plane 12 keeps the other way round.
+    {"sim/cockpit/switches/EFIS_map_mode", kAny, D::kInvertedFlag, "sim/cockpit2/EFIS/map_mode_is_HSI", kIntScalar, 1,
+     0, kEq, nullptr},
     // X-Plane 12 keeps no rotor trim value a plug-in can set, only the commands that trim it.
     {"sim/flightmodel/controls/rot_trim", kAny, D::kStepCommands, nullptr, kFloatScalar, 1, 0, kEq,
      "sim/flight_controls/gyro_rotor_trim_up", "sim/flight_controls/gyro_rotor_trim_down"},

@@ -16,6 +16,7 @@ enum class EquivalentDrive : std::int32_t {
   kToggleCommand,   // `command` flips the mode, so it runs only when the light disagrees with the wish
   kHoldCommand,     // `command` is held down while the function is on
   kStepCommands,    // a value with no dataref left: each knob step runs `command` (up) or `downCommand`
+  kInvertedFlag,    // `path` is an on/off flag meaning the opposite of the original: 1 there is 0 here
 };
 
 // Matches every on value a row of the function tables gives the original.
@@ -25,8 +26,8 @@ struct SimEquivalent {
   const char* original;
   float originalOn;  // the on value of the table row this replaces, or kAnyOnValue
   EquivalentDrive drive;
-  // kDataref, kWriteElsewhere: the dataref used instead. Commands: the dataref that lights the
-  // function (null: the original still does).
+  // kDataref, kWriteElsewhere, kInvertedFlag: the dataref used instead. Commands: the dataref that
+  // lights the function (null: the original still does).
   const char* path;
   std::int32_t valueType;  // DatarefValueType of `path`
   std::int32_t count;      // elements written (1 for a scalar)

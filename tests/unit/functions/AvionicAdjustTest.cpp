@@ -395,6 +395,8 @@ INSTANTIATE_TEST_SUITE_P(
 // ---- selectors: some modules turn them with the outer knob -------------------------------------
 
 constexpr const char* kMapMode = "sim/cockpit/switches/EFIS_map_mode";
+// X-Plane 12 keeps the map mode (1 map, 0 HSI) as its opposite, the HSI flag.
+constexpr const char* kMapIsHsi = "sim/cockpit2/EFIS/map_mode_is_HSI";
 constexpr const char* kMapSubMode = "sim/cockpit/switches/EFIS_map_submode";
 constexpr const char* kMapRange = "sim/cockpit/switches/EFIS_map_range_selector";
 constexpr const char* kApu = "sim/cockpit/engine/APU_switch";
@@ -405,18 +407,41 @@ constexpr const char* kNavComAdf = "sim/cockpit/radios/nav_com_adf_mode";
 
 INSTANTIATE_TEST_SUITE_P(
     EfisSelectors, TurnTest,
-    ::testing::Values(TurnCase{"ModeUpOnEfis", 113, kMapMode, 0, 0, 1, kModuleGFEFIS, 1},
-                      TurnCase{"ModeClampsAtOne", 113, kMapMode, 1, 0, 1, kModuleGFEFIS, 1},
-                      TurnCase{"ModeInnerIgnoredOnGF45", 113, kMapMode, 0, 0, 1, kModuleGF45, 0},
-                      TurnCase{"ModeOuterOnGF45", 113, kMapMode, 0, 1, 0, kModuleGF45, 1},
-                      TurnCase{"ModeOuterOnGF166", 113, kMapMode, 1, -1, 0, kModuleGF166, 0},
-                      TurnCase{"ModeInnerOnMcp", 113, kMapMode, 0, -1, 1, kModuleGFMCP, 1},
+    ::testing::Values(TurnCase{"ModeUpOnEfis", 113, kMapIsHsi, 1, 0, 1, kModuleGFEFIS, 0},
+                      TurnCase{"ModeClampsAtOne", 113, kMapIsHsi, 0, 0, 1, kModuleGFEFIS, 0},
+                      TurnCase{"ModeInnerIgnoredOnGF45", 113, kMapIsHsi, 1, 0, 1, kModuleGF45, 1},
+                      TurnCase{"ModeOuterOnGF45", 113, kMapIsHsi, 1, 1, 0, kModuleGF45, 0},
+                      TurnCase{"ModeOuterOnGF166", 113, kMapIsHsi, 0, -1, 0, kModuleGF166, 1},
+                      TurnCase{"ModeInnerOnMcp", 113, kMapIsHsi, 1, -1, 1, kModuleGFMCP, 0},
                       TurnCase{"SubModeClampsAtFour", 114, kMapSubMode, 2, 0, 5, kModuleGFEFIS, 4},
                       TurnCase{"SubModeOuterOnGF46", 114, kMapSubMode, 2, -1, 0, kModuleGF46, 1},
                       TurnCase{"SubModeInnerIgnoredOnGF46", 114, kMapSubMode, 2, 0, 1, kModuleGF46, 2},
                       TurnCase{"RangeClampsAtSix", 115, kMapRange, 5, 0, 3, kModuleGFEFIS, 6},
                       TurnCase{"RangeOuterClampsAtZero", 115, kMapRange, 3, -4, 0, kModuleGF45, 0}),
     CaseName);
+
+// An older simulator keeps the map mode itself, and shows it as it is.
+TEST_F(AvionicAdjustTest, MapModeOnAnOlderSimulatorTurnsTheOriginal) {
+  host().SetXPlaneVersion(11000);
+  gSimulatorVersions.xplaneVersion = 11000;
+  SetValue(kMapMode, 0);
+  SetValue(kMapIsHsi, 0);
+  AvionicFunction* mode = Build(113);
+  ASSERT_NE(mode, nullptr);
+  AdjustAvionicFunction(mode, 0, 1, kModuleGFEFIS);
+  EXPECT_EQ(Value(kMapMode), 1);
+  EXPECT_EQ(Value(kMapIsHsi), 0);
+}
+
+// The display shows the map mode, not the HSI flag it is kept as.
+TEST_F(AvionicAdjustTest, MapModeOnXPlane12ShowsTheOppositeOfTheHsiFlag) {
+  SetValue(kMapIsHsi, 1);
+  AvionicFunction* mode = Build(113);
+  ASSERT_NE(mode, nullptr);
+  EXPECT_EQ(GetAvionicValue(*mode), 0.0f);
+  SetValue(kMapIsHsi, 0);
+  EXPECT_EQ(GetAvionicValue(*mode), 1.0f);
+}
 
 INSTANTIATE_TEST_SUITE_P(
     PanelSelectors, TurnTest,

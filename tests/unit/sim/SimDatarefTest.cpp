@@ -28,7 +28,7 @@ TEST(SimBuiltinDatarefTable, HoldsEveryDatarefOnceUnderSim) {
     const bool array = row.type == DatarefType::IntArray || row.type == DatarefType::FloatArray;
     EXPECT_EQ(array, row.length > 1) << row.path;
   }
-  EXPECT_EQ(paths.size(), 246u);
+  EXPECT_EQ(paths.size(), 247u);
 }
 
 TEST_F(SimDatarefs, EveryBuiltinIsFoundWithItsTypeAndWritability) {
