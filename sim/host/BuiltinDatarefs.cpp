@@ -8,9 +8,6 @@ using T = DatarefType;
 constexpr bool kRW = true;   // writable
 constexpr bool kRO = false;  // read-only
 
-// Where X-Plane's files disagree or lack a dataref, the row holds the best judgement: the
-// approach selector is an int as old versions declared it; menu_bkgnd_rgb is a float[3] like its
-// siblings; rot_trim keeps its X-Plane 11 type.
 constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/aircraft/controls/acf_RSC_mingreen_prp", T::Float, 1, kRO},
     {"sim/aircraft/controls/acf_RSC_redline_prp", T::Float, 1, kRO},
@@ -27,7 +24,6 @@ constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/cockpit/autopilot/airspeed_mode", T::Int, 1, kRO},
     {"sim/cockpit/autopilot/altitude", T::Float, 1, kRW},
     {"sim/cockpit/autopilot/altitude_mode", T::Int, 1, kRO},
-    {"sim/cockpit/autopilot/approach_selector", T::Int, 1, kRW},
     {"sim/cockpit/autopilot/autopilot_mode", T::Int, 1, kRW},
     {"sim/cockpit/autopilot/autopilot_state", T::Int, 1, kRW},
     {"sim/cockpit/autopilot/backcourse_on", T::Int, 1, kRW},
@@ -98,6 +94,7 @@ constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/cockpit/switches/EFIS_shows_airports", T::Int, 1, kRW},
     {"sim/cockpit/switches/EFIS_shows_tcas", T::Int, 1, kRW},
     {"sim/cockpit/switches/EFIS_shows_waypoints", T::Int, 1, kRW},
+    {"sim/cockpit/switches/EFIS_shows_weather", T::Int, 1, kRW},
     {"sim/cockpit/switches/HSI_selector", T::Int, 1, kRW},
     {"sim/cockpit/switches/RMI_l_vor_adf_selector", T::Int, 1, kRW},
     {"sim/cockpit/switches/RMI_r_vor_adf_selector", T::Int, 1, kRW},
@@ -195,10 +192,12 @@ constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/cockpit/warnings/annunciators/speedbrake", T::Int, 1, kRW},
     {"sim/cockpit/warnings/annunciators/transonic", T::Int, 1, kRW},
     {"sim/cockpit/warnings/annunciators/yaw_damper", T::Int, 1, kRW},
+    {"sim/cockpit2/EFIS/map_mode_is_HSI", T::Int, 1, kRW},
     {"sim/cockpit2/annunciators/GPWS", T::Int, 1, kRO},
     {"sim/cockpit2/annunciators/fasten_seatbelt", T::Int, 1, kRO},
     {"sim/cockpit2/annunciators/gear_warning", T::Int, 1, kRO},
     {"sim/cockpit2/annunciators/no_smoking", T::Int, 1, kRO},
+    {"sim/cockpit2/autopilot/gpss_status", T::Int, 1, kRO},
     {"sim/cockpit2/engine/actuators/afterburner_enabled", T::IntArray, 16, kRW},
     {"sim/cockpit2/engine/actuators/auto_ignite_on", T::IntArray, 16, kRW},
     {"sim/cockpit2/engine/actuators/carb_heat_ratio", T::FloatArray, 16, kRW},
@@ -206,6 +205,7 @@ constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/cockpit2/engine/actuators/governor_on", T::IntArray, 16, kRW},
     {"sim/cockpit2/engine/actuators/ignition_key", T::IntArray, 16, kRW},
     {"sim/cockpit2/engine/actuators/primer_on", T::IntArray, 16, kRW},
+    {"sim/cockpit2/radios/actuators/HSI_source_select_pilot", T::Int, 1, kRW},
     {"sim/cockpit2/radios/actuators/adf1_right_is_selected", T::Int, 1, kRW},
     {"sim/cockpit2/radios/actuators/adf2_right_is_selected", T::Int, 1, kRW},
     {"sim/cockpit2/radios/actuators/audio_com_selection", T::Int, 1, kRW},
@@ -219,13 +219,14 @@ constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/cockpit2/radios/actuators/nav2_right_is_selected", T::Int, 1, kRW},
     {"sim/cockpit2/switches/HSI_is_arc", T::Int, 1, kRW},
     {"sim/cockpit2/switches/electric_hydraulic_pump_on", T::Int, 1, kRW},
+    {"sim/cockpit2/switches/fasten_seat_belts", T::Int, 1, kRW},
     {"sim/cockpit2/switches/landing_lights_switch", T::FloatArray, 16, kRW},
+    {"sim/cockpit2/switches/no_smoking", T::Int, 1, kRW},
     {"sim/cockpit2/switches/panel_brightness_ratio", T::FloatArray, 4, kRW},
     {"sim/flightmodel/controls/ail_trim", T::Float, 1, kRW},
     {"sim/flightmodel/controls/elv_trim", T::Float, 1, kRW},
     {"sim/flightmodel/controls/flaprqst", T::Float, 1, kRW},
     {"sim/flightmodel/controls/parkbrake", T::Float, 1, kRW},
-    {"sim/flightmodel/controls/rot_trim", T::Float, 1, kRW},
     {"sim/flightmodel/controls/rud_trim", T::Float, 1, kRW},
     {"sim/flightmodel/controls/sbrkrqst", T::Float, 1, kRW},
     {"sim/flightmodel/engine/ENGN_N1_", T::FloatArray, 16, kRW},
@@ -238,7 +239,6 @@ constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/flightmodel/failures/onground_any", T::Int, 1, kRW},
     {"sim/flightmodel/failures/stallwarning", T::Int, 1, kRW},
     {"sim/flightmodel/position/magnetic_variation", T::Float, 1, kRO},
-    {"sim/graphics/colors/menu_bkgnd_rgb", T::FloatArray, 3, kRO},
     {"sim/graphics/colors/menu_dark_rgb", T::FloatArray, 3, kRO},
     {"sim/graphics/colors/menu_hilite_rgb", T::FloatArray, 3, kRO},
     {"sim/graphics/colors/menu_lite_rgb", T::FloatArray, 3, kRO},
@@ -253,12 +253,24 @@ constexpr BuiltinDataref kBuiltinDatarefs[] = {
     {"sim/operation/failures/rel_lagear3", T::Int, 1, kRW},
     {"sim/physics/metric_press", T::Int, 1, kRW},
     {"sim/physics/metric_temp", T::Int, 1, kRW},
+    {"sim/weather/aircraft/speed_sound_ms", T::Float, 1, kRO},
     {"sim/weather/sigma", T::Float, 1, kRO},
     {"sim/weather/speed_sound_ms", T::Float, 1, kRO},
+};
+
+// The names an older simulator had that X-Plane 12 has dropped, as the old versions declared them:
+// the approach selector an int (its last listing), menu_bkgnd_rgb a float[3] like its siblings,
+// rot_trim as X-Plane 11 had it.
+constexpr BuiltinDataref kOlderSimulatorDatarefs[] = {
+    {"sim/cockpit/autopilot/approach_selector", T::Int, 1, kRW},
+    {"sim/flightmodel/controls/rot_trim", T::Float, 1, kRW},
+    {"sim/graphics/colors/menu_bkgnd_rgb", T::FloatArray, 3, kRO},
 };
 
 }  // namespace
 
 std::span<const BuiltinDataref> BuiltinDatarefs() { return kBuiltinDatarefs; }
+
+std::span<const BuiltinDataref> OlderSimulatorDatarefs() { return kOlderSimulatorDatarefs; }
 
 }  // namespace sim

@@ -17,4 +17,8 @@ struct BuiltinDataref {
 
 std::span<const BuiltinDataref> BuiltinDatarefs();
 
+// What a simulator older than X-Plane 12 adds to them: the names X-Plane 12 no longer has.
+inline constexpr int kFirstXPlane12Version = 12000;
+std::span<const BuiltinDataref> OlderSimulatorDatarefs();
+
 }  // namespace sim

@@ -128,6 +128,12 @@ DatarefStore::DatarefStore(EventLog& events, std::uint16_t generation)
   LoadBuiltins();
 }
 
+void DatarefStore::AddOlderSimulatorDatarefs() {
+  for (const BuiltinDataref& older : OlderSimulatorDatarefs()) {
+    if (!Has(older.path)) Add(DatarefDecl{older.path, older.type, older.length, older.writable});
+  }
+}
+
 void DatarefStore::LoadBuiltins() {
   for (const BuiltinDataref& builtin : BuiltinDatarefs()) {
     Add(DatarefDecl{builtin.path, builtin.type, builtin.length, builtin.writable});

@@ -78,6 +78,8 @@ class DatarefStore {
   bool SetValue(std::string_view path, int first, int last, double value);
   std::optional<double> GetValue(std::string_view path, int index) const;
   bool WriteAsOtherPlugin(std::string_view path, int index, double value);
+  // The names only a simulator older than X-Plane 12 has, each unless the path is already live.
+  void AddOlderSimulatorDatarefs();
 
  private:
   struct Record {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <system_error>
 
+#include "host/BuiltinDatarefs.h"
 #include "host/SimHostImpl.h"
 #include "host/WidgetClasses.h"
 
@@ -77,7 +78,12 @@ std::filesystem::path SimHost::PluginFolder() const {
 
 // ---- set-up ------------------------------------------------------------------------------------
 
-void SimHost::SetXPlaneVersion(int version) { impl_->xplaneVersion = version; }
+// An older simulator also has the datarefs X-Plane 12 dropped; a scenario sets the version before
+// it adds or removes datarefs of its own, so those it changes stay as it left them.
+void SimHost::SetXPlaneVersion(int version) {
+  impl_->xplaneVersion = version;
+  if (version < kFirstXPlane12Version) impl_->datarefs.AddOlderSimulatorDatarefs();
+}
 
 void SimHost::SetSystemSymbolsAvailable(bool available) { impl_->systemSymbolsAvailable = available; }
 

@@ -10,6 +10,7 @@
 #include "functions/DigitField.h"
 #include "functions/FunctionObjects.h"
 #include "host/HostState.h"
+#include "host/OptionalXplmApi.h"
 #include "host/Settings.h"
 #include "modules/ModuleTypes.h"
 
@@ -283,7 +284,21 @@ void AdjustDigits(AvionicFunction& function, const AdjustPlan& plan, std::int32_
 // X-Plane 10 and later hold trims as -1..1; older versions as -0.5..0.5.
 float TrimLimit() { return gSimulatorVersions.xplaneVersion >= 10000 ? 1.0f : 0.5f; }
 
+// Without a value to set, each step of the knob trims once through the simulator's own command. A
+// fast turn is capped so that one report cannot queue an absurd number of commands.
+void StepTrimByCommand(const AvionicFunction& function, std::int32_t innerSteps) {
+  constexpr std::int32_t kMaxCommandSteps = 64;
+  const XPLMCommandRef command = innerSteps > 0 ? function.stepUp : function.stepDown;
+  const std::int32_t capped = std::clamp(innerSteps, -kMaxCommandSteps, kMaxCommandSteps);
+  const std::int32_t steps = capped < 0 ? -capped : capped;
+  for (std::int32_t step = 0; step < steps; ++step) RunCommandOnce(command);
+}
+
 void AdjustTrim(AvionicFunction& function, float increment, std::int32_t innerSteps) {
+  if (function.dataref == nullptr) {
+    StepTrimByCommand(function, innerSteps);
+    return;
+  }
   const float limit = TrimLimit();
   const float trim = GetAvionicValue(function) + static_cast<float>(innerSteps) * increment;
   if (std::isnan(trim)) return;  // a NaN increment from the settings file must not reach the simulator

@@ -78,19 +78,19 @@ bool ValueMeansOn(float value, float onValue, float compareMode) {
 void WriteIntArray(DatarefBinding& binding, float value) {
   if (binding.intBuffer == nullptr) return;
   std::fill_n(binding.intBuffer.get(), binding.count, TruncateToInt(value));
-  XPLMSetDatavi(binding.dataref, binding.intBuffer.get(), binding.offset, binding.count);
+  XPLMSetDatavi(binding.writeDataref, binding.intBuffer.get(), binding.offset, binding.count);
 }
 
 void WriteFloatArray(DatarefBinding& binding, float value) {
   if (binding.floatBuffer == nullptr) return;
   std::fill_n(binding.floatBuffer.get(), binding.count, value);
-  XPLMSetDatavf(binding.dataref, binding.floatBuffer.get(), binding.offset, binding.count);
+  XPLMSetDatavf(binding.writeDataref, binding.floatBuffer.get(), binding.offset, binding.count);
 }
 
 void WriteBoundValue(DatarefBinding& binding, float value) {
   switch (binding.valueType) {
-    case kIntScalar: XPLMSetDatai(binding.dataref, TruncateToInt(value)); break;
-    case kFloatScalar: XPLMSetDataf(binding.dataref, value); break;
+    case kIntScalar: XPLMSetDatai(binding.writeDataref, TruncateToInt(value)); break;
+    case kFloatScalar: XPLMSetDataf(binding.writeDataref, value); break;
     case kIntArray: WriteIntArray(binding, value); break;
     case kFloatArray: WriteFloatArray(binding, value); break;
     default: break;
@@ -103,6 +103,8 @@ void AllocateArrayBuffer(DatarefBinding& binding) {
   if (binding.valueType == kFloatArray) binding.floatBuffer = std::make_unique<float[]>(elements);
 }
 
+float InvertFlag(float value) { return value != 0.0f ? 0.0f : 1.0f; }
+
 }  // namespace
 
 DatarefBinding::DatarefBinding(const DatarefBinding& other)
@@ -114,6 +116,7 @@ DatarefBinding::DatarefBinding(const DatarefBinding& other)
       compareMode(other.compareMode),
       valueType(other.valueType),
       dataref(other.dataref),
+      writeDataref(other.writeDataref),
       offset(other.offset),
       count(other.count) {}
 
@@ -140,6 +143,7 @@ void InitBinding(DatarefBinding& binding, float onValue, float offValue, float c
   binding.intBuffer.reset();
   binding.floatBuffer.reset();
   binding.dataref = nullptr;
+  binding.writeDataref = nullptr;
 
   if (!IsKnownValueType(valueType) || path == nullptr) return;
   if (IsArrayValueType(valueType)) {
@@ -147,6 +151,11 @@ void InitBinding(DatarefBinding& binding, float onValue, float offValue, float c
     AllocateArrayBuffer(binding);
   }
   binding.dataref = XPLMFindDataRef(path);
+  binding.writeDataref = binding.dataref;
+}
+
+void RedirectBindingWrites(DatarefBinding& binding, const char* path) {
+  binding.writeDataref = path != nullptr ? XPLMFindDataRef(path) : nullptr;
 }
 
 std::int32_t ReadBinding(DatarefBinding& binding) {
@@ -160,17 +169,20 @@ std::int32_t ReadBinding(DatarefBinding& binding) {
 // the state (a selector position that reports again must write its value again).
 void WriteBinding(DatarefBinding& binding, std::int32_t forceOn) {
   const float value = (forceOn != 0 || binding.state == 1) ? binding.onValue : binding.offValue;
-  if (binding.dataref == nullptr) return;
+  if (binding.writeDataref == nullptr) return;
   WriteBoundValue(binding, value);
 }
 
 float GetAvionicValue(const AvionicFunction& function) {
   if (function.dataref == nullptr) return 0.0f;
-  return function.isFloat ? XPLMGetDataf(function.dataref) : static_cast<float>(XPLMGetDatai(function.dataref));
+  const float value =
+      function.isFloat ? XPLMGetDataf(function.dataref) : static_cast<float>(XPLMGetDatai(function.dataref));
+  return function.invertedFlag ? InvertFlag(value) : value;
 }
 
 void SetAvionicValue(AvionicFunction& function, float value) {
   if (function.dataref == nullptr) return;
+  if (function.invertedFlag) value = InvertFlag(value);
   if (function.isFloat) {
     XPLMSetDataf(function.dataref, value);
   } else {

@@ -30,6 +30,9 @@ struct DatarefBinding {
   float compareMode = kCompareEqual;
   std::int32_t valueType = kIntScalar;
   XPLMDataRef dataref = nullptr;  // null when the simulator has no such dataref
+  // Where the writes go: the same dataref, unless the simulator sets that one itself and takes the
+  // wish through another (null: nothing takes them).
+  XPLMDataRef writeDataref = nullptr;
   std::int32_t offset = 0;
   std::int32_t count = 0;
 
@@ -45,6 +48,9 @@ struct DatarefBinding {
 // range is limited to a sane count (non-positive or absurd counts bind nothing).
 void InitBinding(DatarefBinding& binding, float onValue, float offValue, float compareMode, const char* path,
                  std::int32_t valueType, std::int32_t offset, std::int32_t count);
+// Sends the binding's writes to path (of the same value type), or nowhere for a null path; the
+// binding still reads its own dataref.
+void RedirectBindingWrites(DatarefBinding& binding, const char* path);
 // Evaluates the dataref (element 0 of an array range decides), stores and returns the state; a
 // missing dataref returns 0 and leaves the state alone.
 std::int32_t ReadBinding(DatarefBinding& binding);

@@ -4,6 +4,7 @@
 #include "functions/CommandBindingTable.h"
 #include "functions/DatarefBinding.h"
 #include "functions/FamilyBindingTable.h"
+#include "functions/SimulatorEquivalents.h"
 #include "functions/SwitchBindingTable.h"
 #include "host/HostState.h"
 
@@ -14,13 +15,50 @@ namespace {
 constexpr std::int32_t kKeyStroke = 0;
 constexpr std::int32_t kCommandButton = 1;
 
-void BindFromDefinition(SwitchFunction& record, FunctionId id, const SwitchBinding& row) {
+void BindDefinition(SwitchFunction& record, FunctionId id, const SwitchBinding& row) {
   if (row.floatValues) {
     BindSwitchFloat(record, id, row.offValue, row.onValue, row.compareMode, row.path, row.valueType, row.offset,
                     row.count);
   } else {
     BindSwitch(record, id, static_cast<std::int32_t>(row.offValue), static_cast<std::int32_t>(row.onValue),
                row.compareMode, row.path, row.valueType, row.offset, row.count);
+  }
+}
+
+// The row as this simulator can carry it out: the original dataref, or what stands in for it.
+void BindFromDefinition(SwitchFunction& record, FunctionId id, const SwitchBinding& row) {
+  const SimEquivalent* equivalent = ChooseSimEquivalent(row.path, row.onValue);
+  if (equivalent == nullptr) {
+    BindDefinition(record, id, row);
+    return;
+  }
+  switch (equivalent->drive) {
+    case EquivalentDrive::kDataref: {
+      SwitchBinding replaced = row;
+      replaced.path = equivalent->path;
+      replaced.valueType = equivalent->valueType;
+      replaced.offset = 0;
+      replaced.count = equivalent->count;
+      BindDefinition(record, id, replaced);
+      return;
+    }
+    case EquivalentDrive::kWriteElsewhere:
+    case EquivalentDrive::kLightOnly:
+      BindDefinition(record, id, row);
+      RedirectBindingWrites(record.bindings[0], equivalent->path);
+      return;
+    case EquivalentDrive::kPressCommand:
+    case EquivalentDrive::kToggleCommand:
+    case EquivalentDrive::kHoldCommand:
+      BindSimulatorCommand(record, id, equivalent->command, static_cast<std::int32_t>(equivalent->drive),
+                           equivalent->path != nullptr ? equivalent->path : row.path, equivalent->lightOn,
+                           equivalent->lightRule);
+      return;
+    case EquivalentDrive::kStepCommands:
+    case EquivalentDrive::kInvertedFlag:
+      // They stand in for a knob's value, never for a switch.
+      BindDefinition(record, id, row);
+      return;
   }
 }
 

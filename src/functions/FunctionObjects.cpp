@@ -13,7 +13,9 @@
 #include "functions/AvionicFunctionTable.h"
 #include "functions/FunctionBindingTable.h"
 #include "functions/RadioTargets.h"
+#include "functions/SimulatorEquivalents.h"
 #include "host/HostState.h"
+#include "host/OptionalXplmApi.h"
 #include "modules/GF_Abstract_Module.h"
 
 namespace drav {
@@ -113,6 +115,37 @@ void RunCommand(const SwitchFunction& record) {
   }
 }
 
+// A press selects; a toggle runs when the simulator's mode is not what the action asks for (so a
+// switch that reports its position again changes nothing); a held command lasts while the state is 1.
+void RunSimulatorCommand(SwitchFunction& record, std::int32_t litBefore) {
+  switch (static_cast<EquivalentDrive>(record.commandDrive)) {
+    case EquivalentDrive::kPressCommand:
+      if (record.state == 1) RunCommandOnce(record.command);
+      return;
+    case EquivalentDrive::kToggleCommand:
+      if (record.state != litBefore) RunCommandOnce(record.command);
+      return;
+    case EquivalentDrive::kHoldCommand:
+      if (record.state == 1) {
+        BeginCommand(record.command);
+      } else {
+        EndCommand(record.command);
+      }
+      return;
+    default:
+      return;
+  }
+}
+
+void ExecuteSimulatorCommand(SwitchFunction& record, std::int32_t action, std::int32_t value) {
+  const bool isHold = record.commandDrive == static_cast<std::int32_t>(EquivalentDrive::kHoldCommand);
+  // A held command follows the presses alone (a press holds it, whatever the light shows); the
+  // others start from what the simulator shows now.
+  const std::int32_t litBefore = isHold ? 0 : ReadBinding(record.bindings[0]);
+  record.state = litBefore;
+  if (ApplyAction(record, action, value)) RunSimulatorCommand(record, litBefore);
+}
+
 void WriteBindings(SwitchFunction& record, std::int32_t forceOn) {
   for (std::int32_t i = 0; i < BindingsInUse(record); ++i) {
     record.bindings[i].state = record.state;
@@ -148,6 +181,19 @@ void RefreshFromBindings(SwitchFunction& record) {
 
 // ---- the factory ------------------------------------------------------------------------------
 
+// What this simulator keeps the value as: the path to bind, with the object told whether that is an
+// inverted flag or whether the value is stepped by command instead.
+const char* ApplyAvionicEquivalent(AvionicFunction& object, const char* path) {
+  const SimEquivalent* equivalent = ChooseSimEquivalent(path, kAnyOnValue);
+  const EquivalentDrive drive = equivalent != nullptr ? equivalent->drive : EquivalentDrive::kDataref;
+  const bool stepped = drive == EquivalentDrive::kStepCommands;
+  object.stepUp = stepped ? FindOptionalCommand(equivalent->command) : nullptr;
+  object.stepDown = stepped ? FindOptionalCommand(equivalent->downCommand) : nullptr;
+  object.invertedFlag = drive == EquivalentDrive::kInvertedFlag;
+  const bool replaced = equivalent != nullptr && (drive == EquivalentDrive::kDataref || object.invertedFlag);
+  return replaced ? equivalent->path : path;
+}
+
 // Re-initialises id's shared object from its row, with X737Mode as it is now.
 AvionicFunction* BuildSharedAvionic(const AvionicFunctionRow& row) {
   AvionicFunction* object = SharedAvionicFunction(row.id);
@@ -157,7 +203,7 @@ AvionicFunction* BuildSharedAvionic(const AvionicFunctionRow& row) {
   const char* auxPath = x737 ? row.auxX737Path : row.auxPath;
   // The companion first: the speed display reads it to choose between knots and Mach.
   if (auxPath != nullptr) InitBinding(object->auxBinding, 1.0f, 0.0f, kCompareEqual, auxPath, kIntScalar, 0, 1);
-  CreateAvionicFunction(*object, row.tag, row.format, row.id, path);
+  CreateAvionicFunction(*object, row.tag, row.format, row.id, ApplyAvionicEquivalent(*object, path));
   return object;
 }
 
@@ -242,6 +288,23 @@ void BindHeldButton(SwitchFunction& record, FunctionId id, std::int32_t button) 
   record.functionId = id;
 }
 
+void BindSimulatorCommand(SwitchFunction& record, FunctionId id, const char* command, std::int32_t drive,
+                          const char* lightPath, float lightOn, std::int32_t lightRule) {
+  InitBinding(record.bindings[0], lightOn, 0.0f, static_cast<float>(lightRule), lightPath, kIntScalar, 0, 1);
+  RedirectBindingWrites(record.bindings[0], nullptr);
+  record.kind = kSimulatorCommand;
+  record.command = FindOptionalCommand(command);
+  record.commandDrive = drive;
+  record.bindingCount = 1;
+  record.enabled = 1;
+  record.stateFromBindings = 0;
+  record.actOnRelease = 0;
+  record.holdCommand = drive == static_cast<std::int32_t>(EquivalentDrive::kHoldCommand) ? 1 : 0;
+  record.state = 0;
+  record.functionId = id;
+  RefreshFunctionState(record);
+}
+
 void MakeModuleSelect(SwitchFunction& record, FunctionId id, std::int32_t unit, std::int32_t moduleKind) {
   record.enabled = 1;
   record.stateFromBindings = 0;
@@ -321,6 +384,9 @@ void ExecuteFunction(SwitchFunction& record, std::int32_t action, std::int32_t v
     case kDatarefSwitch:
       if (ApplyAction(record, action, value)) WriteBindings(record, forceOn);
       return;
+    case kSimulatorCommand:
+      ExecuteSimulatorCommand(record, action, value);
+      return;
     default:
       return;
   }
@@ -338,6 +404,7 @@ void RefreshFunctionState(SwitchFunction& record) {
       RefreshFromBindings(record);
       return;
     case kDatarefSwitch:
+    case kSimulatorCommand:
       if (record.enabled == 0) return;
       RefreshFromBindings(record);
       return;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <XPLMDataAccess.h>
+#include <XPLMUtilities.h>
 
 #include <cstdint>
 
@@ -15,6 +16,7 @@ enum FunctionKind : std::int32_t {
   kModuleSelect = 1,
   kSimCommand = 2,
   kDatarefSwitch = 3,
+  kSimulatorCommand = 4,  // a named simulator command standing in for a dataref the simulator dropped
 };
 
 enum FunctionAction : std::int32_t {
@@ -45,6 +47,8 @@ struct SwitchFunction {
   std::int32_t holdCommand = 0;
   std::int32_t state = 0;
   FunctionId functionId = 0;
+  XPLMCommandRef command = nullptr;  // kSimulatorCommand: null when the simulator lacks it
+  std::int32_t commandDrive = 0;     // kSimulatorCommand: the EquivalentDrive that runs it
 };
 
 inline constexpr int kAvionicTextSize = 10;  // at most 9 characters and the terminating zero
@@ -57,6 +61,11 @@ struct AvionicFunction {
   DatarefBinding auxBinding;
   std::int32_t format = 0;
   bool isFloat = false;
+  // A trim the simulator no longer keeps as a dataref: the commands that step it (null otherwise).
+  XPLMCommandRef stepUp = nullptr;
+  XPLMCommandRef stepDown = nullptr;
+  // The dataref is an on/off flag that means the opposite of the value shown and set.
+  bool invertedFlag = false;
 };
 
 inline constexpr int kMultiFunctionSlots = 6;
@@ -96,6 +105,10 @@ void BindKeyOrButton(SwitchFunction& record, FunctionId id, std::int32_t isComma
 void BindKeyOrButtonPair(SwitchFunction& record, FunctionId id, std::int32_t isCommand, std::int32_t codeForOff,
                          std::int32_t codeForOn, std::int32_t actOnRelease);
 void BindHeldButton(SwitchFunction& record, FunctionId id, std::int32_t button);
+// A command drive of the simulator equivalents (press, toggle or hold) with the dataref that lights
+// it, read as an int scalar with the given on value and read rule.
+void BindSimulatorCommand(SwitchFunction& record, FunctionId id, const char* command, std::int32_t drive,
+                          const char* lightPath, float lightOn, std::int32_t lightRule);
 void MakeModuleSelect(SwitchFunction& record, FunctionId id, std::int32_t unit, std::int32_t moduleKind);
 void SetStateFromBindings(SwitchFunction& record, std::int32_t flag);
 void CreateAvionicFunction(AvionicFunction& object, const char* tag, std::int32_t format, FunctionId id,

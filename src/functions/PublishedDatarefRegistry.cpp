@@ -1,5 +1,7 @@
 #include "functions/PublishedDatarefRegistry.h"
 
+#include "functions/SimulatorEquivalents.h"
+
 namespace drav {
 
 void RegisterIntDataref(const char* path, XPLMGetDatai_f read, XPLMSetDatai_f write, std::size_t row) {
@@ -28,7 +30,8 @@ void WriteFloatIfPresent(XPLMDataRef dataref, float value) {
 
 XPLMDataRef Resolve(LazyDataref& dataref) {
   if (!dataref.lookedUp) {
-    dataref.handle = XPLMFindDataRef(dataref.path);
+    // Under the name this simulator keeps the value by, where X-Plane 12 renamed it.
+    dataref.handle = XPLMFindDataRef(ChooseDatarefPath(dataref.path));
     dataref.lookedUp = true;
   }
   return dataref.handle;

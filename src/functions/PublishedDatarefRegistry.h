@@ -26,7 +26,8 @@ float ReadFloatOrZero(XPLMDataRef dataref);
 void WriteIntIfPresent(XPLMDataRef dataref, int value);
 void WriteFloatIfPresent(XPLMDataRef dataref, float value);
 
-// A simulator dataref looked up the first time it is needed, not at start.
+// A simulator dataref looked up the first time it is needed, not at start (under X-Plane 12's new
+// name where the simulator has renamed it).
 struct LazyDataref {
   const char* path;
   XPLMDataRef handle = nullptr;

@@ -23,7 +23,9 @@ constexpr bool kFloatBuilder = true;
 // that value.
 //
 // EFIS_SYM_WXR keeps the misspelt "EFIFS_shows_weather": it is the path every simulator version
-// publishes, while the correctly spelt one exists only from version 11 on.
+// publishes, while the correctly spelt one exists only from version 11 on. The paths are those of
+// the simulators before X-Plane 12; where X-Plane 12 dropped, froze or renamed one, the function
+// uses what it offers instead (SimulatorEquivalents).
 constexpr SwitchBindingRow kSwitchBindings[] = {
     {{84}, {"sim/cockpit/autopilot/approach_selector", kInt, 0, 1, 21, 0, kEq}},  // AP_NAV2_HOLD
     {{87}, {"sim/flightmodel/controls/sbrkrqst", kFlt, 0, 1, 1, 0, kEq}},  // SPEED_BRAKE

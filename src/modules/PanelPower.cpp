@@ -1,6 +1,7 @@
 #include "modules/PanelPower.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "XPLMDataAccess.h"
 
@@ -61,10 +62,13 @@ float ReadFloatElement(XPLMDataRef ref, int index) {
   return value;
 }
 
-// Turbine types, whose generators give power in proportion to N1.
-bool IsTurbine(int engineType) {
-  return engineType == 2 || engineType == 4 || engineType == 5 || engineType == 8;
-}
+// Turbine types, whose generators give power in proportion to N1: older simulators number them 2
+// (free turbine), 4 (low-bypass jet), 5 (high-bypass jet) and 8 (fixed turbine); X-Plane 12 numbers
+// them 5 (single-spool jet), 7 (multi-spool jet), 9 (free turboprop) and 10 (fixed turboprop), and
+// uses none of the old numbers for anything else.
+constexpr int kTurbineTypes[] = {2, 4, 5, 7, 8, 9, 10};
+
+bool IsTurbine(int engineType) { return std::ranges::find(kTurbineTypes, engineType) != std::end(kTurbineTypes); }
 
 int EngineCount(const PowerDatarefs& refs) {
   return std::clamp(ReadInt(refs.engineCount), 1, kMaxEngines);

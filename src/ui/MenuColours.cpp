@@ -13,6 +13,8 @@ struct ColourSlotSource {
 
 constexpr float kByte = 1.0f / 256.0f;
 
+// X-Plane 12 publishes no menu background colour (older versions did) and has nothing in its place,
+// so there the background is always the fallback, dimmed like the simulator's own.
 const ColourSlotSource kColourSlots[kMenuColourSlots] = {
     {"sim/graphics/colors/menu_dark_rgb", {33 * kByte, 41 * kByte, 44 * kByte}},
     {"sim/graphics/colors/menu_bkgnd_rgb", {53 * kByte, 64 * kByte, 68 * kByte}},

@@ -16,6 +16,7 @@
 #include "functions/AvionicDisplay.h"
 #include "functions/FunctionObjects.h"
 #include "host/HostState.h"
+#include "host/OptionalXplmApi.h"
 #include "host/Settings.h"
 #include "host/SimHost.h"
 #include "modules/ModuleTypes.h"
@@ -394,6 +395,8 @@ INSTANTIATE_TEST_SUITE_P(
 // ---- selectors: some modules turn them with the outer knob -------------------------------------
 
 constexpr const char* kMapMode = "sim/cockpit/switches/EFIS_map_mode";
+// X-Plane 12 keeps the map mode (1 map, 0 HSI) as its opposite, the HSI flag.
+constexpr const char* kMapIsHsi = "sim/cockpit2/EFIS/map_mode_is_HSI";
 constexpr const char* kMapSubMode = "sim/cockpit/switches/EFIS_map_submode";
 constexpr const char* kMapRange = "sim/cockpit/switches/EFIS_map_range_selector";
 constexpr const char* kApu = "sim/cockpit/engine/APU_switch";
@@ -404,18 +407,41 @@ constexpr const char* kNavComAdf = "sim/cockpit/radios/nav_com_adf_mode";
 
 INSTANTIATE_TEST_SUITE_P(
     EfisSelectors, TurnTest,
-    ::testing::Values(TurnCase{"ModeUpOnEfis", 113, kMapMode, 0, 0, 1, kModuleGFEFIS, 1},
-                      TurnCase{"ModeClampsAtOne", 113, kMapMode, 1, 0, 1, kModuleGFEFIS, 1},
-                      TurnCase{"ModeInnerIgnoredOnGF45", 113, kMapMode, 0, 0, 1, kModuleGF45, 0},
-                      TurnCase{"ModeOuterOnGF45", 113, kMapMode, 0, 1, 0, kModuleGF45, 1},
-                      TurnCase{"ModeOuterOnGF166", 113, kMapMode, 1, -1, 0, kModuleGF166, 0},
-                      TurnCase{"ModeInnerOnMcp", 113, kMapMode, 0, -1, 1, kModuleGFMCP, 1},
+    ::testing::Values(TurnCase{"ModeUpOnEfis", 113, kMapIsHsi, 1, 0, 1, kModuleGFEFIS, 0},
+                      TurnCase{"ModeClampsAtOne", 113, kMapIsHsi, 0, 0, 1, kModuleGFEFIS, 0},
+                      TurnCase{"ModeInnerIgnoredOnGF45", 113, kMapIsHsi, 1, 0, 1, kModuleGF45, 1},
+                      TurnCase{"ModeOuterOnGF45", 113, kMapIsHsi, 1, 1, 0, kModuleGF45, 0},
+                      TurnCase{"ModeOuterOnGF166", 113, kMapIsHsi, 0, -1, 0, kModuleGF166, 1},
+                      TurnCase{"ModeInnerOnMcp", 113, kMapIsHsi, 1, -1, 1, kModuleGFMCP, 0},
                       TurnCase{"SubModeClampsAtFour", 114, kMapSubMode, 2, 0, 5, kModuleGFEFIS, 4},
                       TurnCase{"SubModeOuterOnGF46", 114, kMapSubMode, 2, -1, 0, kModuleGF46, 1},
                       TurnCase{"SubModeInnerIgnoredOnGF46", 114, kMapSubMode, 2, 0, 1, kModuleGF46, 2},
                       TurnCase{"RangeClampsAtSix", 115, kMapRange, 5, 0, 3, kModuleGFEFIS, 6},
                       TurnCase{"RangeOuterClampsAtZero", 115, kMapRange, 3, -4, 0, kModuleGF45, 0}),
     CaseName);
+
+// An older simulator keeps the map mode itself, and shows it as it is.
+TEST_F(AvionicAdjustTest, MapModeOnAnOlderSimulatorTurnsTheOriginal) {
+  host().SetXPlaneVersion(11000);
+  gSimulatorVersions.xplaneVersion = 11000;
+  SetValue(kMapMode, 0);
+  SetValue(kMapIsHsi, 0);
+  AvionicFunction* mode = Build(113);
+  ASSERT_NE(mode, nullptr);
+  AdjustAvionicFunction(mode, 0, 1, kModuleGFEFIS);
+  EXPECT_EQ(Value(kMapMode), 1);
+  EXPECT_EQ(Value(kMapIsHsi), 0);
+}
+
+// The display shows the map mode, not the HSI flag it is kept as.
+TEST_F(AvionicAdjustTest, MapModeOnXPlane12ShowsTheOppositeOfTheHsiFlag) {
+  SetValue(kMapIsHsi, 1);
+  AvionicFunction* mode = Build(113);
+  ASSERT_NE(mode, nullptr);
+  EXPECT_EQ(GetAvionicValue(*mode), 0.0f);
+  SetValue(kMapIsHsi, 0);
+  EXPECT_EQ(GetAvionicValue(*mode), 1.0f);
+}
 
 INSTANTIATE_TEST_SUITE_P(
     PanelSelectors, TurnTest,
@@ -486,6 +512,7 @@ class TrimTest : public AvionicAdjustTest, public ::testing::WithParamInterface<
 
 TEST_P(TrimTest, StepsByTheSettingWithinTheLimit) {
   const TrimCase& c = GetParam();
+  host().SetXPlaneVersion(c.xplaneVersion);
   gSimulatorVersions.xplaneVersion = c.xplaneVersion;
   IncrementFor(c.id) = c.increment;
   SetValue(c.path, c.start);
@@ -508,11 +535,39 @@ INSTANTIATE_TEST_SUITE_P(
                       TrimCase{"NaNStepChangesNothing", 427, kElevatorTrim, 12000, kNaN, 0.3, 0, 1, 0.3},
                       TrimCase{"AileronDown", 430, kAileronTrim, 12000, 0.001f, 0.0, 0, -3, -0.003},
                       TrimCase{"RudderOuterIgnored", 433, kRudderTrim, 12000, 0.001f, 0.2, 5, 2, 0.202},
-                      TrimCase{"Rotor", 436, kRotorTrim, 12000, 0.001f, 0.0, 0, 1, 0.001},
+                      TrimCase{"RotorOnAnOlderSimulator", 436, kRotorTrim, 11000, 0.001f, 0.0, 0, 1, 0.001},
                       TrimCase{"AbsurdCountClamps", 427, kElevatorTrim, 12000, 0.005f, 0.0, 0, kMinSteps, -1.0}),
     [](const ::testing::TestParamInfo<TrimCase>& info) { return std::string(info.param.name); });
 
+// X-Plane 12 keeps no rotor trim value: each step of the knob runs the simulator's trim command
+// once, in the direction of the turn, and a fast turn stops at a sane number of commands.
+TEST_F(AvionicAdjustTest, RotorTrimStepsByCommandWhereTheSimulatorKeepsNoValue) {
+  ASSERT_TRUE(LoadOptionalXplmApi());
+  ASSERT_FALSE(host().HasDataref(kRotorTrim));
+  AvionicFunction* rotor = Build(436);
+  ASSERT_NE(rotor, nullptr);
+  host().ClearEvents();
+  AdjustAvionicFunction(rotor, 5, 2, kModuleGFLGT2);
+  AdjustAvionicFunction(rotor, 0, -1, kModuleGFLGT2);
+  EXPECT_EQ(host().Events(), (std::vector<std::string>{"command-once sim/flight_controls/gyro_rotor_trim_up",
+                                                       "command-once sim/flight_controls/gyro_rotor_trim_up",
+                                                       "command-once sim/flight_controls/gyro_rotor_trim_down"}));
+  host().ClearEvents();
+  AdjustAvionicFunction(rotor, 0, kMinSteps, kModuleGFLGT2);
+  EXPECT_EQ(host().Events().size(), 64u);
+
+  // Without the commands either, the knob does nothing.
+  host().SetCommandKnown("sim/flight_controls/gyro_rotor_trim_up", false);
+  rotor = Build(436);
+  host().ClearEvents();
+  AdjustAvionicFunction(rotor, 0, 3, kModuleGFLGT2);
+  EXPECT_TRUE(host().Events().empty());
+}
+
 TEST_F(AvionicAdjustTest, EachTrimReadsItsOwnSetting) {
+  // The rotor trim is a value only in simulators older than X-Plane 12.
+  host().SetXPlaneVersion(11000);
+  gSimulatorVersions.xplaneVersion = 11000;
   gSettings.ElevatorTrimIncrement = 0.1f;
   gSettings.AileronTrimIncrement = 0.2f;
   gSettings.RudderTrimIncrement = 0.3f;

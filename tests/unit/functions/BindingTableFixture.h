@@ -68,6 +68,8 @@ inline void PrintTo(const SwitchRow& row, std::ostream* out) { *out << row.id <<
 
 inline std::string RowTestName(const ::testing::TestParamInfo<SwitchRow>& info) { return info.param.name; }
 
+inline constexpr int kOlderSimulator = 11000;
+
 class BindingTableTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -77,10 +79,15 @@ class BindingTableTest : public ::testing::Test {
              "-" + std::to_string(reinterpret_cast<std::uintptr_t>(info)));
     host().Reset(root_);
     X737Mode = 0;
+    // The tables name the datarefs as simulators before X-Plane 12 have them, and such a simulator
+    // keeps those names; what X-Plane 12 uses instead has tests of its own.
+    host().SetXPlaneVersion(kOlderSimulator);
+    gSimulatorVersions.xplaneVersion = kOlderSimulator;
   }
 
   void TearDown() override {
     X737Mode = 0;
+    gSimulatorVersions = SimulatorVersions{};
     host().Reset({});
     std::error_code ignored;
     std::filesystem::remove_all(root_, ignored);

@@ -2,6 +2,7 @@
 // it as and holds the elements the row switches, the ids agree with the catalogue's names, and no
 // id is defined twice.
 #include <XPLMDataAccess.h>
+#include <XPLMUtilities.h>
 #include <gtest/gtest.h>
 
 #include <cctype>
@@ -16,10 +17,13 @@
 #include "functions/DatarefBinding.h"
 #include "functions/FamilyBindingTable.h"
 #include "functions/FunctionCatalogue.h"
+#include "functions/SimulatorEquivalents.h"
 #include "functions/SwitchBindingTable.h"
 
 namespace drav::functiontest {
 namespace {
+
+constexpr int kOlderSimulator = 11000;
 
 bool IsSimPath(const char* path) { return path != nullptr && std::strncmp(path, "sim/", 4) == 0; }
 
@@ -54,7 +58,10 @@ class BindingTableData : public FunctionTest {
   }
 };
 
+// The tables name datarefs as the simulators before X-Plane 12 had them: three of those names are
+// gone from X-Plane 12, whose stand-ins are checked below.
 TEST_F(BindingTableData, SingleBindingsNameRealSimulatorDatarefs) {
+  host().SetXPlaneVersion(kOlderSimulator);
   for (const SwitchBindingRow& row : SwitchBindingRows()) {
     const SwitchBinding& b = row.binding;
     ExpectSimDataref(b.path, b.valueType, b.offset, b.count);
@@ -73,6 +80,7 @@ TEST_F(BindingTableData, FamiliesNameRealSimulatorArraysLongEnoughForEveryMember
 }
 
 TEST_F(BindingTableData, AvionicFunctionsNameRealSimulatorDatarefs) {
+  host().SetXPlaneVersion(kOlderSimulator);
   for (const AvionicFunctionRow& row : AvionicFunctionRows()) {
     SCOPED_TRACE(row.id);
     EXPECT_LT(std::strlen(row.tag), static_cast<std::size_t>(kAvionicTextSize));
@@ -160,6 +168,21 @@ TEST(BindingTableIds, AutopilotStatePathsAreTheLowerCaseRestOfTheirNames) {
     std::string rest = name.substr(9);
     for (char& c : rest) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     EXPECT_EQ(std::string(paths[i]), "drav/autopilot_state/" + rest);
+  }
+}
+
+// Every stand-in is something X-Plane 12 has: its dataref with the type the row uses (an array
+// long enough for the elements written), its commands. The originals are simulator paths of the
+// tables.
+TEST_F(BindingTableData, EquivalentsNameWhatXPlane12Has) {
+  for (const SimEquivalent& row : SimEquivalents()) {
+    SCOPED_TRACE(row.original);
+    EXPECT_TRUE(IsSimPath(row.original));
+    if (row.path != nullptr) ExpectSimDataref(row.path, row.valueType, 0, row.count);
+    for (const char* command : {row.command, row.downCommand}) {
+      if (command == nullptr) continue;
+      EXPECT_NE(XPLMFindCommand(command), nullptr) << command;
+    }
   }
 }
 

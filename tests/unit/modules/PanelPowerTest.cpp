@@ -83,12 +83,16 @@ TEST_F(PanelPowerTest, TurbineGeneratorPowersInProportionToN1) {
   DarkAircraft();
   SetElement(kGeneratorOn, 0, 1);
   SetElement(kEngineN1, 0, 30);  // 30 / 15 = 2
-  for (int turbine : {2, 4, 5, 8}) {
+  // The older simulators' turbine numbers, then X-Plane 12's jets and turboprops.
+  for (int turbine : {2, 4, 5, 8, 7, 9, 10}) {
     SetElement(kEngineType, 0, turbine);
     EXPECT_TRUE(HasPanelPower(false)) << "engine type " << turbine;
   }
-  SetElement(kEngineType, 0, 1);  // a piston engine's generator does not count
-  EXPECT_FALSE(HasPanelPower(false));
+  // Carburetted and injected pistons, electric motors and rockets, and numbers no version uses.
+  for (int other : {0, 1, 3, 6, 11, -1}) {
+    SetElement(kEngineType, 0, other);
+    EXPECT_FALSE(HasPanelPower(false)) << "engine type " << other;
+  }
 
   SetElement(kEngineType, 0, 2);
   SetElement(kEngineN1, 0, 1.4);  // 0.093: below the threshold

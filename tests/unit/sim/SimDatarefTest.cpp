@@ -28,7 +28,7 @@ TEST(SimBuiltinDatarefTable, HoldsEveryDatarefOnceUnderSim) {
     const bool array = row.type == DatarefType::IntArray || row.type == DatarefType::FloatArray;
     EXPECT_EQ(array, row.length > 1) << row.path;
   }
-  EXPECT_EQ(paths.size(), 243u);
+  EXPECT_EQ(paths.size(), 247u);
 }
 
 TEST_F(SimDatarefs, EveryBuiltinIsFoundWithItsTypeAndWritability) {
@@ -52,12 +52,29 @@ TEST_F(SimDatarefs, SpotChecksOfTypesAndLengths) {
   EXPECT_EQ(XPLMGetDatavf(Find("sim/cockpit2/switches/panel_brightness_ratio"), nullptr, 0, 0), 4);
   EXPECT_EQ(XPLMGetDatavf(Find("sim/flightmodel/engine/ENGN_N1_"), nullptr, 0, 0), 16);
   EXPECT_EQ(XPLMGetDataRefTypes(Find("sim/cockpit/radios/com1_freq_hz")), xplmType_Int);
+  EXPECT_EQ(XPLMCanWriteDataRef(Find("sim/cockpit/radios/transponder_id")), 0);
+  EXPECT_EQ(XPLMCanWriteDataRef(Find("sim/cockpit/autopilot/heading_mode")), 0);
+  EXPECT_EQ(XPLMGetDataRefTypes(Find("sim/weather/aircraft/speed_sound_ms")), xplmType_Float);
+}
+
+// X-Plane 12 has dropped three names an older simulator had; a scenario that sets an older
+// version gets them back as that simulator declared them, and keeps what it changed itself.
+TEST_F(SimDatarefs, AnOlderSimulatorAddsTheNamesXPlane12Dropped) {
+  const char* dropped[] = {"sim/flightmodel/controls/rot_trim", "sim/cockpit/autopilot/approach_selector",
+                           "sim/graphics/colors/menu_bkgnd_rgb"};
+  for (const char* path : dropped) EXPECT_EQ(Find(path), nullptr) << path;
+  host().SetXPlaneVersion(12100);
+  for (const char* path : dropped) EXPECT_EQ(Find(path), nullptr) << path;
+
+  ASSERT_TRUE(host().AddDataref(DatarefDecl{"sim/cockpit/autopilot/approach_selector", DatarefType::Float, 1, false}));
+  host().SetXPlaneVersion(11000);
   EXPECT_EQ(XPLMGetDataRefTypes(Find("sim/flightmodel/controls/rot_trim")), xplmType_Float);
-  EXPECT_EQ(XPLMGetDataRefTypes(Find("sim/cockpit/autopilot/approach_selector")), xplmType_Int);
-  EXPECT_EQ(XPLMCanWriteDataRef(Find("sim/cockpit/autopilot/approach_selector")), 1);
+  EXPECT_EQ(XPLMCanWriteDataRef(Find("sim/flightmodel/controls/rot_trim")), 1);
   EXPECT_EQ(XPLMGetDatavf(Find("sim/graphics/colors/menu_bkgnd_rgb"), nullptr, 0, 0), 3);
   EXPECT_EQ(XPLMCanWriteDataRef(Find("sim/graphics/colors/menu_bkgnd_rgb")), 0);
-  EXPECT_EQ(XPLMCanWriteDataRef(Find("sim/cockpit/radios/transponder_id")), 0);
+  EXPECT_EQ(XPLMGetDataRefTypes(Find("sim/cockpit/autopilot/approach_selector")), xplmType_Float)
+      << "the scenario's own declaration stays";
+  EXPECT_NE(Find("sim/weather/aircraft/speed_sound_ms"), nullptr) << "the X-Plane 12 names stay too";
 }
 
 TEST_F(SimDatarefs, StartsAsAPoweredParkedAircraft) {
