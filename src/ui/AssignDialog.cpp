@@ -34,6 +34,7 @@ constexpr int kDesignScreenWidth = 1024;
 constexpr int kDesignScreenHeight = 768;
 constexpr int kRowPitch = 20;
 constexpr int kSliderPitch = 40;
+constexpr int kSliderLabelWidth = 20;
 
 struct FunctionRowWidgets {
   XPWidgetID caption = nullptr;
@@ -331,6 +332,8 @@ void CreateFunctionRows(int left, int top, const DialogColumns& columns) {
 }
 
 void CreateSliderRows(int left, int top, const DialogColumns& columns) {
+  // The value and maximum labels reach "100%"; the minimum ones ("0%", "1") fit the designed 20 px.
+  const int labelWidth = std::max(kSliderLabelWidth, TextWidth("100%"));
   for (int j = 0; j < kDialogSliderRows; ++j) {
     const int y = top - 210 - kSliderPitch * j;
     SliderRowWidgets& row = gDialog.sliders[static_cast<std::size_t>(j)];
@@ -340,9 +343,9 @@ void CreateSliderRows(int left, int top, const DialogColumns& columns) {
     row.widgets.minimumLabel =
         CreateChild(shifted + 280, y, shifted + 300, y - 12, kInitialSliderLabel, xpWidgetClass_Caption);
     row.widgets.maximumLabel =
-        CreateChild(shifted + 460, y, shifted + 480, y - 12, kInitialSliderLabel, xpWidgetClass_Caption);
-    row.widgets.valueLabel =
-        CreateChild(shifted + 370, y - 15, shifted + 390, y - 27, kInitialSliderLabel, xpWidgetClass_Caption);
+        CreateChild(shifted + 460, y, shifted + 460 + labelWidth, y - 12, kInitialSliderLabel, xpWidgetClass_Caption);
+    row.widgets.valueLabel = CreateChild(shifted + 370, y - 15, shifted + 370 + labelWidth, y - 27, kInitialSliderLabel,
+                                         xpWidgetClass_Caption);
     row.widgets.slider = CreateChild(shifted + 310, y, shifted + 450, y - 12, "", xpWidgetClass_ScrollBar);
     XPSetWidgetProperty(row.widgets.slider, xpProperty_ScrollBarType, xpScrollBarTypeSlider);
     XPSetWidgetProperty(row.widgets.slider, xpProperty_ScrollBarSliderPosition, 50);
