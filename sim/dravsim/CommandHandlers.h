@@ -23,19 +23,21 @@ void BootCommand(ScenarioContext& ctx, const Invocation& call);
 void MessageCommand(ScenarioContext& ctx, const Invocation& call);
 void PlaneLoadedCommand(ScenarioContext& ctx, const Invocation& call);
 
-// RunCommands.cpp: time, the menu and other plug-ins' dataref writes.
+// RunCommands.cpp: time, the menu, commands the pilot runs and other plug-ins' dataref writes.
 void FrameCommand(ScenarioContext& ctx, const Invocation& call);
 void RunCommand(ScenarioContext& ctx, const Invocation& call);
 void MenuCommand(ScenarioContext& ctx, const Invocation& call);
+void RunSimCommandCommand(ScenarioContext& ctx, const Invocation& call);
 void WriteDatarefCommand(ScenarioContext& ctx, const Invocation& call);
 
-// ExpectSimulator.cpp: checks of datarefs, events and windows.
+// ExpectSimulator.cpp: checks of datarefs, events, windows and the screen.
 void ExpectDatarefCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectEventCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectNoEventCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectEventsCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectWindowCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectNoWindowCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectScreenCommand(ScenarioContext& ctx, const Invocation& call);
 
 // ExpectFiles.cpp: checks of the plug-in folder's files.
 void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call);

@@ -43,6 +43,8 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"message", "message FROM ID PARAM", 3, 3, false, ThenWaitForPanelOutput<MessageCommand>},
     {"plane-loaded", "plane-loaded", 0, 0, false, ThenWaitForPanelOutput<PlaneLoadedCommand>},
     {"menu", "menu \"ITEM\"", 1, 1, false, ThenWaitForPanelOutput<MenuCommand>},
+    {"run-command", "run-command NAME [begin|end]", 1, 2, false,
+     ThenWaitForPanelOutput<RunSimCommandCommand>},
     {"write-dataref", "write-dataref PATH = V | PATH[i] = V", 3, 3, false,
      ThenWaitForPanelOutput<WriteDatarefCommand>},
 
@@ -68,6 +70,7 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"expect no-log", "expect no-log \"LINE\"", 1, 1, false, ExpectNoLogCommand},
     {"expect window", "expect window \"TEXT\"", 1, 1, false, ExpectWindowCommand},
     {"expect no-window", "expect no-window", 0, 0, false, ExpectNoWindowCommand},
+    {"expect screen", "expect screen \"TEXT\"", 1, 1, false, ExpectScreenCommand},
     {"expect sent", "expect sent NAME feature|output HEX", 3, kAny, false,
      ExpectSentCommand},
     {"expect sent-count", "expect sent-count NAME N", 2, 2, false, ExpectSentCountCommand},

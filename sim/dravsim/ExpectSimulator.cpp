@@ -1,4 +1,7 @@
-// Checks of the simulator's state: datarefs, the event log and the plug-in's windows.
+// Checks of the simulator's state: datarefs, the event log, the plug-in's windows and what the screen
+// shows.
+#include <XPLMGraphics.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -151,6 +154,31 @@ void ExpectNoWindowCommand(ScenarioContext& ctx, const Invocation& /*call*/) {
   } else {
     ctx.Fail("no window", std::to_string(windows) + " window(s)");
   }
+}
+
+// A text counts as shown whole when it was drawn exactly and ends inside the window or widget that
+// drew it: a caption that runs on past its widget lies under its neighbour on X-Plane's screen.
+void ExpectScreenCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& text = call.args[0].text;
+  const sim::DisplayList screen = ctx.host.DrawScreen();
+  std::vector<std::string> similar;  // drawn texts that share the wanted text's beginning
+  for (const sim::DisplayItem& item : screen.items) {
+    for (const sim::DrawnText& drawn : item.texts) {
+      if (drawn.text == text) {
+        const float width = XPLMMeasureString(drawn.font, drawn.text.c_str(), static_cast<int>(drawn.text.size()));
+        const int end = drawn.x + static_cast<int>(std::ceil(width));
+        if (end <= item.geometry.right) {
+          ctx.Pass();
+          return;
+        }
+        similar.push_back(drawn.text + " (ends at x " + std::to_string(end) + ", past the edge at " +
+                          std::to_string(item.geometry.right) + ")");
+      } else if (!drawn.text.empty() && (text.starts_with(drawn.text) || drawn.text.starts_with(text))) {
+        similar.push_back(drawn.text);
+      }
+    }
+  }
+  ctx.Fail("screen showing " + Quoted(text), similar.empty() ? "no such text" : QuotedList(similar));
 }
 
 }  // namespace dravsim

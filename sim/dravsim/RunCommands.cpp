@@ -1,5 +1,5 @@
-// Commands that let the simulator run: frames, simulated time, menu picks and writes of other
-// plug-ins to datarefs.
+// Commands that let the simulator run: frames, simulated time, menu picks, commands a pilot runs and
+// writes of other plug-ins to datarefs.
 #include <cstdio>
 
 #include "dravsim/CommandArgs.h"
@@ -48,6 +48,29 @@ void MenuCommand(ScenarioContext& ctx, const Invocation& call) {
   std::vector<std::string> items = ctx.host.PluginMenuItems();
   CommandError(ctx, call, "no menu item " + Quoted(item) + " (the plug-in's items: " +
                               QuotedList(items) + ")");
+}
+
+// Without a phase the command is pressed and let go, as a tap on a bound key.
+void RunSimCommandCommand(ScenarioContext& ctx, const Invocation& call) {
+  constexpr int kBegin = 0;  // XPLMCommandPhase: begin 0, end 2
+  constexpr int kEnd = 2;
+  const std::string& name = call.args[0].text;
+  bool begin = true;
+  bool end = true;
+  if (call.args.size() > 1) {
+    begin = IsKeyword(call.args[1], "begin");
+    end = IsKeyword(call.args[1], "end");
+    if (!begin && !end) {
+      UsageError(ctx, call);
+      return;
+    }
+  }
+  const bool known = begin ? ctx.host.RunCommandForPilot(name, kBegin) : ctx.host.RunCommandForPilot(name, kEnd);
+  if (!known) {
+    CommandError(ctx, call, "the simulator knows no command " + Quoted(name));
+    return;
+  }
+  if (begin && end) ctx.host.RunCommandForPilot(name, kEnd);
 }
 
 void WriteDatarefCommand(ScenarioContext& ctx, const Invocation& call) {

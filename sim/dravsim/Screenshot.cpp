@@ -35,7 +35,8 @@ constexpr std::string_view kTexturedMenu = "#313d43";
 constexpr std::string_view kTexturedEdge = "#7d8c92";
 // A widget's button texture reaches 4 pixels past the widget on each side (transparent margin).
 constexpr int kTextureMargin = 4;
-// The basic font's 8 x 12 cell holds a 12-pixel monospace face.
+// X-Plane's proportional UI face at the size the simulator measures texts with (XPLMMeasureString),
+// so that a text drawn in the picture is as wide as the plug-in measured it.
 constexpr int kFontSize = 12;
 
 std::string Hex(const sim::Rgba& colour) {
@@ -260,7 +261,7 @@ std::string RenderScreenSvg(const sim::DisplayList& screen) {
   head << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
        << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << screen.screenWidth << "\" height=\""
        << screen.screenHeight << "\" viewBox=\"0 0 " << screen.screenWidth << " "
-       << screen.screenHeight << "\" font-family=\"DejaVu Sans Mono, Menlo, Consolas, monospace\" "
+       << screen.screenHeight << "\" font-family=\"DejaVu Sans, Verdana, sans-serif\" "
        << "font-size=\"" << kFontSize << "\" xml:space=\"preserve\">\n";
   svg.Raw(head.str());
   svg.Rect(sim::ScreenRect{0, screen.screenHeight, screen.screenWidth, 0}, kDesktop);

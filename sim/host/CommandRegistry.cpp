@@ -85,6 +85,20 @@ void CommandRegistry::Once(XPLMCommandRef command) {
   RunHandlers(command, xplm_CommandEnd);
 }
 
+bool CommandRegistry::RunForPilot(std::string_view name, XPLMCommandPhase phase) {
+  const XPLMCommandRef command = Find(name);
+  Command* target = Known(command);
+  if (target == nullptr) return false;
+  if (phase == xplm_CommandBegin) {
+    ++target->held;
+  } else if (phase == xplm_CommandEnd) {
+    if (target->held == 0) return true;  // a release without a press reaches no handler
+    --target->held;
+  }
+  RunHandlers(command, phase);
+  return true;
+}
+
 void CommandRegistry::AddHandler(XPLMCommandRef command, XPLMCommandCallback_f handler, bool before,
                                  void* refcon) {
   Command* target = Known(command);

@@ -28,6 +28,11 @@ class CommandRegistry {
   void End(XPLMCommandRef command);
   void Once(XPLMCommandRef command);
 
+  // X-Plane runs the command for the pilot (a bound key or joystick button going down, or up): the
+  // handlers run as for the plug-in's own calls, but nothing is recorded, since the events record
+  // what the plug-in asks of the simulator. False for an unknown command.
+  bool RunForPilot(std::string_view name, XPLMCommandPhase phase);
+
   void AddHandler(XPLMCommandRef command, XPLMCommandCallback_f handler, bool before, void* refcon);
   void RemoveHandler(XPLMCommandRef command, XPLMCommandCallback_f handler, bool before,
                      void* refcon);

@@ -177,6 +177,10 @@ bool SimHost::PickMenuItem(const std::string& itemName) { return impl_->menus.Pi
 
 std::vector<std::string> SimHost::PluginMenuItems() const { return impl_->menus.PluginItems(); }
 
+bool SimHost::RunCommandForPilot(const std::string& name, int phase) {
+  return impl_->commands.RunForPilot(name, phase);
+}
+
 // ---- windows -----------------------------------------------------------------------------------
 
 int SimHost::WindowCount() const { return impl_->windows.Count(); }

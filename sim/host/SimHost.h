@@ -125,6 +125,11 @@ class SimHost {
   bool PickMenuItem(const std::string& itemName);
   std::vector<std::string> PluginMenuItems() const;  // "Menu/Item" for every item the plug-in added
 
+  // ---- commands ------------------------------------------------------------------------------
+  // The pilot runs a command (a bound key or button goes down, or up): its handlers run, no event is
+  // recorded. False when the simulator does not know the command.
+  bool RunCommandForPilot(const std::string& name, int phase);  // an XPLMCommandPhase
+
   // ---- windows -------------------------------------------------------------------------------
   int WindowCount() const;  // windows the plug-in has created and not destroyed
   // Runs the draw callback of every visible plug-in window and returns each string drawn, in draw

@@ -13,6 +13,7 @@
 #include "host/Log.h"
 #include "host/Messages.h"
 #include "host/OptionalXplmApi.h"
+#include "host/PluginCommands.h"
 #include "host/PluginMenu.h"
 #include "host/Settings.h"
 #include "host/SplashWindow.h"
@@ -23,6 +24,8 @@
 #include "modules/GearPanel.h"
 #include "ui/AssignDialog.h"
 #include "modules/PanelPower.h"
+#include "config/Assignments.h"
+#include "host/PluginActions.h"
 
 namespace drav {
 
@@ -34,8 +37,41 @@ constexpr const char* kPluginDescription = "Drav plugin 2.63 (MR).";
 constexpr std::size_t kEntryBufferSize = 256;  // the simulator's name, signature, description buffers
 
 void* gModuleInstance = nullptr;  // the DLL's instance handle on Windows (PluginExports.cpp)
+bool gPanelsRunning = false;      // between the device layer's start at enable and its stop
+
+// The device layer and the module objects for the units it finds.
+void StartPanels() {
+  GFDev_Start(gModuleInstance);
+  TheModuleManager().CreateModules();
+  GFDev_RegisterInputCallback(OnDeviceInput);
+  if (gDebug.DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();
+  gPanelsRunning = true;
+}
+
+void StopPanels() {
+  gPanelsRunning = false;
+  GFDev_Stop();
+}
 
 }  // namespace
+
+bool PanelsRunning() { return gPanelsRunning; }
+
+void RescanPanels() {
+  if (!gPanelsRunning) return;
+  LogLine("Rescanning the panels");
+  // The dialog lists the units: it comes back with the new list.
+  const bool dialogWasOpen = IsAssignDialogOpen();
+  CloseAssignDialog();
+  StopPanels();
+  StartPanels();
+  // Before the first refresh tick the assignments are not loaded yet; that tick loads them all.
+  if (ModulesInitialised == 1) {
+    LoadAllAssignments();
+    TheModuleManager().RefreshAll();
+  }
+  if (dialogWasOpen) OpenAssignFunctions();
+}
 
 void SetModuleInstance(void* instance) { gModuleInstance = instance; }
 
@@ -64,6 +100,7 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
 }
 
 void PluginStop() {
+  UnregisterPluginCommands();  // X-Plane disables first; nothing is left registered after a stop regardless
   LogLine("--- LOGGING STOPPED ---");
   CloseAssignDialog();  // its widgets belong to this load; a later start must find it closed
   DestroySplashWindow();
@@ -71,21 +108,20 @@ void PluginStop() {
 }
 
 int PluginEnable() {
-  GFDev_Start(gModuleInstance);
-  TheModuleManager().CreateModules();
+  StartPanels();
   SplashTickCount = 0;
-  GFDev_RegisterInputCallback(OnDeviceInput);
-  if (gDebug.DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();
   RegisterFlightLoops();
   if (LoadOptionalXplmApi()) ResolveEngineAndAnnunciatorCommands();
+  RegisterPluginCommands();
   if (ModulesInitialised == 1) TheModuleManager().RefreshAll();
   return 1;
 }
 
 void PluginDisable() {
+  UnregisterPluginCommands();
   UnregisterFlightLoops();
   TheModuleManager().ClearAll();
-  GFDev_Stop();
+  StopPanels();
 }
 
 void PluginReceiveMessage(int from, int message, void* param) { HandleMessage(from, message, param); }

@@ -10,6 +10,9 @@ int PluginEnable();
 void PluginDisable();
 void PluginReceiveMessage(int from, int message, void* param);
 
+// True between the device layer's start at enable and its stop at disable.
+bool PanelsRunning();
+
 // The plug-in module's instance handle (Windows), for the device layer's hot-plug window.
 void SetModuleInstance(void* instance);
 

@@ -4,16 +4,30 @@
 
 #include <cstdint>
 
-#include "ui/AssignDialog.h"
+#include "host/PluginActions.h"
 
 namespace drav {
 
 namespace {
 
+struct MenuEntry {
+  const char* item;
+  void (*action)();
+};
+
+// The item refs count from kAssignFunctionsItemRef in this order.
+constexpr MenuEntry kMenuEntries[] = {
+    {"Assign Functions", OpenAssignFunctions},
+    {"Close Assign Functions", CloseAssignFunctions},
+    {"Reload DRAV.INI", ReloadConfiguration},
+    {"Rescan Panels", RescanPanels},
+};
+constexpr std::intptr_t kMenuEntryCount = sizeof kMenuEntries / sizeof kMenuEntries[0];
+
 void HandleMenu(void* /*menuRef*/, void* itemRef) {
-  if (reinterpret_cast<std::intptr_t>(itemRef) != kAssignFunctionsItemRef) return;
-  if (IsAssignDialogOpen()) return;
-  OpenAssignDialog(kAssignDialogSize, kAssignDialogSize);
+  const std::intptr_t row = reinterpret_cast<std::intptr_t>(itemRef) - kAssignFunctionsItemRef;
+  if (row < 0 || row >= kMenuEntryCount) return;
+  kMenuEntries[row].action();
 }
 
 }  // namespace
@@ -23,8 +37,9 @@ void BuildPluginMenu() {
   int item = XPLMAppendMenuItem(pluginsMenu, "Drav", nullptr, 1);
   XPLMMenuID menu = XPLMCreateMenu("Drav", pluginsMenu, item, HandleMenu, nullptr);
   if (menu == nullptr) return;
-  XPLMAppendMenuItem(menu, "Assign Functions",
-                     reinterpret_cast<void*>(static_cast<std::intptr_t>(kAssignFunctionsItemRef)), 1);
+  for (std::intptr_t row = 0; row < kMenuEntryCount; ++row) {
+    XPLMAppendMenuItem(menu, kMenuEntries[row].item, reinterpret_cast<void*>(row + kAssignFunctionsItemRef), 1);
+  }
 }
 
 }  // namespace drav

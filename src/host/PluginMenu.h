@@ -1,4 +1,5 @@
-// The "Drav" item of the simulator's Plugins menu, with its one entry "Assign Functions".
+// The "Drav" item of the simulator's Plugins menu: "Assign Functions" first, as it always was, then
+// the same actions the plug-in's commands offer.
 #pragma once
 
 namespace drav {

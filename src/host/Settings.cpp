@@ -1,4 +1,4 @@
-// The DEBUG switches and the CONFIG settings, read once from DRAV.INI at start. Each read is a
+// The DEBUG switches and the CONFIG settings, read from DRAV.INI at start and at a reload. Each read is a
 // table row, so adding a setting is one line.
 #include "host/Settings.h"
 

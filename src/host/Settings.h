@@ -1,5 +1,5 @@
 // The debug switches (section "DEBUG") and the global settings (section "CONFIG") of DRAV.INI, read
-// once at start and held for the life of the plug-in.
+// at start and again whenever the pilot reloads DRAV.INI.
 #pragma once
 
 namespace drav {
@@ -31,7 +31,8 @@ struct GlobalSettings {
   int GFTQ6UseSpeedBrakeArmed = 0;
 };
 
-// Written only by the reads below, on the main thread at start, before any device thread runs.
+// Written only by the reads below, on the main thread (at start, and at a reload); every user reads
+// them on the main thread too.
 extern DebugSwitches gDebug;
 extern GlobalSettings gSettings;
 

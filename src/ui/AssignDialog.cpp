@@ -3,6 +3,7 @@
 #include <XPStandardWidgets.h>
 #include <XPWidgets.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string>
@@ -13,11 +14,13 @@
 #include "config/IniFile.h"
 #include "modules/ModuleTypes.h"
 #include "ui/DialogDeviceList.h"
+#include "ui/DialogLayout.h"
 #include "ui/DialogRows.h"
 #include "ui/FunctionPickLists.h"
 #include "ui/ItemList.h"
 #include "ui/MenuColours.h"
 #include "ui/PopupList.h"
+#include "ui/TextMeasure.h"
 
 namespace drav {
 
@@ -31,6 +34,7 @@ constexpr int kDesignScreenWidth = 1024;
 constexpr int kDesignScreenHeight = 768;
 constexpr int kRowPitch = 20;
 constexpr int kSliderPitch = 40;
+constexpr int kSliderLabelWidth = 20;
 
 struct FunctionRowWidgets {
   XPWidgetID caption = nullptr;
@@ -251,44 +255,98 @@ void DevicePicked(int index) {
   ShowDevicePanel(device.moduleType, device.unit);
 }
 
+// ---- measuring what the dialog must show -----------------------------------------------------------
+
+// The widest item of each list a row can offer. Only the avionic list differs between models; each
+// list is measured once.
+class ListWidths {
+ public:
+  ListWidths() : shared_(kFirstModuleType) { widths_.fill(-1); }
+  int Of(PickListKind kind, std::uint32_t moduleType) {
+    if (kind == PickListKind::kAvionic) return WidestItemWidth(GetAvionicFunctionList(moduleType));
+    int& width = widths_[static_cast<std::size_t>(kind)];
+    if (width < 0) width = WidestItemWidth(shared_.Get(kind));
+    return width;
+  }
+
+ private:
+  UnitLists shared_;
+  std::array<int, kPickListKinds> widths_;
+};
+
+// Every model's captions and lists, whether or not a unit of it is connected: the columns then keep
+// one layout whichever unit is picked.
+DialogTextWidths MeasureDialogTexts(const std::string& deviceText) {
+  DialogTextWidths widths;
+  widths.device = WidestItemWidth(deviceText);
+  widths.colourItem = WidestItemWidth(FixedListText(PickListKind::kColour));
+  ListWidths lists;
+  const DialogRowContext context = CurrentDialogRowContext();
+  for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
+    const DialogModelRows rows = RowsForModel(type, context);
+    bool avionicMeasured = false;
+    for (const DialogFunctionRow& row : rows.functions) {
+      widths.caption = std::max(widths.caption, TextWidth(row.caption));
+      if (row.list == PickListKind::kAvionic && avionicMeasured) continue;
+      avionicMeasured = avionicMeasured || row.list == PickListKind::kAvionic;
+      widths.functionItem = std::max(widths.functionItem, lists.Of(row.list, type));
+    }
+    for (const DialogSliderRow& row : rows.sliders) widths.caption = std::max(widths.caption, TextWidth(row.caption));
+    // A colour pop-up sits in the caption column, after the caption of its row.
+    for (const DialogFunctionRow& colour : rows.colours) {
+      for (const DialogFunctionRow& row : rows.functions) {
+        if (row.row == colour.row) widths.colourCaption = std::max(widths.colourCaption, TextWidth(row.caption));
+      }
+    }
+  }
+  return widths;
+}
+
 // ---- building the dialog ---------------------------------------------------------------------------
 
 XPWidgetID CreateChild(int left, int top, int right, int bottom, const char* text, XPWidgetClass widgetClass) {
   return XPCreateWidget(left, top, right, bottom, 0, text, 0, gDialog.mainWindow, widgetClass);
 }
 
-void CreateColourRows(int left, int top) {
+void CreateColourRows(int left, int top, const DialogColumns& columns) {
   for (int i = 0; i < kDialogColourRows; ++i) {
     const int y = top - 40 - kRowPitch * i;
-    XPWidgetID popup = CreatePopupList(left + 230, y, left + 300, y - 12, 0, "", gDialog.mainWindow, 1);
+    XPWidgetID popup = CreatePopupList(left + columns.colourLeft, y, left + columns.colourRight, y - 12, 0, "",
+                                       gDialog.mainWindow, 1);
     XPAddWidgetCallback(popup, OnItemPicked);
     gDialog.colours[static_cast<std::size_t>(i)] = {popup, {}};
   }
 }
 
-void CreateFunctionRows(int left, int top) {
+void CreateFunctionRows(int left, int top, const DialogColumns& columns) {
   for (int i = 0; i < kDialogFunctionRows; ++i) {
     const int y = top - 40 - kRowPitch * i;
     FunctionRowWidgets& row = gDialog.functions[static_cast<std::size_t>(i)];
-    row.caption = CreateChild(left + 150, y, left + 250, y - 12, kInitialCaption, xpWidgetClass_Caption);
-    row.popup = CreatePopupList(left + 310, y, left + 610, y - 12, 0, "", gDialog.mainWindow, 1);
+    row.caption = CreateChild(left + columns.captionLeft, y, left + columns.captionRight, y - 12, kInitialCaption,
+                              xpWidgetClass_Caption);
+    row.popup = CreatePopupList(left + columns.functionLeft, y, left + columns.functionRight, y - 12, 0, "",
+                                gDialog.mainWindow, 1);
     XPAddWidgetCallback(row.popup, OnItemPicked);
     row.key.clear();
   }
 }
 
-void CreateSliderRows(int left, int top) {
+void CreateSliderRows(int left, int top, const DialogColumns& columns) {
+  // The value and maximum labels reach "100%"; the minimum ones ("0%", "1") fit the designed 20 px.
+  const int labelWidth = std::max(kSliderLabelWidth, TextWidth("100%"));
   for (int j = 0; j < kDialogSliderRows; ++j) {
     const int y = top - 210 - kSliderPitch * j;
     SliderRowWidgets& row = gDialog.sliders[static_cast<std::size_t>(j)];
-    row.widgets.caption = CreateChild(left + 150, y, left + 250, y - 12, kInitialCaption, xpWidgetClass_Caption);
+    row.widgets.caption = CreateChild(left + columns.captionLeft, y, left + columns.captionRight, y - 12,
+                                      kInitialCaption, xpWidgetClass_Caption);
+    const int shifted = left + columns.sliderShift;  // the slider keeps its place beside the pop-ups
     row.widgets.minimumLabel =
-        CreateChild(left + 280, y, left + 300, y - 12, kInitialSliderLabel, xpWidgetClass_Caption);
+        CreateChild(shifted + 280, y, shifted + 300, y - 12, kInitialSliderLabel, xpWidgetClass_Caption);
     row.widgets.maximumLabel =
-        CreateChild(left + 460, y, left + 480, y - 12, kInitialSliderLabel, xpWidgetClass_Caption);
-    row.widgets.valueLabel =
-        CreateChild(left + 370, y - 15, left + 390, y - 27, kInitialSliderLabel, xpWidgetClass_Caption);
-    row.widgets.slider = CreateChild(left + 310, y, left + 450, y - 12, "", xpWidgetClass_ScrollBar);
+        CreateChild(shifted + 460, y, shifted + 460 + labelWidth, y - 12, kInitialSliderLabel, xpWidgetClass_Caption);
+    row.widgets.valueLabel = CreateChild(shifted + 370, y - 15, shifted + 370 + labelWidth, y - 27, kInitialSliderLabel,
+                                         xpWidgetClass_Caption);
+    row.widgets.slider = CreateChild(shifted + 310, y, shifted + 450, y - 12, "", xpWidgetClass_ScrollBar);
     XPSetWidgetProperty(row.widgets.slider, xpProperty_ScrollBarType, xpScrollBarTypeSlider);
     XPSetWidgetProperty(row.widgets.slider, xpProperty_ScrollBarSliderPosition, 50);
     XPSetWidgetProperty(row.widgets.slider, xpProperty_ScrollBarMin, 0);
@@ -305,6 +363,10 @@ bool IsAssignDialogOpen() { return gDialog.open; }
 
 void OpenAssignFunctionsDialog(int width, int height) {
   if (gDialog.open) return;
+  const std::vector<DialogDevice> devices = BuildDialogDeviceList(CurrentDialogUnitCounts());
+  const std::string deviceText = DeviceListText(devices, CurrentDeviceLabelContext());
+  const DialogColumns columns = LayoutDialogColumns(MeasureDialogTexts(deviceText), width);
+  width = columns.windowWidth;
   const int left = (kDesignScreenWidth - width) / 2;
   const int top = kDesignScreenHeight - (kDesignScreenHeight - height) / 2;
   gDialog = DialogState{};
@@ -316,15 +378,15 @@ void OpenAssignFunctionsDialog(int width, int height) {
   gDialog.open = true;
   XPSetWidgetProperty(gDialog.mainWindow, xpProperty_MainWindowHasCloseBoxes, 1);
 
-  gDialog.devices = BuildDialogDeviceList(CurrentDialogUnitCounts());
-  const std::string deviceText = DeviceListText(gDialog.devices, CurrentDeviceLabelContext());
+  gDialog.devices = devices;
   // The device pop-up is created first: the later ones set the shared scrolling flag.
-  gDialog.devicePopup =
-      CreatePopupList(left + 10, top - 40, left + 130, top - 52, 1, deviceText.c_str(), gDialog.mainWindow, 0);
+  gDialog.devicePopup = CreatePopupList(left + columns.deviceLeft, top - 40, left + columns.deviceRight, top - 52, 1,
+                                        deviceText.c_str(), gDialog.mainWindow, 0);
   XPAddWidgetCallback(gDialog.devicePopup, OnItemPicked);
-  CreateColourRows(left, top);
-  CreateFunctionRows(left, top);
-  CreateSliderRows(left, top);
+  CreateFunctionRows(left, top, columns);
+  // After the captions, so that a colour pop-up lies in front of the caption column it sits in.
+  CreateColourRows(left, top, columns);
+  CreateSliderRows(left, top, columns);
   DevicePicked(0);
   XPAddWidgetCallback(gDialog.mainWindow, OnCloseBox);
 }
@@ -340,6 +402,10 @@ void CloseAssignDialog() {
   // Cleared first: destroying the widgets must not run the dialog's callbacks on half-gone rows.
   gDialog = DialogState{};
   XPDestroyWidget(mainWindow, 1);
+}
+
+void RefreshAssignDialog() {
+  if (gDialog.open) DevicePicked(gDialog.currentDevice);
 }
 
 void ShowDevicePanel(std::uint32_t moduleType, std::int32_t unit) {

@@ -18,6 +18,9 @@ bool OpenAssignDialog(int width, int height);
 // Destroys the dialog with its widgets, if it is open.
 void CloseAssignDialog();
 
+// Fills the open dialog's rows again from DRAV.INI, for the unit it shows (after a reload).
+void RefreshAssignDialog();
+
 // The same opening under its documented name: the menu opens the dialog at 650 x 650.
 void OpenAssignFunctionsDialog(int width, int height);
 // Fills the rows for one unit (counted from 1) of the open dialog; nothing while it is closed.

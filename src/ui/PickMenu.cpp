@@ -12,6 +12,7 @@
 #include "ui/InterfaceTexture.h"
 #include "ui/MenuColours.h"
 #include "ui/PickMenuLayout.h"
+#include "ui/TextMeasure.h"
 
 namespace drav {
 
@@ -186,6 +187,7 @@ bool OpenPickMenu(int anchorLeft, int anchorTop, const char* items, int currentI
   CloseMenu();
   auto menu = std::make_unique<OpenMenu>();
   menu->items = ParsePickMenuItems(items != nullptr ? items : "");
+  for (PickMenuItem& item : menu->items) item.width = TextWidth(item.text);
   if (menu->items.empty()) return false;
   menu->metrics = CurrentMetrics();
   menu->layout = LayoutPickMenu(menu->items, menu->metrics);

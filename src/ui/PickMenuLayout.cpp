@@ -15,10 +15,14 @@ int ItemHeight(const PickMenuItem& item, const PickMenuMetrics& metrics) {
   return item.separator ? SeparatorHeight(metrics) : metrics.fontHeight;
 }
 
-int WidestText(const std::vector<PickMenuItem>& items) {
-  std::size_t widest = 0;
-  for (const PickMenuItem& item : items) widest = std::max(widest, item.text.size());
-  return static_cast<int>(widest);
+// In pixels. The nominal width per character is kept as a floor, so that a measured text (in a
+// proportional font, narrower when lower case) never makes the column smaller than it always was.
+int WidestText(const std::vector<PickMenuItem>& items, int charWidth) {
+  int widest = 0;
+  for (const PickMenuItem& item : items) {
+    widest = std::max({widest, static_cast<int>(item.text.size()) * charWidth, item.width});
+  }
+  return widest;
 }
 
 }  // namespace
@@ -45,7 +49,7 @@ int SeparatorHeight(const PickMenuMetrics& metrics) { return std::max(2, metrics
 
 PickMenuLayout LayoutPickMenu(const std::vector<PickMenuItem>& items, const PickMenuMetrics& metrics) {
   PickMenuLayout layout;
-  layout.columnWidth = WidestText(items) * std::max(1, metrics.charWidth) + 2 * kMenuTextInset;
+  layout.columnWidth = WidestText(items, std::max(1, metrics.charWidth)) + 2 * kMenuTextInset;
   const int columnLimit = metrics.screenHeight - kMenuScreenMargin;
   int column = 0;
   int y = 0;

@@ -13,6 +13,7 @@ struct PickMenuItem {
   std::string text;        // as shown: a leading "(" is dropped
   bool enabled = true;     // false for "(" items and separators
   bool separator = false;  // an item "-": a rule, not a text
+  int width = 0;           // the text measured in the menu's font, when the caller measured it
 };
 
 // Splits a pop-up list into menu items.

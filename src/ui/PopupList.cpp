@@ -16,6 +16,7 @@
 #include "ui/ItemList.h"
 #include "ui/MenuColours.h"
 #include "ui/PickMenu.h"
+#include "ui/TextMeasure.h"
 
 namespace drav {
 
@@ -27,14 +28,18 @@ constexpr int kButtonOverhang = 4;
 constexpr int kTextIndent = 4;
 constexpr int kArrowRoom = 24;  // the arrow at the right end takes this much of the width
 constexpr int kArrowInset = 17;
+constexpr int kTextMargin = 4;  // air between the text's end and the arrow
 
 // The process keeps one scrolling flag for every pop-up.
 bool gScrollingMenus = false;
 
-// What each pop-up shows, kept so that drawing neither reads the descriptor nor allocates.
+// What each pop-up shows, kept so that drawing neither reads the descriptor nor allocates. How much
+// of the text fits is measured again only when the pop-up's width or its item changes.
 struct ShownItem {
   intptr_t index = -1;
   std::string text;
+  int fittedWidth = -1;
+  std::size_t fittedLength = 0;
 };
 std::map<XPWidgetID, ShownItem> gShownItems;
 
@@ -46,6 +51,7 @@ void UpdateCurrentItem(XPWidgetID widget) {
   shown.index = index;
   shown.text = descriptor.substr(span.start, span.length);
   if (shown.text.starts_with('(')) shown.text.erase(0, 1);
+  shown.fittedWidth = -1;
   XPSetWidgetProperty(widget, kPopupItemStartProperty, static_cast<intptr_t>(span.start));
   XPSetWidgetProperty(widget, kPopupItemLengthProperty, static_cast<intptr_t>(span.length));
   XPSetWidgetProperty(widget, xpProperty_Enabled, 1);
@@ -66,13 +72,17 @@ void DrawArrow(int x, int centre) {
 void DrawButtonText(XPWidgetID widget, int left, int right, int centre, bool enabled) {
   auto shown = gShownItems.find(widget);
   if (shown == gShownItems.end()) return;
-  int charWidth = 8;
   int fontHeight = 12;
-  XPLMGetFontDimensions(xplmFont_Basic, &charWidth, &fontHeight, nullptr);
+  XPLMGetFontDimensions(xplmFont_Basic, nullptr, &fontHeight, nullptr);
+  ShownItem& item = shown->second;
+  const int textRoom = right - left - kArrowRoom - kTextIndent;
+  if (item.fittedWidth != textRoom) {
+    item.fittedLength = FittingLength(item.text, textRoom);
+    item.fittedWidth = textRoom;
+  }
   char text[256];
-  const int fits = std::max(0, (right - left - kArrowRoom) / std::max(1, charWidth));
-  const std::size_t length = std::min({shown->second.text.size(), static_cast<std::size_t>(fits), sizeof text - 1});
-  std::memcpy(text, shown->second.text.data(), length);
+  const std::size_t length = std::min(item.fittedLength, sizeof text - 1);
+  std::memcpy(text, item.text.data(), length);
   text[length] = '\0';
   const MenuColour colour = GetMenuColour(enabled ? kMenuText : kMenuTextDisabled);
   float rgb[3] = {colour.red, colour.green, colour.blue};
@@ -121,6 +131,8 @@ void OpenMenuFor(XPWidgetID widget) {
 }
 
 }  // namespace
+
+int PopupWidthFor(int textWidth) { return std::max(0, textWidth) + kArrowRoom + kTextIndent + kTextMargin; }
 
 std::string WidgetDescriptor(XPWidgetID widget) {
   const int length = XPGetWidgetDescriptor(widget, nullptr, 0);

@@ -23,6 +23,10 @@ inline constexpr XPWidgetMessage kPopupItemPickedMessage = 1800;
 XPWidgetID CreatePopupList(int left, int top, int right, int bottom, int visible, const char* items,
                            XPWidgetID container, int scrolling);
 
+// The width a pop-up needs to show a text of that many pixels whole, beside its arrow. A narrower
+// pop-up shows as much of the text as fits.
+int PopupWidthFor(int textWidth);
+
 // A widget's whole descriptor (for a pop-up: its item list).
 std::string WidgetDescriptor(XPWidgetID widget);
 

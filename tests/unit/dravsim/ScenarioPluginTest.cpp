@@ -135,6 +135,16 @@ TEST_F(ScenarioPluginTest, MenuItemThatDoesNotExistIsAnError) {
                                  "(the plug-in's items: [])\n"));
 }
 
+TEST_F(ScenarioPluginTest, RunCommandNeedsAKnownCommandAndAPhaseItKnows) {
+  const ScenarioResult result =
+      Run("boot\nrun-command no/such/command\nrun-command sim/engines/mixture_min sideways\n"
+          "clear\nrun-command sim/engines/mixture_min\nexpect events\nend\n");
+  EXPECT_EQ(result.errors, 2) << Output();
+  EXPECT_FALSE(Contains(Output(), "FAIL"));  // a pilot's command is not one of the plug-in's events
+  EXPECT_TRUE(Contains(Output(), "test.scn:2: ERROR run-command: the simulator knows no command \"no/such/command\""));
+  EXPECT_TRUE(Contains(Output(), "test.scn:3: ERROR"));
+}
+
 TEST_F(ScenarioPluginTest, SetUpCommandsReachTheSimulator) {
   const ScenarioResult result = Run(
       "xplane-version 11550\n"

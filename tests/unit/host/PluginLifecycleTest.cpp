@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include "host/CommandTables.h"
 #include "host/HostState.h"
@@ -15,6 +16,7 @@
 #include "host/Settings.h"
 #include "host/SimHost.h"
 #include "host/SplashWindow.h"
+#include "ui/AssignDialog.h"
 #include "modules/GearPanel.h"
 
 namespace drav {
@@ -90,6 +92,65 @@ TEST_F(PluginLifecycleTest, MenuHasAssignFunctionsUnderDrav) {
   const auto items = host().PluginMenuItems();
   EXPECT_NE(std::find(items.begin(), items.end(), "Drav/Assign Functions"), items.end());
   EXPECT_TRUE(host().PickMenuItem("Assign Functions"));
+}
+
+TEST_F(PluginLifecycleTest, TheDravMenuOffersTheDialogReloadAndRescanInThatOrder) {
+  ASSERT_EQ(host().Start(), 1);
+  started_ = true;
+  const std::vector<std::string> expected = {"Plugins/Drav", "Drav/Assign Functions", "Drav/Close Assign Functions",
+                                             "Drav/Reload DRAV.INI", "Drav/Rescan Panels"};
+  EXPECT_EQ(host().PluginMenuItems(), expected);
+  // Picked before the plug-in is enabled, none of them may fail.
+  for (const char* item : {"Rescan Panels", "Reload DRAV.INI", "Close Assign Functions"}) {
+    EXPECT_TRUE(host().PickMenuItem(item));
+  }
+}
+
+TEST_F(PluginLifecycleTest, ReloadReadsTheSettingsAndDebugSwitchesAgain) {
+  WriteIni("[CONFIG]\r\nElevatorTrimIncrement=0.02\r\n");
+  Boot();
+  WriteIni("[DEBUG]\r\nDebugDeviceInfo=1\r\n[CONFIG]\r\nElevatorTrimIncrement=0.5\r\nGRP48ReverseFix=1\r\n");
+  ASSERT_TRUE(host().RunCommandForPilot("merrow/drav/reload_ini", xplm_CommandBegin));
+  EXPECT_FLOAT_EQ(gSettings.ElevatorTrimIncrement, 0.5f);
+  EXPECT_EQ(gSettings.GRP48ReverseFix, 1);
+  EXPECT_EQ(gDebug.DebugDeviceInfo, 1);
+  // A key removed from the file falls back to its default.
+  WriteIni("");
+  EXPECT_TRUE(host().PickMenuItem("Reload DRAV.INI"));
+  EXPECT_FLOAT_EQ(gSettings.ElevatorTrimIncrement, 0.005f);
+  EXPECT_EQ(gDebug.DebugDeviceInfo, 0);
+}
+
+// X-Plane expects a plug-in's handlers gone when it is disabled or stopped; the commands stay known.
+TEST_F(PluginLifecycleTest, CommandHandlersLiveFromEnableToDisableOrStop) {
+  ASSERT_EQ(host().Start(), 1);
+  started_ = true;
+  EXPECT_FALSE(host().RunCommandForPilot("merrow/drav/assign_dialog_toggle", xplm_CommandBegin));
+  ASSERT_EQ(host().Enable(), 1);
+  ASSERT_TRUE(host().RunCommandForPilot("merrow/drav/assign_dialog_toggle", xplm_CommandBegin));
+  EXPECT_TRUE(IsAssignDialogOpen());
+  host().RunCommandForPilot("merrow/drav/assign_dialog_toggle", xplm_CommandEnd);
+  host().Disable();
+  CloseAssignDialog();
+  EXPECT_TRUE(host().RunCommandForPilot("merrow/drav/assign_dialog_toggle", xplm_CommandBegin));
+  EXPECT_FALSE(IsAssignDialogOpen());
+  host().RunCommandForPilot("merrow/drav/assign_dialog_toggle", xplm_CommandEnd);
+  // Stopped while enabled (X-Plane quitting), the handlers go with the disable that comes first.
+  ASSERT_EQ(host().Enable(), 1);
+  host().Stop();
+  started_ = false;
+  host().RunCommandForPilot("merrow/drav/assign_dialog_open", xplm_CommandBegin);
+  EXPECT_FALSE(IsAssignDialogOpen());
+  host().RunCommandForPilot("merrow/drav/assign_dialog_open", xplm_CommandEnd);
+}
+
+TEST_F(PluginLifecycleTest, WithoutTheSystemSymbolsThereAreNoCommandsButTheMenuWorks) {
+  host().SetSystemSymbolsAvailable(false);
+  Boot();
+  EXPECT_FALSE(host().RunCommandForPilot("merrow/drav/reload_ini", xplm_CommandBegin));
+  WriteIni("[CONFIG]\r\nRMK166EncoderType=2\r\n");
+  EXPECT_TRUE(host().PickMenuItem("Reload DRAV.INI"));
+  EXPECT_EQ(gSettings.RMK166EncoderType, 2);
 }
 
 TEST_F(PluginLifecycleTest, FlightLoopsRunWhileEnabledAndTheAnnouncementOnlyOnce) {

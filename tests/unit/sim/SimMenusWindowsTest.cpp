@@ -219,17 +219,24 @@ TEST_F(SimWindows, KeyboardFocusMovesAndTheLoserIsTold) {
   EXPECT_EQ(XPLMHasKeyboardFocus(nullptr), 0);
 }
 
-TEST_F(SimWindows, FontsMeasureAsAnEightByTwelveCell) {
+// The nominal cell is the classic 8 x 12; measured texts are proportional, as in X-Plane 12: narrow
+// lower case and wide capitals, digits all alike.
+TEST_F(SimWindows, FontsHaveANominalCellAndMeasureProportionally) {
   int width = 0, height = 0, digitsOnly = -1;
   XPLMGetFontDimensions(xplmFont_Basic, &width, &height, &digitsOnly);
   EXPECT_EQ(width, 8);
   EXPECT_EQ(height, 12);
   EXPECT_EQ(digitsOnly, 0);
   XPLMGetFontDimensions(xplmFont_Basic, nullptr, nullptr, nullptr);
-  EXPECT_EQ(XPLMMeasureString(xplmFont_Basic, "Assign", 6), 48.0f);
-  EXPECT_EQ(XPLMMeasureString(xplmFont_Basic, "Assign", 3), 24.0f);
-  EXPECT_EQ(XPLMMeasureString(xplmFont_Basic, "ab", 10), 16.0f);  // stops at the end of the text
+  EXPECT_LT(XPLMMeasureString(xplmFont_Basic, "illicit", 7), 7 * 8.0f);
+  EXPECT_GT(XPLMMeasureString(xplmFont_Proportional, "WATER_RUDDER", 12), 12 * 8.0f);
+  EXPECT_FLOAT_EQ(XPLMMeasureString(xplmFont_Basic, "1200", 4), XPLMMeasureString(xplmFont_Basic, "8888", 4));
+  EXPECT_FLOAT_EQ(XPLMMeasureString(xplmFont_Basic, "Assign", 3), XPLMMeasureString(xplmFont_Basic, "Ass", 3));
+  // Stops at the end of the text; bytes outside ASCII still take room.
+  EXPECT_FLOAT_EQ(XPLMMeasureString(xplmFont_Basic, "ab", 10), XPLMMeasureString(xplmFont_Basic, "ab", 2));
+  EXPECT_GT(XPLMMeasureString(xplmFont_Basic, "\xc3\xa9", 2), 0.0f);
   EXPECT_EQ(XPLMMeasureString(xplmFont_Basic, nullptr, 4), 0.0f);
+  EXPECT_EQ(XPLMMeasureString(xplmFont_Basic, "Assign", 0), 0.0f);
 }
 
 // ---- scenery -----------------------------------------------------------------------------------

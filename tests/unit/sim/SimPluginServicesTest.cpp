@@ -105,6 +105,24 @@ TEST_F(SimCommands, HandlersSeeBeginContinueAndEnd) {
   EXPECT_EQ(gPhases.size(), 6u);
 }
 
+// A key bound to a command: the handlers see the same phases, but nothing is recorded, since the
+// events record the plug-in's own calls.
+TEST_F(SimCommands, APilotsKeyRunsTheHandlersWithoutAnEvent) {
+  XPLMCommandRef command = XPLMCreateCommand("test/drav/key", "A bound key");
+  int id = 0;
+  XPLMRegisterCommandHandler(command, RecordPhase, 1, &id);
+  EXPECT_TRUE(host().RunCommandForPilot("test/drav/key", xplm_CommandBegin));
+  host().RunFrames(1);
+  EXPECT_TRUE(host().RunCommandForPilot("test/drav/key", xplm_CommandEnd));
+  EXPECT_TRUE(host().RunCommandForPilot("test/drav/key", xplm_CommandEnd));  // no press: no handler
+  EXPECT_EQ(gPhases, (std::vector<int>{xplm_CommandBegin, xplm_CommandContinue, xplm_CommandEnd}));
+  EXPECT_TRUE(host().Events().empty());
+  EXPECT_FALSE(host().RunCommandForPilot("test/drav/unknown", xplm_CommandBegin));
+  host().SetCommandKnown("test/drav/key", false);
+  EXPECT_FALSE(host().RunCommandForPilot("test/drav/key", xplm_CommandBegin));
+  EXPECT_EQ(gPhases.size(), 3u);
+}
+
 TEST_F(SimCommands, ABeforeHandlerReturningZeroStopsTheHandlersAfter) {
   XPLMCommandRef command = XPLMFindCommand("sim/engines/mixture_max");
   int before = 1, after = 2;

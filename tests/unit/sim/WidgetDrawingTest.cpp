@@ -204,13 +204,12 @@ TEST_F(WidgetDrawingTest, ElementAndWindowSizesComeFromTheInterfaceTexture) {
   EXPECT_EQ(height, 0);
 }
 
-TEST_F(WidgetDrawingTest, FontsAreAFixedEightByTwelveCell) {
+TEST_F(WidgetDrawingTest, FontsHaveAnEightByTwelveNominalCell) {
   int width = 0, height = 0, digits = -1;
   XPLMGetFontDimensions(xplmFont_Basic, &width, &height, &digits);
   EXPECT_EQ(width, 8);
   EXPECT_EQ(height, 12);
   EXPECT_EQ(digits, 0);
-  EXPECT_FLOAT_EQ(XPLMMeasureString(xplmFont_Basic, "GF-46 Unit 1", 5), 40);
 }
 
 }  // namespace

@@ -39,6 +39,17 @@ TEST(PickMenuItems, ParenthesisDisablesAndSeparatorIsARule) {
 
 // ---- columns -------------------------------------------------------------------------------------
 
+// A measured text wider than its nominal cells (capitals in a proportional font) widens the column;
+// a narrower one never shrinks it below the nominal width.
+TEST(PickMenuColumns, AMeasuredTextWiderThanItsCellsWidensTheColumn) {
+  std::vector<PickMenuItem> items = ParsePickMenuItems("WATER_RUDDER;illicit;");
+  items[0].width = 110;
+  items[1].width = 20;
+  EXPECT_EQ(LayoutPickMenu(items, kScreen).columnWidth, 110 + 2 * kMenuTextInset);
+  items[0].width = 50;
+  EXPECT_EQ(LayoutPickMenu(items, kScreen).columnWidth, 12 * 8 + 2 * kMenuTextInset);
+}
+
 TEST(PickMenuColumns, AShortListIsOneColumnAsWideAsItsLongestText) {
   std::vector<PickMenuItem> items = ParsePickMenuItems("A;LONGEST_NAME;B;");
   PickMenuLayout layout = LayoutPickMenu(items, kScreen);
