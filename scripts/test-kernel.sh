@@ -5,6 +5,10 @@
 # `dravsim --hid uhid` over them there and hands its closing line and exit status back through the
 # serial console. Arguments: scenario files or folders (default tests/scenarios).
 #
+# Then the udev rule (dist/70-drav-panels.rules) is proven there with Debian's systemd-udevd: an
+# unprivileged user may open a panel's node and not another vendor's, and the plug-in, run as that
+# user, opens a panel that arrives after its start (tests/kernel/udev_*.scn).
+#
 # KERNEL_PACKAGE names another kernel package (default: the one linux-image-amd64 depends on);
 # KERNEL_TIMEOUT bounds the boot and run in seconds (default 280).
 set -euo pipefail
@@ -31,6 +35,13 @@ fi
 vmlinuz=$(ls "$kernel_root"/boot/vmlinuz-*)
 moddir=$(ls -d "$kernel_root"/lib/modules/*)
 
+# udev, unpacked from its packages (its daemon is udevadm under another name).
+udev_root="$work/udev"
+if [ ! -x "$udev_root/bin/udevadm" ]; then
+  (cd "$work" && rm -f udev_*.deb && apt-get download udev >/dev/null 2>&1)
+  dpkg-deb -x "$work"/udev_*.deb "$udev_root"
+fi
+
 # ---- the initramfs ------------------------------------------------------------------------------
 image="$work/image"
 rm -rf "$image"
@@ -50,13 +61,22 @@ add_module() {
 }
 for m in hid uhid hid-generic; do add_module "$m"; done
 
-# dravsim and the shared libraries it loads, at the same paths.
-mkdir -p "$image/drav"
+# dravsim, udevadm and the shared libraries they load, at the same paths.
+mkdir -p "$image/drav" "$image/lib/systemd" "$image/etc/udev/rules.d" "$image/home/pilot"
 cp build/default/dravsim "$image/bin/dravsim"
-for lib in $(ldd build/default/dravsim | grep -o '/[^ ]*'); do
-  mkdir -p "$image$(dirname "$lib")"
-  cp -L "$lib" "$image$lib"
+cp "$udev_root/bin/udevadm" "$image/bin/udevadm"
+ln -s /bin/udevadm "$image/lib/systemd/systemd-udevd"
+cp dist/70-drav-panels.rules "$image/etc/udev/rules.d/"
+printf 'root:x:0:0::/root:/bin/sh\npilot:x:1000:1000::/home/pilot:/bin/sh\n' >"$image/etc/passwd"
+printf 'root:x:0:\nplugdev:x:46:pilot\npilot:x:1000:\n' >"$image/etc/group"
+for binary in build/default/dravsim "$udev_root/bin/udevadm"; do
+  for lib in $(ldd "$binary" | grep -o '/[^ ]*'); do
+    mkdir -p "$image$(dirname "$lib")"
+    cp -L "$lib" "$image$lib"
+  done
 done
+mkdir -p "$image/drav/tests/kernel"
+cp tests/kernel/*.scn "$image/drav/tests/kernel/"
 
 # The scenarios, at their paths relative to the checkout so that messages name them alike.
 [ $# -gt 0 ] || set -- tests/scenarios
@@ -84,7 +104,31 @@ marker="DRAV-KERNEL-STATUS"
   echo "dravsim --quiet --hid uhid ${scenarios[*]} > /tmp/out.txt 2>&1"
   echo 'status=$?'
   echo 'cat /tmp/out.txt'
-  echo "echo \"$marker \$status \$(tail -n1 /tmp/out.txt)\""
+  echo 'result=$(tail -n1 /tmp/out.txt)'
+  cat <<'UDEV'
+/lib/systemd/systemd-udevd --daemon >/dev/null 2>&1
+udevadm settle
+chmod 666 /dev/uhid   # the test's own device maker, not what is proven
+# Root makes a panel and another vendor's device; the pilot tries to open each node.
+(echo 'plug GF-P8 as panel'; echo 'hid-device 0x046D 0xC077 as mouse'; sleep 4) |
+  dravsim --quiet --hid uhid --interactive >/dev/null 2>&1 &
+sleep 2
+udevadm settle
+for dev in /sys/class/hidraw/*; do
+  node=/dev/${dev##*/}
+  owner=$(basename "$(readlink "$dev/device")")
+  if su -s /bin/sh pilot -c "test -r $node -a -w $node"; then verdict=open; else verdict=denied; fi
+  echo "udev: $owner $verdict by the pilot ($(ls -l "$node" | awk '{print $1, $3, $4}'))"
+  case "$owner:$verdict" in
+    *:09F3:*:open|*:046D:*:denied) ;;
+    *) status=1 ;;
+  esac
+done
+wait
+su -s /bin/sh pilot -c 'dravsim --quiet --hid uhid tests/kernel/udev_*.scn' >/tmp/udev.txt 2>&1 || status=1
+sed 's/^/udev run: /' /tmp/udev.txt
+UDEV
+  echo "echo \"$marker \$status \$result\""
   echo 'poweroff -f'
 } > "$image/init"
 chmod +x "$image/init"

@@ -176,17 +176,24 @@ class UhidUnit {
     featureAnswers_[reportId] = WholeFeatureReport(reportId, std::move(bytes));
   }
 
-  void SetFault(drav::VirtualFault fault, bool on) {
+  // Returns how many held set-report requests the kernel gave up on before the block was lifted.
+  std::size_t SetFault(drav::VirtualFault fault, bool on) {
     std::vector<std::uint32_t> released;
+    std::size_t expired = 0;
     {
       std::lock_guard lock(mutex_);
       faults_[fault] = on;
       if (fault == drav::VirtualFault::Block && !on) {
-        for (const auto& [id, report] : held_) released.push_back(id);
+        const auto now = std::chrono::steady_clock::now();
+        for (const auto& [id, report] : held_) {
+          released.push_back(id);
+          if (now - report.since >= kKernelReportTimeout) ++expired;
+        }
       }
     }
     for (const std::uint32_t id : released) ReplySetReport(id, 0);
     if (fault == drav::VirtualFault::Open && !node_.empty()) chmod(node_.c_str(), on ? 0 : 0600);
+    return expired;
   }
 
   std::size_t BlockedWrites() const {
@@ -359,6 +366,9 @@ constexpr std::string_view kCannotRead =
     "uhid cannot make a hidraw read fail (only the device's removal does)";
 constexpr std::string_view kCannotFailOutput =
     "uhid cannot make an output report fail (the kernel queues UHID_OUTPUT without waiting for an answer)";
+constexpr std::string_view kStallOutlasted =
+    "the stall outlasted the kernel's 5 s set-report timeout, which the scenario's timing assumes it "
+    "does not (a slow virtual machine)";
 constexpr std::string_view kCannotDenyRoot = "a node the user may not open cannot be faked for root";
 
 class UhidPanelHardware : public PanelHardware {
@@ -413,7 +423,7 @@ class UhidPanelHardware : public PanelHardware {
     if (on && fault == drav::VirtualFault::Read) return std::string(kCannotRead);
     if (on && fault == drav::VirtualFault::Write) return std::string(kCannotFailOutput);
     if (on && fault == drav::VirtualFault::Open && geteuid() == 0) return std::string(kCannotDenyRoot);
-    unit->SetFault(fault, on);
+    if (unit->SetFault(fault, on) > 0) return std::string(kStallOutlasted);
     return {};
   }
 
