@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds and runs every test: the normal build, then AddressSanitizer + UndefinedBehaviorSanitizer,
-# then ThreadSanitizer, then the extra stages (Windows cross build under Wine, fuzzing) when their
+# then ThreadSanitizer, then the extra stages (Windows cross build under Wine, fuzzing, the scenarios
+# against Linux's HID core in a virtual machine) when their
 # scripts exist. Pass preset names to run only those (for example: scripts/test.sh default).
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -18,7 +19,7 @@ for preset in "${presets[@]}"; do
   ctest --preset "$preset"
 done
 if [ "$run_stages" -eq 1 ]; then
-  for stage in scripts/test-windows.sh scripts/test-fuzz.sh; do
+  for stage in scripts/test-windows.sh scripts/test-fuzz.sh scripts/test-kernel.sh; do
     if [ -x "$stage" ]; then
       echo "=== $(basename "$stage" .sh) ==="
       "./$stage"

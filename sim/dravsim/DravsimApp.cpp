@@ -11,8 +11,9 @@
 namespace dravsim {
 
 const char* const kDravsimUsage =
-    "usage: dravsim [--quiet] [--root DIR] FILE...\n"
-    "           run scenario files, each in a fresh simulator\n"
+    "usage: dravsim [--quiet] [--root DIR] [--hid virtual|uhid] FILE...\n"
+    "           run scenario files, each in a fresh simulator; with uhid (Linux, /dev/uhid) the\n"
+    "           panels are kernel HID devices and the plug-in reaches them through hidraw\n"
     "       dravsim [--quiet] [--root DIR]\n"
     "           run the built-in demo scenario\n"
     "       dravsim [--quiet] [--root DIR] --interactive\n"
@@ -36,7 +37,7 @@ class Session {
  public:
   Session(const DravsimOptions& options, const DravsimIo& io,
           const sim::PluginEntryPoints& plugin)
-      : options_(options), io_(io), runner_(io.out, RunnerOptions{options.quiet, plugin, io.colour}) {}
+      : options_(options), io_(io), runner_(io.out, RunnerOptions{options.quiet, plugin, io.colour, options.uhid}) {}
 
   template <typename Source>
   void RunInFreshSimulator(std::string_view name, Source& source) {
@@ -82,6 +83,12 @@ std::optional<DravsimOptions> ParseCommandLine(std::span<const std::string_view>
         return std::nullopt;
       }
       options.root = std::filesystem::path(args[++i]);
+    } else if (arg == "--hid") {
+      if (i + 1 == args.size() || (args[i + 1] != "virtual" && args[i + 1] != "uhid")) {
+        error = "--hid needs virtual or uhid";
+        return std::nullopt;
+      }
+      options.uhid = args[++i] == "uhid";
     } else if (arg.size() > 1 && arg.front() == '-') {
       error = "unknown option " + std::string(arg);
       return std::nullopt;
@@ -133,8 +140,9 @@ int RunDravsim(const DravsimOptions& options, const DravsimIo& io,
 }
 
 std::string ClosingLine(const ScenarioResult& result) {
-  return std::to_string(result.passed) + " passed, " + std::to_string(result.Failures()) +
-         " failed";
+  std::string line = std::to_string(result.passed) + " passed, " + std::to_string(result.Failures()) + " failed";
+  if (result.skipped > 0) line += ", " + std::to_string(result.skipped) + " skipped";
+  return line;
 }
 
 }  // namespace dravsim

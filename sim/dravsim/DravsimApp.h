@@ -20,6 +20,7 @@ struct DravsimOptions {
   bool quiet = false;
   bool interactive = false;
   bool help = false;
+  bool uhid = false;  // `--hid uhid`: the panels are uhid devices
   std::optional<std::filesystem::path> root;  // the X-Plane folder, instead of a temporary one
   std::vector<std::string> files;             // none: the built-in demo
 };

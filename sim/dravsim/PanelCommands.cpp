@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdio>
 #include <thread>
+#include <utility>
 
 #include "dravsim/CommandArgs.h"
 #include "dravsim/CommandHandlers.h"
@@ -11,6 +12,7 @@
 #include "dravsim/PanelRenderer.h"
 #include "dravsim/ScenarioNumbers.h"
 #include "hid/DeviceLayerControl.h"
+#include "hid/GFDev.h"
 
 namespace dravsim {
 namespace {
@@ -18,6 +20,10 @@ namespace {
 // Generous: a loaded machine under a sanitizer may take long, but a scenario must never hang.
 constexpr std::chrono::milliseconds kSettleTimeout{10'000};
 constexpr std::chrono::milliseconds kFailingWritesWait{250};
+// How long a panel's arrival or removal may take to reach the layer where notices lag; a device the
+// layer does not take is given the short wait, since nothing tells when the layer has passed it over.
+constexpr std::chrono::milliseconds kLaggingNoticeWait{3'000};
+constexpr std::chrono::milliseconds kPassedOverNoticeWait{300};
 constexpr std::uint16_t kPanelReportLength = 8;  // output and feature reports of every model
 // ... except the radios' sixteen-segment display 1, a 9-byte feature report: a unit that declared 8
 // would refuse it, as a real device refuses a report longer than its feature length.
@@ -82,18 +88,37 @@ bool ArgCount(ScenarioContext& ctx, const Invocation& call, std::size_t low, std
 
 // The layer handles hot-plug notices on the main thread between frames; dravsim stands in for
 // the simulator's message pump and lets it handle them before the next line.
-void LetLayerSeeDeviceChanges(ScenarioContext& ctx, const Invocation& call) {
-  drav::GFDev_ProcessDeviceChanges();
-  WaitForPanelOutput(ctx, call);
+// The unit's slot in the device layer's table, when the layer holds it.
+std::optional<std::int32_t> LayerSlot(const ScenarioContext& ctx, const PanelUnit& unit) {
+  if (unit.model == nullptr) return std::nullopt;
+  std::int32_t slot = -1;
+  const std::string path = ctx.hid->LayerPath(unit.path);
+  if (path.empty() || drav::GFDev_FindUnitByPath(unit.model->moduleType, path.c_str(), &slot) != 0) return std::nullopt;
+  return slot;
 }
 
-// The unit's slot in the device layer's table, when the layer holds it.
-std::optional<std::int32_t> LayerSlot(const PanelUnit& unit) {
-  if (unit.model == nullptr) return std::nullopt;
-  for (std::int32_t slot = 0; slot < unit.model->slots; ++slot) {
-    if (drav::GFDev_UnitPath(unit.model->moduleType, slot) == unit.path) return slot;
+// Where notices lag behind the command (a watcher thread sees the node come and go), the layer is
+// asked again until the unit's presence there is what the command made it, or the notice wait
+// passes (a device the layer does not take, or a layer that is not running, never gets there).
+void AwaitLaggingNotices(ScenarioContext& ctx, const PanelUnit* unit, bool present) {
+  const bool family = unit != nullptr && unit->model != nullptr;
+  const auto deadline = std::chrono::steady_clock::now() + (family ? kLaggingNoticeWait : kPassedOverNoticeWait);
+  for (;;) {
+    drav::GFDev_ProcessDeviceChanges();
+    const bool settled = family && drav::GFDev_UnitPresentAt(unit->model->moduleType, ctx.hid->LayerPath(unit->path)) == present;
+    if (settled || std::chrono::steady_clock::now() >= deadline) return;
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
   }
-  return std::nullopt;
+}
+
+void LetLayerSeeDeviceChanges(ScenarioContext& ctx, const Invocation& call, const PanelUnit* unit = nullptr,
+                              bool present = true) {
+  if (ctx.hid->NoticesLag() && ctx.plugin.enabled) {
+    AwaitLaggingNotices(ctx, unit, present);
+  } else {
+    drav::GFDev_ProcessDeviceChanges();
+  }
+  WaitForPanelOutput(ctx, call);
 }
 
 template <typename Condition>
@@ -114,7 +139,7 @@ void SendInputReport(ScenarioContext& ctx, const Invocation& call, const PanelUn
                                 unit.name + " reads " + std::to_string(unit.inputLength));
     return;
   }
-  const auto slot = LayerSlot(unit);
+  const auto slot = LayerSlot(ctx, unit);
   if (!slot) {
     CommandError(ctx, call, unit.name + " is not open in the device layer");
     return;
@@ -215,10 +240,33 @@ std::string_view WithoutTrailingBlanks(std::string_view text) {
   return text;
 }
 
+// `at UNIT`: the newcomer gets the path an unplugged unit had, as the kernel gives a freed node to
+// the next device; that unit is known by a fresh path from now on.
+bool TakePathOf(ScenarioContext& ctx, const Invocation& call, PanelUnit& unit, const std::string& previous) {
+  PanelUnit* owner = ctx.panels.Find(previous);
+  if (owner == nullptr) {
+    CommandError(ctx, call, "no unit named " + Quoted(previous));
+    return false;
+  }
+  std::string freshPath = owner->path + "#" + owner->name + std::to_string(++owner->renumberings);
+  for (char& c : freshPath) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  if (!ctx.hid->Renumber(owner->path, freshPath)) {
+    CommandError(ctx, call, owner->name + " still holds its path");
+    return false;
+  }
+  unit.path = std::exchange(owner->path, freshPath);
+  return true;
+}
+
 bool PlugUnit(ScenarioContext& ctx, const Invocation& call, PanelUnit unit,
-              const drav::VirtualUnitSpec& spec) {
+              const drav::VirtualUnitSpec& spec, const std::string& takeFrom) {
   if (ctx.panels.Find(unit.name) != nullptr) {
     CommandError(ctx, call, "a unit named " + Quoted(unit.name) + " is already plugged");
+    return false;
+  }
+  if (!takeFrom.empty() && !TakePathOf(ctx, call, unit, takeFrom)) return false;
+  if (const std::string reason = ctx.hid->Unsupported(spec); !reason.empty()) {
+    ctx.Skip(reason);
     return false;
   }
   if (!ctx.hid->Plug(unit.path, spec)) {
@@ -226,13 +274,14 @@ bool PlugUnit(ScenarioContext& ctx, const Invocation& call, PanelUnit unit,
     return false;
   }
   ctx.Note(unit.path);
-  ctx.panels.Add(std::move(unit));
-  LetLayerSeeDeviceChanges(ctx, call);
+  const PanelUnit& added = ctx.panels.Add(std::move(unit));
+  LetLayerSeeDeviceChanges(ctx, call, &added);
   return true;
 }
 
-bool ParsePlugOptions(ScenarioContext& ctx, const Invocation& call, drav::VirtualUnitSpec& spec) {
-  for (std::size_t i = 3; i < call.args.size(); i += 2) {
+bool ParsePlugOptions(ScenarioContext& ctx, const Invocation& call, std::size_t first, drav::VirtualUnitSpec& spec,
+                      std::string& takeFrom) {
+  for (std::size_t i = first; i < call.args.size(); i += 2) {
     if (i + 1 >= call.args.size()) {
       UsageError(ctx, call);
       return false;
@@ -243,6 +292,10 @@ bool ParsePlugOptions(ScenarioContext& ctx, const Invocation& call, drav::Virtua
       spec.version = static_cast<std::uint16_t>(*version);
     } else if (IsKeyword(call.args[i], "serial")) {
       spec.serial = call.args[i + 1].text;
+    } else if (IsKeyword(call.args[i], "port")) {
+      spec.location = call.args[i + 1].text;
+    } else if (IsKeyword(call.args[i], "at")) {
+      takeFrom = call.args[i + 1].text;
     } else {
       UsageError(ctx, call);
       return false;
@@ -273,7 +326,7 @@ namespace {
 // its queue then changes only when the plug-in queues more, on this thread.
 bool StalledUnitSettled(ScenarioContext& ctx, const PanelUnit& unit) {
   if (ctx.hid->BlockedWrites(unit.path) > 0) return true;
-  const auto slot = LayerSlot(unit);
+  const auto slot = LayerSlot(ctx, unit);
   return !slot || drav::GFDev_QueuedOutputReports(unit.model->moduleType, *slot) == 0;
 }
 
@@ -312,7 +365,8 @@ void PlugCommand(ScenarioContext& ctx, const Invocation& call) {
   drav::VirtualUnitSpec spec;
   spec.productId = model->productId;
   spec.capabilities = {layout->length, kPanelReportLength, FeatureLengthOf(*model)};
-  if (!ParsePlugOptions(ctx, call, spec)) return;
+  std::string takeFrom;
+  if (!ParsePlugOptions(ctx, call, 3, spec, takeFrom)) return;
 
   PanelUnit unit;
   unit.name = call.args[2].text;
@@ -320,11 +374,11 @@ void PlugCommand(ScenarioContext& ctx, const Invocation& call) {
   unit.model = model;
   unit.input.emplace(*layout);
   unit.inputLength = layout->length;
-  PlugUnit(ctx, call, std::move(unit), spec);
+  PlugUnit(ctx, call, std::move(unit), spec, takeFrom);
 }
 
 void HidDeviceCommand(ScenarioContext& ctx, const Invocation& call) {
-  if (call.args.size() != 4 || !IsKeyword(call.args[2], "as")) return UsageError(ctx, call);
+  if (call.args.size() < 4 || !IsKeyword(call.args[2], "as")) return UsageError(ctx, call);
   const auto vendor = IntegerArg(ctx, call, 0, 0, 0xFFFF);
   const auto product = vendor ? IntegerArg(ctx, call, 1, 0, 0xFFFF) : std::nullopt;
   if (!product) return;
@@ -332,12 +386,14 @@ void HidDeviceCommand(ScenarioContext& ctx, const Invocation& call) {
   spec.vendorId = static_cast<std::uint16_t>(*vendor);
   spec.productId = static_cast<std::uint16_t>(*product);
   spec.capabilities = {kForeignInputLength, kPanelReportLength, kPanelReportLength};
+  std::string takeFrom;
+  if (!ParsePlugOptions(ctx, call, 4, spec, takeFrom)) return;
 
   PanelUnit unit;
   unit.name = call.args[3].text;
   unit.path = VirtualUnitPath(spec.vendorId, spec.productId, unit.name);
   unit.inputLength = kForeignInputLength;
-  PlugUnit(ctx, call, std::move(unit), spec);
+  PlugUnit(ctx, call, std::move(unit), spec, takeFrom);
 }
 
 void UnplugCommand(ScenarioContext& ctx, const Invocation& call) {
@@ -345,15 +401,20 @@ void UnplugCommand(ScenarioContext& ctx, const Invocation& call) {
   const PanelUnit* unit = UnitArg(ctx, call, 0);
   if (unit == nullptr) return;
   if (!ctx.hid->Unplug(unit->path)) return CommandError(ctx, call, unit->name + " is not plugged");
-  LetLayerSeeDeviceChanges(ctx, call);
+  LetLayerSeeDeviceChanges(ctx, call, unit, false);
 }
 
 void ReplugCommand(ScenarioContext& ctx, const Invocation& call) {
-  if (!ArgCount(ctx, call, 1, 1)) return;
+  if (call.args.size() == 2 || (call.args.size() == 3 && !IsKeyword(call.args[1], "port"))) {
+    return UsageError(ctx, call);
+  }
   const PanelUnit* unit = UnitArg(ctx, call, 0);
   if (unit == nullptr) return;
+  if (call.args.size() == 3 && !ctx.hid->SetLocation(unit->path, call.args[2].text)) {
+    return CommandError(ctx, call, unit->name + " is still plugged");
+  }
   if (!ctx.hid->Replug(unit->path)) return CommandError(ctx, call, unit->name + " is still plugged");
-  LetLayerSeeDeviceChanges(ctx, call);
+  LetLayerSeeDeviceChanges(ctx, call, unit);
 }
 
 void FeatureCommand(ScenarioContext& ctx, const Invocation& call) {
@@ -375,7 +436,9 @@ void FailCommand(ScenarioContext& ctx, const Invocation& call) {
   if (!fault) return UsageError(ctx, call);
   const auto on = OnOffArg(ctx, call, 2);
   if (!on) return;
-  ctx.hid->SetFault(unit->path, *fault, *on);
+  if (const std::string reason = ctx.hid->SetFault(unit->path, *fault, *on); !reason.empty()) {
+    return ctx.Skip(reason);
+  }
   if (*fault == drav::VirtualFault::Write) unit->writesFail = *on;
   if (*fault == drav::VirtualFault::Block) unit->writesBlock = *on;
   WaitForPanelOutput(ctx, call);  // reports held back by a failing write go out once it works
@@ -602,10 +665,10 @@ void ShowCommand(ScenarioContext& ctx, const Invocation& call) {
   if (call.args.size() == 1) {
     const PanelUnit* unit = UnitArg(ctx, call, 0);
     if (unit == nullptr) return;
-    text = RenderUnit(*unit, ViewOf(ctx, *unit), LayerSlot(*unit), ctx.options.colour);
+    text = RenderUnit(*unit, ViewOf(ctx, *unit), LayerSlot(ctx, *unit), ctx.options.colour);
   } else {
     for (const PanelUnit& unit : ctx.panels.Units()) {
-      text += RenderUnit(unit, ViewOf(ctx, unit), LayerSlot(unit), ctx.options.colour);
+      text += RenderUnit(unit, ViewOf(ctx, unit), LayerSlot(ctx, unit), ctx.options.colour);
     }
     if (text.empty()) text = "(no units plugged)\n";
   }

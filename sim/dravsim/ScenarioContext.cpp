@@ -9,15 +9,15 @@ ScenarioResult& ScenarioResult::operator+=(const ScenarioResult& other) {
   passed += other.passed;
   failed += other.failed;
   errors += other.errors;
+  skipped += other.skipped;
   return *this;
 }
 
 ScenarioContext::ScenarioContext(sim::SimHost& simHost, std::ostream& output, std::string name,
                                  const RunnerOptions& runnerOptions)
     : host(simHost), out(output), options(runnerOptions), name_(std::move(name)) {
-  auto backend = std::make_unique<drav::VirtualHidBackend>();
-  hid = backend.get();
-  drav::InstallHidBackend(std::move(backend));
+  hardware_ = options.uhid ? MakeUhidPanelHardware(hardwareError) : MakeVirtualPanelHardware();
+  hid = hardware_.get();
 }
 
 void ScenarioContext::BeginCommand(int line) {
@@ -58,6 +58,12 @@ void ScenarioContext::Note(std::string text) {
 void ScenarioContext::Echo(std::string_view text) {
   commandPrinted_ = true;
   if (!options.quiet) out << text << '\n';
+}
+
+void ScenarioContext::Skip(std::string_view reason) {
+  result_.skipped = 1;
+  commandPrinted_ = true;
+  out << name_ << ':' << line_ << ": SKIPPED " << reason << '\n';
 }
 
 void ScenarioContext::Trace(std::string_view text) {

@@ -2,12 +2,13 @@
 // the counts so far, and the plug-in's state as the scenario has driven it.
 #pragma once
 
+#include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
 
 #include "dravsim/PanelBoard.h"
-#include "hid/backend/VirtualHidBackend.h"
+#include "dravsim/PanelHardware.h"
 #include "host/SimHost.h"
 
 namespace dravsim {
@@ -16,6 +17,7 @@ struct ScenarioResult {
   int passed = 0;  // expect lines that held
   int failed = 0;  // expect lines that did not
   int errors = 0;  // commands that could not be run
+  int skipped = 0;  // scenarios left off because the panels cannot do what they ask
 
   int Failures() const { return failed + errors; }
   ScenarioResult& operator+=(const ScenarioResult& other);
@@ -25,6 +27,7 @@ struct RunnerOptions {
   bool quiet = false;  // print only failures and errors (and, in the caller, the closing line)
   sim::PluginEntryPoints plugin;  // all null: no plug-in, the plug-in commands are errors
   bool colour = false;  // `show` colours lights and digits with terminal escape codes
+  bool uhid = false;    // the panels are uhid devices and the plug-in uses the platform's backend
 };
 
 // The plug-in's lifecycle as the scenario drove it; the runner uses it to refuse calls that the
@@ -43,9 +46,11 @@ class ScenarioContext {
   std::ostream& out;
   const RunnerOptions& options;
   PluginState plugin;
-  // The scenario's own in-memory panels: a fresh backend, installed in the device layer when the
-  // context is made (before the plug-in can start), owned by the layer from then on.
-  drav::VirtualHidBackend* hid = nullptr;
+  // The scenario's own panels, made when the context is made (before the plug-in can start): a
+  // fresh virtual backend installed in the device layer, or uhid devices. Null when the uhid
+  // panels cannot be had (hardwareError says why).
+  PanelHardware* hid = nullptr;
+  std::string hardwareError;
   PanelBoard panels;
 
   const ScenarioResult& Result() const { return result_; }
@@ -63,8 +68,13 @@ class ScenarioContext {
   void Note(std::string text);      // added to the command's trace line
   void Echo(std::string_view text); // printed unless quiet; replaces the trace line
   void Trace(std::string_view text);  // a line outside any command, unless quiet
+  // The rest of the scenario is left off, with the reason printed: the panels cannot do what the
+  // current command asks of them.
+  void Skip(std::string_view reason);
+  bool Skipped() const { return result_.skipped != 0; }
 
  private:
+  std::unique_ptr<PanelHardware> hardware_;
   std::string name_;
   int line_ = 0;
   ScenarioResult result_;

@@ -40,9 +40,13 @@ ScenarioResult ScenarioRunner::Run(std::string_view text, std::string_view name)
 ScenarioResult ScenarioRunner::Run(LineSource& source, std::string_view name) {
   sim::SimHost& host = sim::SimHost::Current();
   ScenarioContext ctx(host, out_, std::string(name), options_);
+  if (ctx.hid == nullptr) {
+    ctx.Error("no panels: " + ctx.hardwareError);
+    return ctx.Result();
+  }
   host.LoadPlugin(options_.plugin);
   std::string line;
-  while (source.Next(line, LineKind::Command)) {
+  while (!ctx.Skipped() && source.Next(line, LineKind::Command)) {
     ctx.BeginCommand(source.LineNumber());
     RunLine(ctx, source, line);
   }

@@ -115,26 +115,71 @@ constexpr std::chrono::milliseconds kInputCallbackWait{1000};
 HidBackend* gBackend = nullptr;
 std::vector<HidDeviceChange> gChanges;
 
-// Opens the path once and reads its attributes: the model whose product id it reports, or null
-// (another vendor, an unknown product, a device that cannot be opened for reading and writing).
-const PanelModel* MatchModel(HidBackend& backend, const std::string& path) {
+// Who is at a path, read through one open: the model whose product id it reports (null for another
+// vendor or an unknown product), where it is attached and its serial. Nothing when it cannot be
+// opened for reading and writing.
+struct Arrival {
+  const PanelModel* model = nullptr;
+  DeviceObject::Identity identity;
+};
+
+std::optional<Arrival> ReadArrival(HidBackend& backend, const std::string& path) {
   std::unique_ptr<HidDeviceHandle> handle = backend.Open(path);
   HidAttributes attributes;
-  if (handle == nullptr || !handle->GetAttributes(&attributes)) return nullptr;
-  if (attributes.vendorId != kPanelVendorId) return nullptr;
-  return FindPanelModelByProductId(attributes.productId);
+  if (handle == nullptr || !handle->GetAttributes(&attributes)) return std::nullopt;
+  Arrival arrival;
+  if (attributes.vendorId == kPanelVendorId) arrival.model = FindPanelModelByProductId(attributes.productId);
+  arrival.identity = {handle->GetLocation(), handle->GetSerialNumber()};
+  return arrival;
+}
+
+bool SerialsAgree(const std::string& a, const std::string& b) { return a.empty() || b.empty() || a == b; }
+
+// The absent unit of the arrival's model that the arrival is: by location where the backend tells
+// one (a unit keeps its number by the port it sits in, whatever path the system gives it; the serial
+// decides between two units last seen at one port), else by path (paths that do not move).
+DeviceObject* ReturningUnit(const Arrival& arrival, const std::string& path) {
+  DeviceObject* byLocation = nullptr;
+  DeviceObject* byPath = nullptr;
+  TheDeviceTables().ForEach([&](DeviceObject& object) {
+    if (object.Present() || object.ModuleType() != arrival.model->moduleType) return;
+    const DeviceObject::Identity& known = object.Who();
+    if (!arrival.identity.location.empty()) {
+      if (known.location != arrival.identity.location) return;
+      if (byLocation == nullptr || known.serial == arrival.identity.serial) byLocation = &object;
+    } else if (DevicePathsEqual(object.Path(), path) && SerialsAgree(known.serial, arrival.identity.serial)) {
+      byPath = &object;
+    }
+  });
+  return byLocation != nullptr ? byLocation : byPath;
+}
+
+// The unit the layer holds as present at a path (a path may also be remembered by absent units).
+DeviceObject* PresentUnitAt(const std::string& path) {
+  DeviceObject* found = nullptr;
+  TheDeviceTables().ForEach([&](DeviceObject& object) {
+    if (found == nullptr && object.Present() && DevicePathsEqual(object.Path(), path)) found = &object;
+  });
+  return found;
+}
+
+void TakeAway(DeviceObject& object) {
+  object.Stop();
+  object.SetPresent(false);
 }
 
 // A newcomer takes the first empty slot of its model's table; a full table takes nothing. The slot
 // is looked for before the object is made, which leaves the tables exactly as making the object and
 // destroying it again would, without opening the unit for nothing.
-void AddUnit(HidBackend& backend, const PanelModel& model, const std::string& path) {
+void AddUnit(HidBackend& backend, const PanelModel& model, const std::string& path,
+             DeviceObject::Identity identity) {
   const DeviceClass* deviceClass = FindDeviceClass(model.moduleType);
   DeviceTables& tables = TheDeviceTables();
   const std::int32_t slot = tables.FirstEmptySlot(model.moduleType);
   if (deviceClass == nullptr || slot < 0) return;
 
   auto object = std::make_unique<DeviceObject>(*deviceClass, backend, path);
+  object->SetWho(std::move(identity));
   if (!deviceClass->openedAfterEntry) object->Open();
   DeviceObject* placed = tables.Place(model.moduleType, slot, std::move(object));
   placed->SetUnit(slot);
@@ -144,27 +189,51 @@ void AddUnit(HidBackend& backend, const PanelModel& model, const std::string& pa
 
 void DiscoverUnit(HidBackend& backend, const std::string& path) {
   if (!NormaliseDevicePath(path)) return;
-  if (const PanelModel* model = MatchModel(backend, path)) AddUnit(backend, *model, path);
+  std::optional<Arrival> arrival = ReadArrival(backend, path);
+  if (arrival && arrival->model != nullptr) AddUnit(backend, *arrival->model, path, std::move(arrival->identity));
 }
 
-// A path the tables know is the same unit coming back: it restarts in its old slot.
+// An arrival is told apart by who arrived, not by the path: the system hands a freed path to the
+// next device (a mouse may take a panel's old node), and a unit may come back at another one. A
+// unit of the family that the layer knew restarts in its old slot; anything else found at the path
+// of a unit still held as present means that unit left.
 void HandleArrival(HidBackend& backend, const std::string& path) {
   if (!NormaliseDevicePath(path)) return;
-  if (std::optional<DeviceTables::Location> known = TheDeviceTables().FindByPath(path)) {
-    known->object->Start();
-    known->object->SetPresent(true);
+  std::optional<Arrival> arrival = ReadArrival(backend, path);
+  DeviceObject* stale = PresentUnitAt(path);
+  if (!arrival) {
+    // Nobody to ask (the device cannot be opened now): a unit known here is restarted as before.
+    if (std::optional<DeviceTables::Location> known = TheDeviceTables().FindByPath(path)) {
+      known->object->Start();
+      known->object->SetPresent(true);
+    }
     return;
   }
-  DiscoverUnit(backend, path);
+  if (stale != nullptr) {
+    const bool same = arrival->model != nullptr && stale->ModuleType() == arrival->model->moduleType &&
+                      SerialsAgree(stale->Who().serial, arrival->identity.serial);
+    TakeAway(*stale);
+    if (same) {
+      stale->Start();
+      stale->SetPresent(true);
+      return;
+    }
+  }
+  if (arrival->model == nullptr) return;
+  if (DeviceObject* returning = ReturningUnit(*arrival, path)) {
+    returning->MoveTo(path);
+    returning->SetWho(std::move(arrival->identity));
+    returning->Start();
+    returning->SetPresent(true);
+    return;
+  }
+  AddUnit(backend, *arrival->model, path, std::move(arrival->identity));
 }
 
 // The unit stays in its slot, stopped and absent, ready for its return.
 void HandleRemoval(const std::string& path) {
   if (!NormaliseDevicePath(path)) return;
-  if (std::optional<DeviceTables::Location> known = TheDeviceTables().FindByPath(path)) {
-    known->object->Stop();
-    known->object->SetPresent(false);
-  }
+  if (DeviceObject* present = PresentUnitAt(path)) TakeAway(*present);
 }
 
 // The common checks of the device-information queries: 0 with nothing to do for a model without a
@@ -279,6 +348,11 @@ std::int32_t GFDev_PresentUnitCount(std::uint32_t moduleType) { return TheDevice
 std::string GFDev_UnitPath(std::uint32_t moduleType, std::int32_t unit) {
   const DeviceObject* object = TheDeviceTables().At(moduleType, unit);
   return object == nullptr ? std::string() : object->Path();
+}
+
+bool GFDev_UnitPresentAt(std::uint32_t moduleType, const std::string& path) {
+  const DeviceObject* object = PresentUnitAt(path);
+  return object != nullptr && object->ModuleType() == moduleType;
 }
 
 std::uint64_t GFDev_InputReportsHandled(std::uint32_t moduleType, std::int32_t unit) {

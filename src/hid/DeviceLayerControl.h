@@ -20,6 +20,8 @@ void GFDev_ProcessDeviceChanges();
 std::int32_t GFDev_PresentUnitCount(std::uint32_t moduleType);
 // The upper-cased device path held in a slot; empty when the slot is empty or out of range.
 std::string GFDev_UnitPath(std::uint32_t moduleType, std::int32_t unit);
+// Whether a unit of the model is held at that path (any case) and present.
+bool GFDev_UnitPresentAt(std::uint32_t moduleType, const std::string& path);
 // Input reports the unit's read thread has finished with (decoded and delivered, or dropped) since
 // the unit's object was created; 0 for an empty slot.
 std::uint64_t GFDev_InputReportsHandled(std::uint32_t moduleType, std::int32_t unit);

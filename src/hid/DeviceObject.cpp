@@ -39,6 +39,13 @@ bool SendPaddedOutput(HidDeviceHandle* handle, QueuedReport report) {
   return report.length != 0 && SendAsOutput(handle, report);
 }
 
+// The path as it is reported and compared: upper-cased, and never longer than a path may be.
+std::string StoredPath(std::string_view path) {
+  std::string upper(path.substr(0, kMaxDevicePathLength));
+  for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return upper;
+}
+
 }  // namespace
 
 std::optional<std::string> NormaliseDevicePath(std::string_view path) {
@@ -52,10 +59,15 @@ DeviceObject::DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, 
     : class_(deviceClass),
       backend_(backend),
       openPath_(path),
-      path_(NormaliseDevicePath(path).value_or(std::string(path.substr(0, kMaxDevicePathLength)))),
+      path_(StoredPath(path)),
       queue_(deviceClass.queueCapacity) {}
 
 DeviceObject::~DeviceObject() { Close(); }
+
+void DeviceObject::MoveTo(std::string_view path) {
+  openPath_ = std::string(path);
+  path_ = StoredPath(path);
+}
 
 // ---- lifecycle ------------------------------------------------------------------------------------
 

@@ -63,7 +63,17 @@ class DeviceObject {
   const DeviceClass& Class() const { return class_; }
   std::uint32_t ModuleType() const { return class_.moduleType; }
   const std::string& Path() const { return path_; }
+  // The unit came back at another path (the system renumbered it): main thread, while stopped.
+  void MoveTo(std::string_view path);
   const std::string& SerialNumber() const { return serial_; }
+  // Who the unit is beyond its path: where it is attached and the serial it reported, as read when
+  // it arrived. An arrival is this unit coming back only when it matches.
+  struct Identity {
+    std::string location;
+    std::string serial;
+  };
+  const Identity& Who() const { return identity_; }
+  void SetWho(Identity identity) { identity_ = std::move(identity); }
   const HidAttributes& Attributes() const { return attributes_; }
   const HidCapabilities& Capabilities() const { return capabilities_; }
 
@@ -137,8 +147,9 @@ class DeviceObject {
 
   const DeviceClass& class_;
   HidBackend& backend_;
-  const std::string openPath_;
-  const std::string path_;
+  std::string openPath_;
+  std::string path_;
+  Identity identity_;
   std::string serial_;
   HidAttributes attributes_;
   HidCapabilities capabilities_;

@@ -52,11 +52,16 @@ std::optional<DeviceTables::Location> DeviceTables::FindByPath(std::string_view 
 std::int32_t DeviceTables::FindUnitByPath(std::uint32_t moduleType, std::string_view path) const {
   const auto* table = Table(moduleType);
   if (table == nullptr) return -1;
+  // An absent unit still remembers the path it left, which the system may have given to the unit now
+  // present there: that one is meant.
+  std::int32_t absent = -1;
   for (std::size_t slot = 0; slot < table->size(); ++slot) {
     const DeviceObject* object = (*table)[slot].get();
-    if (object != nullptr && DevicePathsEqual(object->Path(), path)) return static_cast<std::int32_t>(slot);
+    if (object == nullptr || !DevicePathsEqual(object->Path(), path)) continue;
+    if (object->Present()) return static_cast<std::int32_t>(slot);
+    if (absent < 0) absent = static_cast<std::int32_t>(slot);
   }
-  return -1;
+  return absent;
 }
 
 std::int32_t DeviceTables::FirstEmptySlot(std::uint32_t moduleType) const {

@@ -37,6 +37,9 @@ class HidDeviceHandle {
   // The serial number string narrowed to 8-bit characters; empty when the device has none or the
   // query fails.
   virtual std::string GetSerialNumber() = 0;
+  // Where the device is attached (the USB port and interface), which stays the same when the
+  // system gives the device another path; empty where paths themselves are stable.
+  virtual std::string GetLocation() { return {}; }
 
   // Blocks until one whole input report arrives (byte 0 = report id) and returns its length, or
   // returns 0 when CancelRead woke it, or -1 when the read failed (device gone).

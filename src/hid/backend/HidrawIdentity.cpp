@@ -73,6 +73,8 @@ std::optional<HidrawIdentity> ParseHidUevent(std::string_view text) {
       identity.name = value;
     } else if (key == "HID_UNIQ") {
       identity.serial = value;
+    } else if (key == "HID_PHYS") {
+      identity.location = value;
     }
   }
   if (!haveId) return std::nullopt;

@@ -17,10 +17,11 @@ struct HidrawIdentity {
   std::uint16_t productId = 0;
   std::string name;    // HID_NAME
   std::string serial;  // HID_UNIQ, empty when the device has none
+  std::string location;  // HID_PHYS: the USB port and interface ("usb-0000:00:14.0-2/input0")
 };
 
 // Parses the uevent of a HID device ("HID_ID=0003:000009F3:00000020", "HID_NAME=...",
-// "HID_UNIQ=..."; one KEY=VALUE per line). Empty when HID_ID is missing or malformed, or an id does
+// "HID_UNIQ=...", "HID_PHYS=..."; one KEY=VALUE per line). Empty when HID_ID is missing or malformed, or an id does
 // not fit 16 bits.
 std::optional<HidrawIdentity> ParseHidUevent(std::string_view text);
 

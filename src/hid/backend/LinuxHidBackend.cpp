@@ -9,7 +9,9 @@
 //   in front. Writes and feature requests keep byte 0 as given: hidraw expects the report number
 //   there (0 for such a device) and the USB HID driver drops it itself before the transfer, and it
 //   keeps byte 0 in feature answers, so those already look as the layer expects.
-// - The serial is HID_UNIQ of the device's uevent in sysfs.
+// - The serial is HID_UNIQ of the device's uevent in sysfs, the location (USB port and interface)
+//   HID_PHYS: a unit that comes back gets the lowest free node, often not its old one, but its port
+//   is the same.
 #ifdef __linux__
 
 #include "hid/backend/LinuxHidBackend.h"
@@ -109,10 +111,13 @@ class HidrawHandle : public HidDeviceHandle {
   }
 
   std::string GetSerialNumber() override {
-    const auto uevent = ReadTextFile(kSysfsHidraw + nodeName_ + "/device/uevent");
-    if (!uevent) return {};
-    const auto identity = ParseHidUevent(*uevent);
+    const auto identity = ReadIdentity();
     return identity ? identity->serial : std::string();
+  }
+
+  std::string GetLocation() override {
+    const auto identity = ReadIdentity();
+    return identity ? identity->location : std::string();
   }
 
   int ReadInputReport(std::uint8_t* buffer, std::size_t capacity) override {
@@ -149,6 +154,11 @@ class HidrawHandle : public HidDeviceHandle {
   }
 
  private:
+  std::optional<HidrawIdentity> ReadIdentity() const {
+    const auto uevent = ReadTextFile(kSysfsHidraw + nodeName_ + "/device/uevent");
+    return uevent ? ParseHidUevent(*uevent) : std::nullopt;
+  }
+
   FileDescriptor fd_;
   FileDescriptor cancelFd_;
   std::string nodeName_;

@@ -86,6 +86,11 @@ class VirtualHidBackend::Handle : public HidDeviceHandle {
     return Usable() ? unit_->spec.serial : std::string();
   }
 
+  std::string GetLocation() override {
+    std::lock_guard lock(backend_->mutex_);
+    return Usable() ? unit_->spec.location : std::string();
+  }
+
   int ReadInputReport(std::uint8_t* buffer, std::size_t capacity) override {
     std::unique_lock lock(backend_->mutex_);
     backend_->inputArrived_.wait(lock, [this] {
@@ -209,6 +214,24 @@ bool VirtualHidBackend::Replug(const std::string& path) {
   found->second->present = true;
   ++found->second->plugging;
   if (notifying_) changes_.push_back({HidDeviceChange::Kind::Arrival, path});
+  return true;
+}
+
+bool VirtualHidBackend::Renumber(const std::string& path, const std::string& newPath) {
+  std::lock_guard lock(mutex_);
+  auto found = units_.find(path);
+  if (found == units_.end() || found->second->present || units_.count(newPath) != 0) return false;
+  units_.emplace(newPath, std::move(found->second));
+  units_.erase(found);
+  std::replace(plugOrder_.begin(), plugOrder_.end(), path, newPath);
+  return true;
+}
+
+bool VirtualHidBackend::SetLocation(const std::string& path, std::string location) {
+  std::lock_guard lock(mutex_);
+  auto found = units_.find(path);
+  if (found == units_.end() || found->second->present) return false;
+  found->second->spec.location = std::move(location);
   return true;
 }
 

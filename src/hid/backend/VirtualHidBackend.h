@@ -36,6 +36,8 @@ struct VirtualUnitSpec {
   std::uint16_t productId = 0;
   std::uint16_t version = 0x0100;
   std::string serial;
+  // The USB port and interface the unit sits in ("usb-0000:00:14.0-2/input0"); empty for none.
+  std::string location;
   HidCapabilities capabilities;  // report lengths, report id included
 };
 
@@ -54,6 +56,11 @@ class VirtualHidBackend : public HidBackend {
   // The same unit comes back at its path (same spec, same answers), with an arrival notice.
   bool Replug(const std::string& path);
   bool IsPresent(const std::string& path) const;
+  // While unplugged, the unit is given another path (its old one freed for another device, as the
+  // kernel hands a freed node to the next device) or moved to another port; no notice. False when
+  // the unit is present or missing, or the new path is taken.
+  bool Renumber(const std::string& path, const std::string& newPath);
+  bool SetLocation(const std::string& path, std::string location);
 
   // What the unit answers when feature report `reportId` is read (zero bytes unless set).
   void SetFeatureAnswer(const std::string& path, std::uint8_t reportId, std::vector<std::uint8_t> bytes);

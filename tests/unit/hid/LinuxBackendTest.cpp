@@ -32,7 +32,7 @@ using namespace std::chrono_literals;
 
 // ---- sysfs text and node names -----------------------------------------------------------------
 
-TEST(HidrawIdentity, ParsesIdsNameAndSerialFromUevent) {
+TEST(HidrawIdentity, ParsesIdsNameSerialAndLocationFromUevent) {
   const auto identity = ParseHidUevent(
       "DRIVER=hid-generic\nHID_ID=0003:000009F3:00000064\nHID_NAME=Panel Maker MCP\n"
       "HID_PHYS=usb-0000:00:14.0-2/input0\nHID_UNIQ=A1B2C3\nMODALIAS=hid:b0003g0001v000009F3p00000064\n");
@@ -42,6 +42,7 @@ TEST(HidrawIdentity, ParsesIdsNameAndSerialFromUevent) {
   EXPECT_EQ(identity->productId, 0x0064);
   EXPECT_EQ(identity->name, "Panel Maker MCP");
   EXPECT_EQ(identity->serial, "A1B2C3");
+  EXPECT_EQ(identity->location, "usb-0000:00:14.0-2/input0");
 }
 
 TEST(HidrawIdentity, SerialIsEmptyWhenAbsentAndLineEndsAreTolerated) {
@@ -52,6 +53,7 @@ TEST(HidrawIdentity, SerialIsEmptyWhenAbsentAndLineEndsAreTolerated) {
   const auto noUniq = ParseHidUevent("HID_ID=0003:000009F3:00000020");
   ASSERT_TRUE(noUniq);
   EXPECT_EQ(noUniq->serial, "");
+  EXPECT_EQ(noUniq->location, "") << "no HID_PHYS: the unit is known by its node alone";
 }
 
 TEST(HidrawIdentity, RejectsUeventWithoutUsableIds) {
