@@ -418,8 +418,8 @@ void ReadIniValue(const char* fileName, const char* section, const char* key, ch
   if (!outValue) return;
   // During a load the snapshot's file is known by name: no path is composed for each key.
   const bool snapshotFile = gSnapshot.depth > 0 && fileName && gSnapshot.fileName == fileName;
-  const bool found = ReadIniValueAtPath(snapshotFile ? gSnapshot.path : PluginFilePath(fileName), section, key,
-                                        outValue, defaultValue);
+  const bool found = snapshotFile ? ReadIniValueAtPath(gSnapshot.path, section, key, outValue, defaultValue)
+                                  : ReadIniValueAtPath(PluginFilePath(fileName), section, key, outValue, defaultValue);
   // The DEBUG switches are read before the log is set up and never trace.
   const bool traced = gDebug.DebugEnabled == 1 && gDebug.DebugFunctionAssignments == 1 && section &&
                       std::strcmp(section, "DEBUG") != 0;

@@ -1,5 +1,7 @@
 #include "config/IniIndex.h"
 
+#include <algorithm>
+
 #include "config/IniLines.h"
 
 namespace drav {
@@ -70,19 +72,26 @@ std::size_t IniIndex::SectionEnd(std::size_t sectionLine) const {
 
 const IniIndex::KeyTable& IniIndex::Table(std::size_t sectionLine, std::size_t keyLength) {
   const std::uint64_t id = (static_cast<std::uint64_t>(sectionLine) << 16) | keyLength;
-  const auto [slot, made] = tables_.try_emplace(id);
-  KeyTable& table = slot->second;
-  if (!made) return table;
+  for (const KeyTable& table : tables_) {
+    if (table.id == id) return table;
+  }
+  std::vector<KeyValue> entries;
   const std::size_t last = SectionEnd(sectionLine);
   for (std::size_t index = sectionLine + 1; index <= last; ++index) {
     const std::string_view line = lines_[index];
     if (ini::IsComment(line)) continue;
     // Every '=' may end a key; the text of keyLength characters before it is the key it ends.
     for (std::size_t equals = line.find('='); equals != std::string_view::npos; equals = line.find('=', equals + 1)) {
-      if (equals >= keyLength) table.try_emplace(line.substr(equals - keyLength, keyLength), line.substr(equals + 1));
+      if (equals >= keyLength) entries.push_back({line.substr(equals - keyLength, keyLength), line.substr(equals + 1)});
     }
   }
-  return table;
+  // Stable: of equal keys the first found stays first, and unique keeps it.
+  std::stable_sort(entries.begin(), entries.end(), [](const KeyValue& a, const KeyValue& b) { return a.key < b.key; });
+  entries.erase(std::unique(entries.begin(), entries.end(),
+                            [](const KeyValue& a, const KeyValue& b) { return a.key == b.key; }),
+                entries.end());
+  tables_.push_back({id, std::move(entries)});
+  return tables_.back();
 }
 
 // For keys with '=' in them, which the tables cannot hold: the section's lines one by one.
@@ -102,10 +111,11 @@ std::optional<std::string_view> IniIndex::Find(std::string_view section, std::st
   // Longer than a line: no line can hold it (and the table id keeps 16 bits for the length).
   if (key.size() >= kIniMaxLineLength) return std::nullopt;
   if (key.find('=') != std::string_view::npos) return ScanSection(*sectionLine, key);
-  const KeyTable& table = Table(*sectionLine, key.size());
-  const auto found = table.find(key);
-  if (found == table.end()) return std::nullopt;
-  return found->second;
+  const std::vector<KeyValue>& entries = Table(*sectionLine, key.size()).entries;
+  const auto found = std::lower_bound(entries.begin(), entries.end(), key,
+                                      [](const KeyValue& entry, std::string_view text) { return entry.key < text; });
+  if (found == entries.end() || found->key != key) return std::nullopt;
+  return found->value;
 }
 
 std::optional<std::string> ScanIniBytes(std::string_view bytes, std::string_view section, std::string_view key) {

@@ -26,9 +26,16 @@ class IniIndex {
   std::optional<std::string_view> Find(std::string_view section, std::string_view key);
 
  private:
-  // The values of one section for keys of one length: key text -> value, first line and first
-  // place in a line winning.
-  using KeyTable = std::unordered_map<std::string_view, std::string_view>;
+  // The values of one section for keys of one length, sorted by key text; of equal keys only the
+  // first line's, and in it the first place's, is kept.
+  struct KeyValue {
+    std::string_view key;
+    std::string_view value;
+  };
+  struct KeyTable {
+    std::uint64_t id;  // section line and key length
+    std::vector<KeyValue> entries;
+  };
 
   std::optional<std::size_t> SectionLine(std::string_view section) const;
   std::size_t SectionEnd(std::size_t sectionLine) const;
@@ -39,7 +46,7 @@ class IniIndex {
   std::vector<std::string_view> lines_;
   // Text between each '[' and the first ']' after it in the same line -> first line holding it.
   std::unordered_map<std::string_view, std::size_t> sections_;
-  std::unordered_map<std::uint64_t, KeyTable> tables_;
+  std::vector<KeyTable> tables_;  // a load asks a few dozen sections and key lengths
 };
 
 // The line-by-line reader over bytes in memory: what the index must answer for every question.
