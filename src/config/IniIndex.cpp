@@ -34,8 +34,20 @@ std::vector<std::string_view> SplitLines(std::string_view bytes) {
 // A section name with a bracket in it can stand in a line in ways the bracket table does not list.
 bool HasBracket(std::string_view text) { return text.find_first_of("[]") != std::string_view::npos; }
 
-std::string Tag(std::string_view section) { return "[" + std::string(section) + "]"; }
-std::string Prefix(std::string_view key) { return std::string(key) + "="; }
+// Built by appending: GCC 12 at -O3 sees a false overlap in "[" + std::string(...).
+std::string Tag(std::string_view section) {
+  std::string tag;
+  tag.reserve(section.size() + 2);
+  tag += '[';
+  tag += section;
+  tag += ']';
+  return tag;
+}
+std::string Prefix(std::string_view key) {
+  std::string prefix(key);
+  prefix += '=';
+  return prefix;
+}
 
 }  // namespace
 
