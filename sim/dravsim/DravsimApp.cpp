@@ -11,13 +11,14 @@
 namespace dravsim {
 
 const char* const kDravsimUsage =
-    "usage: dravsim [--quiet] [--root DIR] [--hid virtual|uhid] FILE...\n"
+    "usage: dravsim [--quiet] [--root DIR] [--hid virtual|uhid] [--locale NAME] FILE...\n"
     "           run scenario files, each in a fresh simulator; with uhid (Linux, /dev/uhid) the\n"
     "           panels are kernel HID devices and the plug-in reaches them through hidraw\n"
     "       dravsim [--quiet] [--root DIR]\n"
     "           run the built-in demo scenario\n"
     "       dravsim [--quiet] [--root DIR] --interactive\n"
-    "           read commands from the terminal, one per line\n";
+    "           read commands from the terminal, one per line\n"
+    "       --locale NAME runs in that locale (LC_ALL), for example de_DE.UTF-8 with its decimal comma\n";
 
 namespace {
 
@@ -89,6 +90,12 @@ std::optional<DravsimOptions> ParseCommandLine(std::span<const std::string_view>
         return std::nullopt;
       }
       options.uhid = args[++i] == "uhid";
+    } else if (arg == "--locale") {
+      if (i + 1 == args.size()) {
+        error = "--locale needs a locale name";
+        return std::nullopt;
+      }
+      options.locale = std::string(args[++i]);
     } else if (arg.size() > 1 && arg.front() == '-') {
       error = "unknown option " + std::string(arg);
       return std::nullopt;

@@ -22,6 +22,7 @@ struct DravsimOptions {
   bool help = false;
   bool uhid = false;  // `--hid uhid`: the panels are uhid devices
   std::optional<std::filesystem::path> root;  // the X-Plane folder, instead of a temporary one
+  std::optional<std::string> locale;          // the process's locale, as a user's X-Plane may run in
   std::vector<std::string> files;             // none: the built-in demo
 };
 

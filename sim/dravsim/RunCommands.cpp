@@ -1,5 +1,6 @@
 // Commands that let the simulator run: frames, simulated time, menu picks, commands a pilot runs and
 // writes of other plug-ins to datarefs.
+#include <charconv>
 #include <cstdio>
 
 #include "dravsim/CommandArgs.h"
@@ -15,10 +16,11 @@ constexpr long long kMaxFrames = 10'000'000;
 constexpr double kMaxSeconds = kMaxFrames / 60.0;
 
 void NoteClock(ScenarioContext& ctx) {
-  char text[64];
-  std::snprintf(text, sizeof text, "frame %d, %.3f s", ctx.host.FrameNumber(),
-                ctx.host.ElapsedSeconds());
-  ctx.Note(text);
+  char seconds[32];
+  const std::to_chars_result result = std::to_chars(seconds, seconds + sizeof seconds, ctx.host.ElapsedSeconds(),
+                                                    std::chars_format::fixed, 3);
+  ctx.Note("frame " + std::to_string(ctx.host.FrameNumber()) + ", " +
+           std::string(seconds, result.ec == std::errc() ? result.ptr : seconds) + " s");
   ctx.Note(std::to_string(ctx.host.WindowCount()) + " window(s)");
 }
 

@@ -5,6 +5,7 @@
 #include <XPUIGraphics.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
@@ -50,9 +51,11 @@ std::string Hex(const sim::Rgba& colour) {
 }
 
 std::string Number(double value) {
+  // "%g" of the "C" locale: SVG wants a decimal point whatever locale the run has.
   char text[32];
-  std::snprintf(text, sizeof text, "%g", value);
-  return text;
+  const std::to_chars_result result =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::general, 6);
+  return std::string(text, result.ec == std::errc() ? result.ptr : text);
 }
 
 // Writes shapes in SVG's top-down pixels from X-Plane's bottom-up ones.

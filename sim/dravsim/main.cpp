@@ -2,6 +2,7 @@
 // demo or the terminal.
 #include <unistd.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -17,6 +18,12 @@ int main(int argc, char** argv) {
   const auto options = dravsim::ParseCommandLine(args, error);
   if (!options) {
     std::cerr << "dravsim: " << error << '\n' << dravsim::kDravsimUsage;
+    return 2;
+  }
+  // A locale that is not installed is an error, not a quiet run in "C": a test that asks for a
+  // decimal comma must not pass without one.
+  if (options->locale && std::setlocale(LC_ALL, options->locale->c_str()) == nullptr) {
+    std::cerr << "dravsim: the locale " << *options->locale << " is not installed (scripts/deps.sh generates it)\n";
     return 2;
   }
   if (options->help) {

@@ -1,6 +1,6 @@
 #include "config/AssignmentKeys.h"
 
-#include <cstdio>
+#include <charconv>
 #include <cstring>
 
 namespace drav {
@@ -174,14 +174,18 @@ int KeyCount(const AssignmentKeyGroup& group) {
 
 std::string KeyName(const AssignmentKeyGroup& group, int index) {
   if (!InGroup(group, index)) return {};
-  char key[16];
+  std::string key(group.prefix);
   if (group.characters != nullptr) {
-    std::snprintf(key, sizeof key, "%c", group.characters[index]);
-  } else {
-    // From 25 on the writer of the file used "%d"; for two-digit numbers that spells the same.
-    std::snprintf(key, sizeof key, "%02d", group.firstNumber + index);
+    key += group.characters[index];
+    return key;
   }
-  return std::string(group.prefix) + key;
+  // "%02d" (from 25 on the writer of the file used "%d"; for two-digit numbers that spells the
+  // same), without printf: a load spells several hundred keys.
+  char digits[16];
+  char* end = std::to_chars(digits, digits + sizeof digits, group.firstNumber + index).ptr;
+  if (end - digits == 1) key += '0';
+  key.append(digits, static_cast<std::size_t>(end - digits));
+  return key;
 }
 
 std::uint8_t KeyControl(const AssignmentKeyGroup& group, int index) {

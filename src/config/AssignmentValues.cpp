@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <string_view>
+#include <unordered_map>
 
 #include "config/IniFile.h"
 
@@ -50,9 +52,43 @@ std::int32_t UnitAt(const char* value, std::size_t position) {
   return static_cast<std::int32_t>(std::max<std::int64_t>(written - 1, std::numeric_limits<std::int32_t>::min()));
 }
 
+// The catalogue's lookup compares a value with each of its 640 rows; a load resolves hundreds of
+// values. A value that holds none of the avionic suffixes can only match a name exactly, which one
+// hash look-up answers (the first row of a name winning, as in the catalogue's order). The
+// suffixes all share a head; a value without that head holds none of them.
+class FunctionNames {
+ public:
+  FunctionNames() {
+    for (FunctionId id = 0; id < kFunctionCount; ++id) {
+      const FunctionCatalogueEntry* entry = GetCatalogueEntry(id);
+      if (entry == nullptr) continue;
+      if (entry->name != nullptr) ids_.try_emplace(entry->name, entry->id);
+      if (entry->iniSuffix != nullptr && std::string_view(entry->iniSuffix).substr(0, kSuffixHead.size()) != kSuffixHead) {
+        suffixesShareHead_ = false;
+      }
+    }
+  }
+
+  FunctionId Find(const char* value) const {
+    if (value == nullptr || !suffixesShareHead_ || std::strstr(value, kSuffixHead.data()) != nullptr) {
+      return FindFunctionId(value);
+    }
+    const auto found = ids_.find(value);
+    return found != ids_.end() ? found->second : kNada;
+  }
+
+ private:
+  static constexpr std::string_view kSuffixHead = "_FUNC_";
+  std::unordered_map<std::string_view, FunctionId> ids_;
+  bool suffixesShareHead_ = true;
+};
+
 }  // namespace
 
-FunctionId ResolveFunctionId(const char* value) { return FindFunctionId(value); }
+FunctionId ResolveFunctionId(const char* value) {
+  static const FunctionNames names;  // the catalogue is constant: made once, never changed
+  return names.Find(value);
+}
 
 bool FindRadioReference(const char* value, AssignmentTargetUnit* out) {
   if (value == nullptr) return false;

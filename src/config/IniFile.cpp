@@ -1,22 +1,22 @@
-// The plug-in's INI reader and writer.
-//
-// The file is seen as a sequence of lines of at most kIniMaxLineLength characters: any of LF, CR,
-// CR LF and LF CR ends a line, and a longer line is seen as several lines (chunks of 255 and a
-// remainder). Both the reader and the writer walk the file through the same line reader, so what
-// one finds is what the other rewrites.
+// The plug-in's INI reader and writer. Both walk the file under the line rules of IniLines.h, so
+// what one finds is what the other rewrites.
 #include "config/IniFile.h"
 
 #include <cerrno>
 #include <charconv>
 #include <climits>
+#include <cstdarg>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "XPLMUtilities.h"
+#include "config/IniIndex.h"
+#include "config/IniLines.h"
 #include "host/Log.h"
 #include "host/Settings.h"
 
@@ -32,116 +32,163 @@ namespace {
 
 constexpr std::string_view kWrittenLineEnd = "\r\n";
 
-// Where the line reader takes its characters from: the file itself, or a copy of it in memory.
-class FileCharacters {
- public:
-  explicit FileCharacters(std::FILE* file) : file_(file) {}
-  int Get() { return std::getc(file_); }
-  void Unget(int c) { std::ungetc(c, file_); }
-  bool Failed() const { return std::ferror(file_) != 0; }
+using ini::Contains;
+using ini::FindKeyPrefix;
+using ini::StartsSection;
 
- private:
-  std::FILE* file_;
-};
+// A configuration file is a few kilobytes. One beyond this is not a configuration the pilot wrote
+// (a runaway tool, a log saved under the wrong name): it is neither read nor rewritten, so that no
+// load spends longer than one look at its size.
+constexpr std::uintmax_t kLargestConfigFile = 16u << 20;
 
-class MemoryCharacters {
- public:
-  explicit MemoryCharacters(std::string_view bytes) : bytes_(bytes) {}
-  int Get() { return next_ < bytes_.size() ? static_cast<unsigned char>(bytes_[next_++]) : EOF; }
-  void Unget(int) { --next_; }  // only ever after a Get that returned a character
-  bool Failed() const { return false; }
+// A line for the pilot: the plug-in's log, and X-Plane's Log.txt, which is there even while the log
+// is switched off (or cannot be switched on, because the file is not read).
+void ReportFileProblem(const char* format, ...) __attribute__((format(printf, 1, 2)));
+void ReportFileProblem(const char* format, ...) {
+  char text[kLogLineMax + 1];
+  va_list arguments;
+  va_start(arguments, format);
+  const int written = std::vsnprintf(text, sizeof text, format, arguments);
+  va_end(arguments);
+  if (written < 0) return;
+  LogLine(text);
+  char line[kLogLineMax + 16];
+  std::snprintf(line, sizeof line, "DRAV: %s\n", text);
+  XPLMDebugString(line);
+}
 
- private:
-  std::string_view bytes_;
-  std::size_t next_ = 0;
-};
+// ---- the file's bytes ---------------------------------------------------------------------------
 
-// Reads lines under the rules above. A read error ends the lines as the end of the file would;
-// Failed() tells the two apart.
-template <typename Characters>
-class IniLineReader {
- public:
-  explicit IniLineReader(Characters characters) : in_(characters) {}
+enum class FileRead : std::uint8_t { kRead, kMissing, kUnreadable, kTooLarge };
 
-  // The next line, without its line end. False when no line is left.
-  bool Next(std::string_view& line) {
-    std::size_t length = 0;
-    int c;
-    while ((c = in_.Get()) != EOF) {
-      if (c == '\n' || c == '\r') {
-        SkipPartnerOf(c);
-        line = std::string_view(buffer_, length);
-        return true;
-      }
-      buffer_[length++] = static_cast<char>(c);
-      if (length == kIniMaxLineLength) {
-        // A full chunk. A line end that follows at once belongs to it, so a line of exactly 255
-        // characters stays one line instead of a line and an empty one.
-        const int next = in_.Get();
-        if (next == '\n' || next == '\r') {
-          SkipPartnerOf(next);
-        } else if (next != EOF) {
-          in_.Unget(next);
-        }
-        line = std::string_view(buffer_, length);
-        return true;
-      }
-    }
-    if (length == 0) return false;
-    line = std::string_view(buffer_, length);  // last line without a line end
-    return true;
-  }
-
-  bool Failed() const { return in_.Failed(); }
-
- private:
-  // CR LF and LF CR are one line end each; a second character of the same kind starts a new one.
-  void SkipPartnerOf(int first) {
-    const int partner = first == '\n' ? '\r' : '\n';
-    const int next = in_.Get();
-    if (next != partner && next != EOF) in_.Unget(next);
-  }
-
-  Characters in_;
-  char buffer_[kIniMaxLineLength];
-};
-
-// The copy of one file that reads use while an IniReadSnapshot lives (main thread only, like every
-// caller of the reader).
-struct Snapshot {
-  int depth = 0;
-  bool taken = false;  // false: the file could not be copied; reads go to the file
-  std::string path;
-  std::optional<std::string> bytes;  // empty: there is no such file
-};
-Snapshot gSnapshot;
-
-// A configuration file is a few kilobytes; one beyond this is read from disk rather than copied.
-constexpr std::uintmax_t kLargestSnapshot = 16u << 20;
-
-void TakeSnapshot() {
-  gSnapshot.taken = false;
-  gSnapshot.bytes.reset();
-  std::FILE* file = std::fopen(gSnapshot.path.c_str(), "rb");
-  if (!file) {
-    gSnapshot.taken = errno == ENOENT;  // a missing file is something a copy can stand for
-    return;
-  }
+struct FileBytes {
+  FileRead result = FileRead::kMissing;
   std::string bytes;
-  char chunk[4096];
+  std::uintmax_t size = 0;
+};
+
+// Notepad's "Unicode" is UTF-16 with a byte-order mark: FF FE (little end first) or FE FF.
+enum class Utf16 : std::uint8_t { kNo, kLittle, kBig };
+
+Utf16 Utf16Order(std::string_view bytes) {
+  if (bytes.size() < 2) return Utf16::kNo;
+  const auto first = static_cast<unsigned char>(bytes[0]);
+  const auto second = static_cast<unsigned char>(bytes[1]);
+  if (first == 0xFF && second == 0xFE) return Utf16::kLittle;
+  if (first == 0xFE && second == 0xFF) return Utf16::kBig;
+  return Utf16::kNo;
+}
+
+void AppendUtf8(std::string& out, std::uint32_t code) {
+  if (code < 0x80) {
+    out += static_cast<char>(code);
+  } else if (code < 0x800) {
+    out += static_cast<char>(0xC0 | (code >> 6));
+    out += static_cast<char>(0x80 | (code & 0x3F));
+  } else if (code < 0x10000) {
+    out += static_cast<char>(0xE0 | (code >> 12));
+    out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (code & 0x3F));
+  } else {
+    out += static_cast<char>(0xF0 | (code >> 18));
+    out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
+    out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (code & 0x3F));
+  }
+}
+
+// The text as UTF-8, which the line rules read like any 8-bit file (every name and key is ASCII).
+// A lone surrogate becomes U+FFFD; an odd last byte is dropped.
+std::string Utf16ToUtf8(std::string_view bytes, Utf16 order) {
+  auto unit = [&](std::size_t at) {
+    const auto a = static_cast<unsigned char>(bytes[at]);
+    const auto b = static_cast<unsigned char>(bytes[at + 1]);
+    return static_cast<std::uint32_t>(order == Utf16::kLittle ? a | (b << 8) : (a << 8) | b);
+  };
+  std::string out;
+  out.reserve(bytes.size() / 2);
+  for (std::size_t at = 2; at + 1 < bytes.size(); at += 2) {
+    std::uint32_t code = unit(at);
+    if (code >= 0xD800 && code < 0xDC00 && at + 3 < bytes.size() && unit(at + 2) >= 0xDC00 &&
+        unit(at + 2) < 0xE000) {
+      code = 0x10000 + ((code - 0xD800) << 10) + (unit(at + 2) - 0xDC00);
+      at += 2;
+    } else if (code >= 0xD800 && code < 0xE000) {
+      code = 0xFFFD;
+    }
+    AppendUtf8(out, code);
+  }
+  return out;
+}
+
+// The whole file in one read, as the line rules see it (a UTF-16 file converted). A file over the
+// limit is not read at all.
+FileBytes ReadFileBytes(const std::string& path) {
+  FileBytes file;
+  std::error_code error;
+  file.size = std::filesystem::file_size(path, error);
+  if (!error && file.size > kLargestConfigFile) {
+    file.result = FileRead::kTooLarge;
+    return file;
+  }
+  std::FILE* in = std::fopen(path.c_str(), "rb");
+  if (!in) {
+    file.result = errno == ENOENT ? FileRead::kMissing : FileRead::kUnreadable;
+    return file;
+  }
+  char chunk[16384];
   std::size_t got = 0;
-  bool tooLarge = false;
-  while ((got = std::fread(chunk, 1, sizeof chunk, file)) > 0) {
-    bytes.append(chunk, got);
-    if (bytes.size() > kLargestSnapshot) {
-      tooLarge = true;
+  file.result = FileRead::kRead;
+  while ((got = std::fread(chunk, 1, sizeof chunk, in)) > 0) {
+    file.bytes.append(chunk, got);
+    if (file.bytes.size() > kLargestConfigFile) {  // it grew since its size was asked
+      file.result = FileRead::kTooLarge;
+      file.size = file.bytes.size();
       break;
     }
   }
-  const bool failed = std::ferror(file) != 0;
-  std::fclose(file);
-  if (tooLarge || failed) return;
-  gSnapshot.bytes = std::move(bytes);
+  if (std::ferror(in) != 0) file.result = FileRead::kUnreadable;
+  std::fclose(in);
+  if (file.result != FileRead::kRead) file.bytes.clear();
+  const Utf16 order = Utf16Order(file.bytes);
+  if (order != Utf16::kNo) file.bytes = Utf16ToUtf8(file.bytes, order);
+  return file;
+}
+
+void ReportTooLarge(const std::string& path, std::uintmax_t size) {
+  ReportFileProblem("%s is larger than 16 MB (%lu MB): every section of it reads as absent and it is never rewritten",
+                    path.c_str(), static_cast<unsigned long>(size >> 20));
+}
+
+// ---- the snapshot -------------------------------------------------------------------------------
+
+// The index of one file that reads use while an IniReadSnapshot lives (main thread only, like every
+// caller of the reader).
+struct Snapshot {
+  int depth = 0;
+  bool taken = false;  // false: the file could not be read; reads go to the file
+  std::string fileName;
+  std::string path;
+  std::optional<IniIndex> index;  // empty: there is no such file, or one too large to read
+};
+Snapshot gSnapshot;
+
+void TakeSnapshot() {
+  gSnapshot.taken = false;
+  gSnapshot.index.reset();
+  FileBytes file = ReadFileBytes(gSnapshot.path);
+  switch (file.result) {
+    case FileRead::kUnreadable:
+      return;
+    case FileRead::kTooLarge:
+      ReportTooLarge(gSnapshot.path, file.size);
+      break;
+    case FileRead::kRead:
+      gSnapshot.index.emplace(std::move(file.bytes));
+      break;
+    case FileRead::kMissing:
+      break;
+  }
   gSnapshot.taken = true;
 }
 
@@ -149,18 +196,6 @@ bool SnapshotCovers(const std::string& path) { return gSnapshot.depth > 0 && gSn
 
 std::string SectionTag(const char* section) { return std::string("[") + section + "]"; }
 std::string KeyPrefix(const char* key) { return std::string(key) + "="; }
-
-bool Contains(std::string_view line, std::string_view text) {
-  return line.find(text) != std::string_view::npos;
-}
-bool StartsSection(std::string_view line) { return !line.empty() && line.front() == '['; }
-bool IsComment(std::string_view line) { return !line.empty() && line.front() == ';'; }
-
-// Where the key prefix stands in a key line (comments never are key lines), or npos.
-std::size_t FindKeyPrefix(std::string_view line, std::string_view prefix) {
-  if (IsComment(line)) return std::string_view::npos;
-  return line.find(prefix);
-}
 
 // Copies at most kIniValueSize - 1 characters and always terminates.
 void CopyValue(char* out, std::string_view text) {
@@ -173,38 +208,18 @@ std::string_view ViewOf(const char* text) {
   return text ? std::string_view(text) : std::string_view();
 }
 
-// Scans the first copy of the section for the key; only that copy counts.
-template <typename Characters>
-bool ScanForValue(IniLineReader<Characters>& reader, std::string_view tag, std::string_view prefix, char* out) {
-  std::string_view line;
-  bool inSection = false;
-  while (reader.Next(line)) {
-    if (!inSection) {
-      inSection = Contains(line, tag);
-      continue;
-    }
-    const std::size_t at = FindKeyPrefix(line, prefix);
-    if (at != std::string_view::npos) {
-      CopyValue(out, line.substr(at + prefix.size()));
-      return true;
-    }
-    if (StartsSection(line)) break;  // tested after the key, so "[T] Key=v" still yields v
-  }
-  return false;
-}
-
-bool FindValue(const std::string& path, std::string_view tag, std::string_view prefix, char* out) {
+bool FindValue(const std::string& path, const char* section, const char* key, char* out) {
   if (SnapshotCovers(path)) {
-    if (!gSnapshot.bytes) return false;
-    IniLineReader reader{MemoryCharacters(*gSnapshot.bytes)};
-    return ScanForValue(reader, tag, prefix, out);
+    if (!gSnapshot.index) return false;
+    const std::optional<std::string_view> value = gSnapshot.index->Find(section, key);
+    if (value) CopyValue(out, *value);
+    return value.has_value();
   }
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  if (!file) return false;
-  IniLineReader reader{FileCharacters(file)};
-  const bool found = ScanForValue(reader, tag, prefix, out);
-  std::fclose(file);
-  return found;
+  const FileBytes file = ReadFileBytes(path);
+  if (file.result != FileRead::kRead) return false;
+  const std::optional<std::string> value = ScanIniBytes(file.bytes, section, key);
+  if (value) CopyValue(out, *value);
+  return value.has_value();
 }
 
 // Streams the lines of the old file into the new one, changing the one key on the way.
@@ -284,7 +299,7 @@ bool WriteRewrittenFile(std::FILE* in, std::FILE* out, std::string_view tag,
   KeyRewriter rewriter(out, tag, prefix, value);
   bool readFailed = false;
   if (in) {
-    IniLineReader reader{FileCharacters(in)};
+    ini::LineReader reader{ini::FileCharacters(in)};
     std::string_view line;
     while (reader.Next(line)) rewriter.Line(line);
     readFailed = reader.Failed();
@@ -303,6 +318,57 @@ bool MoveOver(const std::string& from, const std::string& to) {
 #else
   return std::rename(from.c_str(), to.c_str()) == 0;
 #endif
+}
+
+// The file a path names once every link on the way is followed (the path itself when it is no
+// link); nothing for a loop or a link that cannot be read.
+std::optional<std::string> LinkTarget(const std::string& path) {
+  namespace fs = std::filesystem;
+  fs::path at(path);
+  for (int hops = 0; hops < 40; ++hops) {
+    std::error_code error;
+    if (!fs::is_symlink(fs::symlink_status(at, error))) return at.string();
+    const fs::path next = fs::read_symlink(at, error);
+    if (error) return std::nullopt;
+    at = next.is_absolute() ? next : at.parent_path() / next;
+  }
+  return std::nullopt;
+}
+
+// Why an existing file must not be replaced: the pilot made it read-only (root and Windows would
+// replace it all the same), it is UTF-16, which the writer would turn into a mix of encodings, or it
+// is too large to be a configuration.
+struct FileRefusal {
+  const char* reason = nullptr;
+};
+
+FileRefusal RefusalOf(const std::string& path) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (error || !fs::exists(status)) return {};
+  if ((status.permissions() & fs::perms::owner_write) == fs::perms::none) return {"is read-only"};
+  const std::uintmax_t size = fs::file_size(path, error);
+  if (!error && size > kLargestConfigFile) return {"is larger than 16 MB"};
+  char head[2] = {};
+  std::size_t got = 0;
+  if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
+    got = std::fread(head, 1, sizeof head, file);
+    std::fclose(file);
+  }
+  if (Utf16Order(std::string_view(head, got)) != Utf16::kNo) {
+    return {"is saved as UTF-16 (Unicode) and is left as it is: save it as ANSI or UTF-8 to change it here"};
+  }
+  return {};
+}
+
+// The new file gets the old one's permission bits, as an edit in place would keep them; where that
+// fails the new file keeps the folder's defaults.
+void KeepPermissions(const std::string& oldPath, const std::string& newPath) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::file_status status = fs::status(oldPath, error);
+  if (!error && fs::exists(status)) fs::permissions(newPath, status.permissions(), error);
 }
 
 // A value is one line: anything from a line end on would turn into lines of its own.
@@ -342,8 +408,7 @@ std::string PluginFilePath(const char* fileName) {
 bool ReadIniValueAtPath(const std::string& path, const char* section, const char* key,
                         char* outValue, const char* defaultValue) {
   if (!outValue) return false;
-  const bool found =
-      section && key && FindValue(path, SectionTag(section), KeyPrefix(key), outValue);
+  const bool found = section && key && FindValue(path, section, key, outValue);
   if (!found) CopyValue(outValue, ViewOf(defaultValue));
   return found;
 }
@@ -351,8 +416,10 @@ bool ReadIniValueAtPath(const std::string& path, const char* section, const char
 void ReadIniValue(const char* fileName, const char* section, const char* key, char* outValue,
                   const char* defaultValue) {
   if (!outValue) return;
-  const bool found =
-      ReadIniValueAtPath(PluginFilePath(fileName), section, key, outValue, defaultValue);
+  // During a load the snapshot's file is known by name: no path is composed for each key.
+  const bool snapshotFile = gSnapshot.depth > 0 && fileName && gSnapshot.fileName == fileName;
+  const bool found = snapshotFile ? ReadIniValueAtPath(gSnapshot.path, section, key, outValue, defaultValue)
+                                  : ReadIniValueAtPath(PluginFilePath(fileName), section, key, outValue, defaultValue);
   // The DEBUG switches are read before the log is set up and never trace.
   const bool traced = gDebug.DebugEnabled == 1 && gDebug.DebugFunctionAssignments == 1 && section &&
                       std::strcmp(section, "DEBUG") != 0;
@@ -372,11 +439,21 @@ std::string ReadIniString(const char* fileName, const char* section, const char*
 bool WriteIniValueAtPath(const std::string& path, const char* section, const char* key,
                          const char* value) {
   if (!section || !key || !value) return false;
-  std::FILE* in = std::fopen(path.c_str(), "rb");
+  // A link stays a link: the file it leads to is the one rewritten, in its own folder.
+  const std::optional<std::string> target = LinkTarget(path);
+  if (!target) {
+    ReportFileProblem("%s: the link cannot be followed; [%s] %s is not stored", path.c_str(), section, key);
+    return false;
+  }
+  if (const FileRefusal refusal = RefusalOf(*target); refusal.reason) {
+    ReportFileProblem("%s %s; [%s] %s is not stored", target->c_str(), refusal.reason, section, key);
+    return false;
+  }
+  std::FILE* in = std::fopen(target->c_str(), "rb");
   // A missing file is written as if it were empty; one that exists but cannot be read is left
   // alone.
   if (!in && errno != ENOENT) return false;
-  const std::string tempPath = path + "_TMP";
+  const std::string tempPath = *target + "_TMP";
   std::FILE* out = std::fopen(tempPath.c_str(), "wb");
   if (!out) {
     if (in) std::fclose(in);
@@ -385,22 +462,24 @@ bool WriteIniValueAtPath(const std::string& path, const char* section, const cha
   const bool written =
       WriteRewrittenFile(in, out, SectionTag(section), KeyPrefix(key), OneLine(value));
   if (in) std::fclose(in);
-  const bool replaced = written && MoveOver(tempPath, path);
+  if (written) KeepPermissions(*target, tempPath);
+  const bool replaced = written && MoveOver(tempPath, *target);
   if (!replaced) std::remove(tempPath.c_str());
   if (replaced && SnapshotCovers(path)) TakeSnapshot();  // later reads see what was written
   return replaced;
 }
 
 IniReadSnapshot::IniReadSnapshot(const char* fileName) {
-  const std::string path = PluginFilePath(fileName);
   if (gSnapshot.depth++ > 0) return;  // the outermost one decides which file is copied
-  gSnapshot.path = path;
+  gSnapshot.fileName = fileName ? fileName : "";
+  gSnapshot.path = PluginFilePath(fileName);
   TakeSnapshot();
 }
 
 IniReadSnapshot::~IniReadSnapshot() {
   if (--gSnapshot.depth > 0) return;
-  gSnapshot = Snapshot{};
+  gSnapshot.taken = false;
+  gSnapshot.index.reset();
 }
 
 void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value) {

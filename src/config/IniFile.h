@@ -1,5 +1,6 @@
-// The plug-in's INI reader and writer. Values are strings; callers convert them. The file is opened,
-// scanned and closed on every call, except while an IniReadSnapshot holds a copy of it.
+// The plug-in's INI reader and writer. Values are strings; callers convert them. The file is read
+// whole on every call, except while an IniReadSnapshot holds an index of it. A file over 16 MB is
+// not read at all: every section of it reads as absent.
 #pragma once
 
 #include <cstddef>
@@ -23,7 +24,9 @@ std::string ReadIniString(const char* fileName, const char* section, const char*
                           const char* defaultValue);
 
 // Stores one value; an empty value removes an existing key line (a missing key is stored empty).
-// The file is replaced in one step, so a write that fails leaves the old file as it was.
+// The file is replaced in one step, so a write that fails leaves the old file as it was. A file
+// that is a link is replaced where the link leads. A read-only file, a UTF-16 file and one over
+// 16 MB are never replaced: the log and X-Plane's Log.txt say why.
 void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value);
 
 // The same on an explicit path, without the read trace: for the tools and the tests.
@@ -34,11 +37,11 @@ bool ReadIniValueAtPath(const std::string& path, const char* section, const char
 bool WriteIniValueAtPath(const std::string& path, const char* section, const char* key,
                          const char* value);
 
-// While one lives, reads of the file come from one copy of it taken when the first was made: a load
-// of every unit's assignments reads hundreds of keys, and scanning the file on disk for each one
-// took longer than a frame. What is found is exactly what the file would give; a write through
-// this reader refreshes the copy. Snapshots nest (an inner one of another file is not taken).
-// Main thread only.
+// While one lives, reads of the file come from an index of it (IniIndex.h) made from one read when
+// the first was made: a load of every unit's assignments reads hundreds of keys, and scanning the
+// file for each one took a tenth of a frame. What is found is exactly what the file would give; a
+// write through this reader refreshes the index. Snapshots nest (an inner one of another file is
+// not taken). Main thread only.
 class IniReadSnapshot {
  public:
   explicit IniReadSnapshot(const char* fileName = kConfigFileName);

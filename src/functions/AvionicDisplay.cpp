@@ -12,6 +12,7 @@
 #include <limits>
 #include <utility>
 
+#include "config/Numbers.h"
 #include "functions/DatarefBinding.h"
 #include "functions/DisplayBrightness.h"
 #include "functions/FunctionObjects.h"
@@ -92,7 +93,8 @@ void FormatFrequency(AvionicFunction& function, float value) {
 void FormatSpeed(AvionicFunction& function, float value) {
   ScratchLine line;
   if (ReadBinding(function.auxBinding) == 1) {
-    std::snprintf(line, sizeof line, "  %1.02f", static_cast<double>(value));
+    char number[kScratchSize - 2];
+    std::snprintf(line, sizeof line, "  %s", FormatFixed(number, sizeof number, value, 1, 2));
   } else {
     std::snprintf(line, sizeof line, "  %03d", TruncatedValue(value));
   }
@@ -121,12 +123,14 @@ void FormatMapRange(AvionicFunction& function, float value) {
 // The simulator keeps inches of mercury; hectopascals are shown only, never stored.
 void FormatAltimeter(AvionicFunction& function, float value) {
   const double inches = value;
-  ScratchLine line;
+  char number[kScratchSize - 1];
   if (MetricPressureSelected()) {
-    std::snprintf(line, sizeof line, " %4.0f", inches * kHectopascalsPerInchOfMercury);
+    FormatFixed(number, sizeof number, inches * kHectopascalsPerInchOfMercury, 4, 0);
   } else {
-    std::snprintf(line, sizeof line, " %2.2f", inches);
+    FormatFixed(number, sizeof number, inches, 2, 2);
   }
+  ScratchLine line;
+  std::snprintf(line, sizeof line, " %s", number);
   ShowText(function, line);
 }
 
@@ -143,7 +147,7 @@ void FormatBrightness(AvionicFunction& function, float /*value*/) {
 // The text's leading decimal integer, blanks skipped; 0 when it has none, saturated when too long.
 long LeadingInteger(const char* text) { return std::strtol(text, nullptr, 10); }
 
-double LeadingNumber(const char* text) { return std::strtod(text, nullptr); }
+double LeadingNumber(const char* text) { return ParseLeadingReal(text); }
 
 void ApplyInteger(AvionicFunction& function, const char* text) {
   SetAvionicValue(function, static_cast<float>(LeadingInteger(text)));

@@ -65,6 +65,7 @@ constexpr SettingRow kSettingRows[] = {
 }  // namespace
 
 void ReadDebugSwitches() {
+  const IniReadSnapshot snapshot;  // one read of the file for every switch
   char value[kIniValueSize];
   for (const DebugSwitchRow& row : kDebugSwitchRows) {
     ReadIniValue(kConfigFileName, "DEBUG", row.key, value, "0");
@@ -73,6 +74,7 @@ void ReadDebugSwitches() {
 }
 
 void ReadGlobalSettings() {
+  const IniReadSnapshot snapshot;
   char value[kIniValueSize];
   for (const SettingRow& row : kSettingRows) {
     ReadIniValue(kConfigFileName, "CONFIG", row.key, value, row.defaultValue);

@@ -12,6 +12,7 @@
 
 #include "config/Assignments.h"
 #include "config/IniFile.h"
+#include "config/Numbers.h"
 #include "modules/ModuleTypes.h"
 #include "ui/DialogDeviceList.h"
 #include "ui/DialogLayout.h"
@@ -160,7 +161,7 @@ int OnSliderMoved(XPWidgetMessage message, XPWidgetID /*widget*/, intptr_t param
     const int position = static_cast<int>(XPGetWidgetProperty(slider, xpProperty_ScrollBarSliderPosition, nullptr));
     char value[32];
     if (row.percent) {
-      std::snprintf(value, sizeof value, "%1.2f", position / 100.0);
+      FormatFixed(value, sizeof value, position / 100.0, 1, 2);
     } else {
       std::snprintf(value, sizeof value, "%d", position);
     }

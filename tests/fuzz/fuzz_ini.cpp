@@ -9,6 +9,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -75,6 +76,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   bool found = false;
   ReadValue(path, sectionText, keyText, found);
+
+  // A UTF-16 file (byte-order mark first) is read but never rewritten.
+  if (file.size() >= 2 && ((file[0] == '\xFF' && file[1] == '\xFE') || (file[0] == '\xFE' && file[1] == '\xFF'))) {
+    DRAV_FUZZ_CHECK(!drav::WriteIniValueAtPath(path, sectionText.c_str(), keyText.c_str(), valueText.c_str()));
+    std::ifstream in(path, std::ios::binary);
+    const std::string after((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    DRAV_FUZZ_CHECK(after == file);
+    return 0;
+  }
 
   DRAV_FUZZ_CHECK(drav::WriteIniValueAtPath(path, sectionText.c_str(), keyText.c_str(),
                                             valueText.c_str()));

@@ -65,6 +65,17 @@ def ini_seeds():
     long_line = "[S]\r\n" + "x" * 300 + "K=old\r\n"
     write("fuzz_ini", "long_line", Seed().string("S").string("K").string("new").raw(long_line.encode()).bytes())
 
+    # The index target: the file first, then (section, key) questions of fuzzed text.
+    def questions(file, pairs):
+        seed = Seed().string(file).ranged(len(pairs), 1, 16)
+        for section, key in pairs:
+            seed.u(0, 8).string(section).u(0, 8).string(key)
+        return seed.bytes()
+    write("fuzz_ini_index", "cockpit", questions(cockpit, [("GFDIO_1", "InputFunction10"), ("CONFIG", "GRP48ReverseFix"),
+                                                          ("GFDIO_1", "Function10"), ("GF46_2", "Function1")]))
+    write("fuzz_ini_index", "mixed_line_ends", questions(mixed, [("A", "K"), ("B", "K"), ("[A", "K")]))
+    write("fuzz_ini_index", "long_line", questions(long_line, [("S", "K"), ("S", "xK")]))
+
 
 # (name, module type, input report length, reports)
 PANELS = [

@@ -28,6 +28,16 @@ TEST(AssignmentValueTest, FunctionNamesResolveExactlyAndEverythingElseIsNada) {
   EXPECT_EQ(ResolveFunctionId("AP_HDG_HOLD "), kNada);  // and without trimming
 }
 
+// The load's quick look-up must answer as the catalogue's row-by-row search, suffixes included.
+TEST(AssignmentValueTest, ResolutionAgreesWithTheCatalogueForEveryNameAndSuffix) {
+  for (FunctionId id = 0; id < kFunctionCount; ++id) {
+    const std::string name = GetFunctionName(id);
+    for (const std::string& value : {name, "GF46_2" + std::string("_FUNC_") + name, name + "_FUNC_", "x" + name}) {
+      EXPECT_EQ(ResolveFunctionId(value.c_str()), FindFunctionId(value.c_str())) << value;
+    }
+  }
+}
+
 TEST(AssignmentValueTest, RadioReferencesNameKindAndZeroBasedUnit) {
   AssignmentTargetUnit target;
   ASSERT_TRUE(FindRadioReference("GF46_2_FUNC_NAV1_STANDBY", &target));

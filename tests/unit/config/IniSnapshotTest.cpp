@@ -35,8 +35,15 @@ TEST_F(IniSnapshotTest, FindsWhatTheFileOnDiskGivesUnderEveryLineRule) {
       "[A]\r\nK=" + longValue + "\r\n" + std::string(255, 'k') + "\r\nL=after\r\n",
       std::string("[A]\r\nK=\x01\xff\x00z\r\n", 13),            // binary bytes and a NUL
       ";[A]\r\nK=commented tag opens the section\r\n",
+      // Keys are found anywhere in a line, after any '=', never in a comment.
+      "[A]\r\nXK=end of a longer key\r\nK=later line\r\n",
+      "[A]\r\n;K=comment\r\na=b K=x=after a later equals sign\r\n",
+      "[A]\r\n[B] L=on the next section's tag line\r\nK=beyond the section\r\n",
+      "[[A]]\r\nK=brackets around the tag\r\n[A\r\n[B]]K=2\r\n",
+      "K=before any section\r\n[A]",
   };
-  const std::vector<Probe> probes = {{"A", "K"}, {"B", "K"}, {"A", "L"}, {"A", "Missing"}, {"C", "K"}};
+  const std::vector<Probe> probes = {{"A", "K"}, {"B", "K"}, {"A", "L"},  {"A", "Missing"},
+                                     {"C", "K"}, {"A", "K=x"}, {"[A", "K"}, {"B]", "K"}};
   for (const std::string& file : files) {
     GivenIni(file);
     std::vector<std::string> fromDisk;
