@@ -41,6 +41,9 @@ void ExpectNoWindowCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectFileCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectLogCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectXPlaneLogCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectNoXPlaneLogCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectXPlaneLogLinesCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectNoLogCommand(ScenarioContext& ctx, const Invocation& call);
 
 // GeneralCommands.cpp
