@@ -1,5 +1,5 @@
-// Linux only, linked into DRAV.xpl alone (not the tests): keeps the plug-in loadable on older
-// distributions than the one it is built on.
+// Linux only, linked into DRAV.xpl alone (outside the core, so not into the tests): keeps the
+// plug-in loadable on older distributions than the one it is built on.
 //
 // libstdc++ and libgcc are linked in statically, so the only shared library the plug-in needs is
 // glibc, and glibc's symbol versions decide which systems can load it. The build machine's
