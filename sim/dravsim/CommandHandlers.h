@@ -43,6 +43,9 @@ void ExpectScreenCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectFileCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectLogCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectXPlaneLogCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectNoXPlaneLogCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectXPlaneLogLinesCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectNoLogCommand(ScenarioContext& ctx, const Invocation& call);
 
 // GeneralCommands.cpp

@@ -57,6 +57,19 @@ std::vector<std::string> LogLines(const sim::SimHost& host) {
   return lines ? std::move(*lines) : std::vector<std::string>{};
 }
 
+// The simulator's own log, where XPLMDebugString writes: Root()/Log.txt, as in X-Plane's folder.
+std::vector<std::string> XPlaneLogLines(const sim::SimHost& host) {
+  auto lines = ReadLines(host.Root() / "Log.txt");
+  return lines ? std::move(*lines) : std::vector<std::string>{};
+}
+
+// The first line holding `text`, counted from 1; 0 when none does.
+std::size_t FindLineHolding(const std::vector<std::string>& lines, const std::string& text) {
+  const auto it = std::find_if(lines.begin(), lines.end(),
+                               [&text](const std::string& line) { return line.find(text) != std::string::npos; });
+  return it == lines.end() ? 0 : static_cast<std::size_t>(it - lines.begin()) + 1;
+}
+
 }  // namespace
 
 void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call) {
@@ -129,6 +142,40 @@ void ExpectNoLogCommand(ScenarioContext& ctx, const Invocation& call) {
   } else {
     ctx.Fail("no log line " + Quoted(line),
              "it at line " + std::to_string(it - lines.begin() + 1));
+  }
+}
+
+// Log.txt lines are matched by a part of them: the plug-in's lines carry paths and system texts
+// that differ between machines.
+void ExpectXPlaneLogCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& text = call.args[0].text;
+  const std::vector<std::string> lines = XPlaneLogLines(ctx.host);
+  if (FindLineHolding(lines, text) != 0) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("a Log.txt line holding " + Quoted(text),
+             lines.empty() ? std::string("an empty Log.txt") : std::to_string(lines.size()) + " lines without it");
+  }
+}
+
+void ExpectNoXPlaneLogCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string& text = call.args[0].text;
+  const std::size_t line = FindLineHolding(XPlaneLogLines(ctx.host), text);
+  if (line == 0) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("no Log.txt line holding " + Quoted(text), "it at line " + std::to_string(line));
+  }
+}
+
+void ExpectXPlaneLogLinesCommand(ScenarioContext& ctx, const Invocation& call) {
+  const auto count = IntegerArg(ctx, call, 0, 0, 1'000'000);
+  if (!count) return;
+  const std::size_t lines = XPlaneLogLines(ctx.host).size();
+  if (static_cast<long long>(lines) == *count) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("Log.txt with " + std::to_string(*count) + " lines", std::to_string(lines) + " lines");
   }
 }
 

@@ -3,7 +3,9 @@
 #include <cstdio>
 
 #include "config/IniFile.h"
+#include "functions/FunctionCatalogue.h"
 #include "host/HostState.h"
+#include "host/Log.h"
 #include "modules/GF_Abstract_Module.h"
 #include "modules/GFLGT2_Module.h"
 #include "modules/GFLGT_Module.h"
@@ -282,7 +284,10 @@ std::string ReadAssignmentValue(const std::string& section, const std::string& k
 ResolvedAssignment ReadAssignment(const std::string& section, const AssignmentKeyGroup& group, int index,
                                   std::int32_t thisUnit) {
   const std::string value = ReadAssignmentValue(section, KeyName(group, index), KeyDefault(group, index));
-  return ResolveAssignment(value.c_str(), group.target, thisUnit);
+  const ResolvedAssignment resolved = ResolveAssignment(value.c_str(), group.target, thisUnit);
+  if (resolved.functionId == kNada && !value.empty() && value != GetFunctionName(kNada))
+    SimLogUnknownFunction(section, KeyName(group, index), value);
+  return resolved;
 }
 
 int ReadWheelGain(const std::string& section, const CalibrationKey& key) {

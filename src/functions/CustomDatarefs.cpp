@@ -57,11 +57,17 @@ constexpr const char* kX737Datarefs[] = {
     "x737/systems/MCP/LED_CMDB_on",        "x737/systems/MCP/LED_VORLOC_on",
 };
 
-void AnnounceTo(XPLMPluginID editor, const char* path) {
-  XPLMSendMessageToPlugin(editor, kDataRefEditorAddDataref, const_cast<char*>(path));
-}
+constexpr const char* kDatarefBrowsers[] = {kDataRefEditorSignature, kDataRefToolSignature};
 
 }  // namespace
+
+void AnnounceDataref(const char* path) {
+  for (const char* signature : kDatarefBrowsers) {
+    const XPLMPluginID browser = XPLMFindPluginBySignature(signature);
+    if (browser == XPLM_NO_PLUGIN_ID) continue;
+    XPLMSendMessageToPlugin(browser, kDataRefEditorAddDataref, const_cast<char*>(path));
+  }
+}
 
 // Every start looks the simulator's datarefs up afresh: a plug-in started again (in a new
 // simulator, as the test driver does) must not keep handles of the previous one.
@@ -74,13 +80,11 @@ void PublishCustomDatarefs() {
 }
 
 void AnnounceCustomDatarefs() {
-  const XPLMPluginID editor = XPLMFindPluginBySignature(kDataRefEditorSignature);
-  if (editor == XPLM_NO_PLUGIN_ID) return;
   for (std::size_t bit = 0; bit < kAnnouncedAutopilotStateCount; ++bit) {
-    AnnounceTo(editor, AutopilotStatePath(bit).c_str());
+    AnnounceDataref(AutopilotStatePath(bit).c_str());
   }
-  AnnounceTo(editor, kAltKnobDataref);
-  for (const char* path : kX737Datarefs) AnnounceTo(editor, path);
+  AnnounceDataref(kAltKnobDataref);
+  for (const char* path : kX737Datarefs) AnnounceDataref(path);
 }
 
 }  // namespace drav

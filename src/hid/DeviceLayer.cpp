@@ -27,6 +27,7 @@
 #include "hid/GFDev.h"
 #include "hid/ModelTable.h"
 #include "hid/backend/HidBackend.h"
+#include "host/Log.h"
 
 namespace drav {
 
@@ -115,6 +116,15 @@ constexpr std::chrono::milliseconds kInputCallbackWait{1000};
 HidBackend* gBackend = nullptr;
 std::vector<HidDeviceChange> gChanges;
 
+// A panel the system would not let us open is told in the simulator's log, with the reason; any
+// other vendor's device is none of the pilot's business.
+void TellUnopenedPanel(HidBackend& backend, const std::string& path) {
+  const HidOpenFailure failure = backend.DescribeOpenFailure(path);
+  const PanelModel* model = FindPanelModelByProductId(failure.productId);
+  if (failure.vendorId != kPanelVendorId || failure.reason.empty()) return;
+  SimLogUnopenedPanel(model != nullptr ? model->name : "A panel", path, failure.reason);
+}
+
 // Who is at a path, read through one open: the model whose product id it reports (null for another
 // vendor or an unknown product), where it is attached and its serial. Nothing when it cannot be
 // opened for reading and writing.
@@ -125,6 +135,7 @@ struct Arrival {
 
 std::optional<Arrival> ReadArrival(HidBackend& backend, const std::string& path) {
   std::unique_ptr<HidDeviceHandle> handle = backend.Open(path);
+  if (handle == nullptr) TellUnopenedPanel(backend, path);
   HidAttributes attributes;
   if (handle == nullptr || !handle->GetAttributes(&attributes)) return std::nullopt;
   Arrival arrival;

@@ -48,11 +48,8 @@ float UpdateFlightLoop(float, float, int, void*) {
 
 float AnnounceFlightLoop(float, float, int, void*) {
   if (gSettings.ShowCustomDatarefs != 0) AnnounceCustomDatarefs();
-  XPLMPluginID editor = XPLMFindPluginBySignature(kDataRefEditorSignature);
-  if (editor != XPLM_NO_PLUGIN_ID) {
-    XPLMSendMessageToPlugin(editor, kDataRefEditorAddDataref, const_cast<char*>(kMcpProDisabledDataref));
-    XPLMSendMessageToPlugin(editor, kDataRefEditorAddDataref, const_cast<char*>(kEfisDisabledDataref));
-  }
+  AnnounceDataref(kMcpProDisabledDataref);
+  AnnounceDataref(kEfisDisabledDataref);
   return 0.0f;  // once only
 }
 

@@ -3,11 +3,15 @@
 // that cannot be written is lost.
 #include "host/Log.h"
 
+#include <XPLMUtilities.h>
+
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
 #include <mutex>
 #include <string>
+#include <vector>
 
 #include "config/IniFile.h"
 #include "host/PlatformDebugOutput.h"
@@ -92,5 +96,62 @@ void LogBits32(const char* label, std::uint32_t value) {
   digits[32] = '\0';
   LogFormat("%s = %s", label ? label : "", digits);
 }
+
+namespace {
+
+constexpr const char* kSimLogPrefix = "DRAV: ";
+// Lines already told about unknown function names; past this many a broken file has said enough.
+constexpr std::size_t kMaxToldValues = 32;
+std::vector<std::string> gToldValues;  // main thread only
+
+void SimLogVFormat(const char* format, va_list arguments) {
+  char text[kLogLineMax + 1];
+  const int written = std::vsnprintf(text, sizeof text, format, arguments);
+  if (written >= 0) SimLogLine(text);
+}
+
+// Linux refuses a panel's node to a user without the udev rule, which is the usual cause.
+bool IsPermissionProblem(const std::string& reason) { return reason == "permission denied"; }
+
+}  // namespace
+
+void SimLogLine(const char* text) {
+  char line[kLogLineMax + 16];
+  const std::size_t length = text ? strnlen(text, kLogLineMax) : 0;
+  std::snprintf(line, sizeof line, "%s%.*s\n", kSimLogPrefix, static_cast<int>(length), text ? text : "");
+  XPLMDebugString(line);
+}
+
+void SimLogFormat(const char* format, ...) {
+  if (!format) return;
+  va_list arguments;
+  va_start(arguments, format);
+  SimLogVFormat(format, arguments);
+  va_end(arguments);
+}
+
+void SimLogUnknownFunction(const std::string& section, const std::string& key, const std::string& value) {
+  const std::string told = section + '\n' + key + '\n' + value;
+  if (gToldValues.size() >= kMaxToldValues ||
+      std::find(gToldValues.begin(), gToldValues.end(), told) != gToldValues.end()) {
+    return;
+  }
+  gToldValues.push_back(told);
+  SimLogFormat("DRAV.INI [%s] %s = %s names no function; the control does nothing.", section.c_str(),
+               key.c_str(), value.c_str());
+  if (gToldValues.size() == kMaxToldValues) SimLogLine("DRAV.INI: further values that name no function are not listed.");
+}
+
+void SimLogUnopenedPanel(const char* model, const std::string& path, const std::string& reason) {
+  if (IsPermissionProblem(reason)) {
+    SimLogFormat("%s at %s could not be opened: permission denied. Install the udev rule "
+                 "70-drav-panels.rules (see docs/install.md) and plug the panel in again.",
+                 model ? model : "A panel", path.c_str());
+  } else {
+    SimLogFormat("%s at %s could not be opened: %s.", model ? model : "A panel", path.c_str(), reason.c_str());
+  }
+}
+
+void ResetSimLog() { gToldValues.clear(); }
 
 }  // namespace drav

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace drav {
 
@@ -20,5 +21,21 @@ void LogFormat(const char* format, ...) __attribute__((format(printf, 1, 2)));
 void LogBits16(const char* label, std::uint32_t value);
 // "%s = %s" with 32 binary digits, bit 31 first.
 void LogBits32(const char* label, std::uint32_t value);
+
+// ---- the simulator's Log.txt ------------------------------------------------------------------
+// Where pilots and add-on authors look first, so these lines are written whatever the DEBUG switches
+// say: few, each one something a pilot can act on, each prefixed "DRAV: ". Main thread only, as the
+// SDK wants it; never from the device layer's threads.
+
+// One line ("DRAV: " + text + line end), the text cut to kLogLineMax characters.
+void SimLogLine(const char* text);
+void SimLogFormat(const char* format, ...) __attribute__((format(printf, 1, 2)));
+
+// A DRAV.INI value that names no function. Each (section, key, value) is told once, however often
+// the units are loaded again (every pick reloads one); the plug-in's start forgets what was told.
+void SimLogUnknownFunction(const std::string& section, const std::string& key, const std::string& value);
+// A panel that could not be opened, and why ("permission denied" on Linux points at the udev rule).
+void SimLogUnopenedPanel(const char* model, const std::string& path, const std::string& reason);
+void ResetSimLog();
 
 }  // namespace drav

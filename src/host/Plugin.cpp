@@ -4,6 +4,7 @@
 #include <XPLMUtilities.h>
 
 #include <cstdio>
+#include <string>
 
 #include "functions/CustomDatarefs.h"
 #include "hid/GFDev.h"
@@ -20,6 +21,7 @@
 #include "host/TakeoverDatarefs.h"
 #include "modules/DeviceInput.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleTypes.h"
 #include "functions/DisplayBrightness.h"
 #include "modules/GearPanel.h"
 #include "ui/AssignDialog.h"
@@ -53,6 +55,24 @@ void StopPanels() {
   GFDev_Stop();
 }
 
+// One Log.txt line for the whole set, so that a cockpit of many panels still tells it in one: each
+// unit by model and by the number its DRAV.INI section carries (counted from 1).
+void ReportUnitsFound() {
+  std::string units;
+  for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
+    const std::int32_t count = TheModuleManager().UnitCount(type);
+    for (std::int32_t unit = 0; unit < count; ++unit) {
+      units += units.empty() ? "" : ", ";
+      units += std::string(ModelName(type)) + " Unit " + std::to_string(unit + 1);
+    }
+  }
+  if (units.empty()) {
+    SimLogLine("no panel found (see docs/troubleshooting.md).");
+  } else {
+    SimLogFormat("panels found: %s.", units.c_str());
+  }
+}
+
 }  // namespace
 
 bool PanelsRunning() { return gPanelsRunning; }
@@ -65,6 +85,7 @@ void RescanPanels() {
   CloseAssignDialog();
   StopPanels();
   StartPanels();
+  ReportUnitsFound();
   // Before the first refresh tick the assignments are not loaded yet; that tick loads them all.
   if (ModulesInitialised == 1) {
     LoadAllAssignments();
@@ -90,6 +111,8 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   PublishCustomDatarefs();
   gMetricPressDataref = XPLMFindDataRef("sim/physics/metric_press");
   RegisterTakeoverDatarefs();
+  ResetSimLog();
+  SimLogFormat("starting %s", kPluginDescription);
   ReadDebugSwitches();  // before the first log line, so the log works from the first line on
   InitLogPath();
   LogLine("+++ LOGGING STARTED +++");
@@ -109,6 +132,7 @@ void PluginStop() {
 
 int PluginEnable() {
   StartPanels();
+  ReportUnitsFound();
   SplashTickCount = 0;
   RegisterFlightLoops();
   if (LoadOptionalXplmApi()) ResolveEngineAndAnnunciatorCommands();

@@ -5,10 +5,13 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
+#include <cstring>
 #include <memory>
 #include <utility>
 #include <vector>
 
+#include "host/OptionalXplmApi.h"
 #include "ui/InterfaceTexture.h"
 #include "ui/MenuColours.h"
 #include "ui/PickMenuLayout.h"
@@ -102,7 +105,13 @@ void DrawItemText(const PickMenuItem& item, const ScreenRect& cell, const PickMe
   const MenuColour colour = GetMenuColour(item.enabled ? kMenuText : kMenuTextDisabled);
   float rgb[3] = {colour.red, colour.green, colour.blue};
   const int baseline = (cell.top + cell.bottom) / 2 - metrics.fontHeight / 2 + 2;
-  XPLMDrawString(rgb, cell.left + kMenuTextInset, baseline, item.text.c_str(), nullptr, xplmFont_Basic);
+  // Older SDK headers take the text as char*: hand over a writable copy so that the plug-in builds
+  // against either declaration.
+  char text[256];
+  const std::size_t length = std::min(item.text.size(), sizeof text - 1);
+  std::memcpy(text, item.text.data(), length);
+  text[length] = '\0';
+  XPLMDrawString(rgb, cell.left + kMenuTextInset, baseline, text, nullptr, xplmFont_Basic);
 }
 
 void DrawMenu(XPLMWindowID /*window*/, void* /*refcon*/) {
@@ -208,7 +217,9 @@ bool OpenPickMenu(int anchorLeft, int anchorTop, const char* items, int currentI
   params.handleKeyFunc = HandleKey;
   params.handleCursorFunc = HandleCursor;
   params.handleMouseWheelFunc = HandleWheel;
-  menu->window = XPLMCreateWindowEx(&params);
+  // A simulator without the 2.x window call gets no menu rather than a plug-in that fails to load.
+  if (gOptionalXplmApi.XPLMCreateWindowEx == nullptr) return false;
+  menu->window = gOptionalXplmApi.XPLMCreateWindowEx(&params);
   if (menu->window == nullptr) return false;
   if (scrolling) XPLMTakeKeyboardFocus(menu->window);
   gMenu = std::move(menu);

@@ -53,6 +53,13 @@ class HidDeviceHandle {
   virtual bool WriteOutputReport(const std::uint8_t* data, std::size_t length) = 0;
 };
 
+// Why a panel could not be opened, told without opening it (from what the system says of the path).
+struct HidOpenFailure {
+  std::uint16_t vendorId = 0;
+  std::uint16_t productId = 0;
+  std::string reason;  // "permission denied" ...; empty when the path is no device we know of
+};
+
 struct HidDeviceChange {
   enum class Kind { Arrival, Removal };
   Kind kind = Kind::Arrival;
@@ -67,6 +74,9 @@ class HidBackend {
   virtual std::vector<std::string> EnumerateDevicePaths() = 0;
   // Opens a path for reading and writing, shared with other handles; null when it cannot be opened.
   virtual std::unique_ptr<HidDeviceHandle> Open(const std::string& path) = 0;
+  // Main thread, after Open failed: the ids and the reason, for the pilot's log. Other vendors'
+  // devices fail too (Linux keeps most nodes to root), so the ids tell a panel from them.
+  virtual HidOpenFailure DescribeOpenFailure(const std::string& /*path*/) { return {}; }
 
   // Starts and stops noticing arrivals and removals (the layer's start and stop).
   virtual void StartNotifications() = 0;

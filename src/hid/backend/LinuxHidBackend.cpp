@@ -26,6 +26,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -257,6 +258,22 @@ std::unique_ptr<HidDeviceHandle> LinuxHidBackend::Open(const std::string& path) 
   const auto layout = ReadReportLayout(fd.get());
   std::string nodeName = std::filesystem::path(canonical).filename().string();
   return std::make_unique<HidrawHandle>(fd.release(), cancelFd.release(), std::move(nodeName), layout);
+}
+
+// The ids come from sysfs, which anyone may read; the reason from trying the node once more.
+HidOpenFailure LinuxHidBackend::DescribeOpenFailure(const std::string& path) {
+  const std::string canonical = CanonicalHidrawPath(path);
+  const std::string nodeName = std::filesystem::path(canonical).filename().string();
+  const auto uevent = ReadTextFile(kSysfsHidraw + nodeName + "/device/uevent");
+  const auto identity = uevent ? ParseHidUevent(*uevent) : std::nullopt;
+  if (!identity) return {};
+  FileDescriptor fd(open(canonical.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
+  const int error = fd.get() < 0 ? errno : 0;
+  HidOpenFailure failure{identity->vendorId, identity->productId, {}};
+  failure.reason = error == EACCES || error == EPERM ? "permission denied"
+                   : error != 0                      ? std::strerror(error)
+                                                     : "not a HID device the kernel answers for";
+  return failure;
 }
 
 void LinuxHidBackend::StartNotifications() {

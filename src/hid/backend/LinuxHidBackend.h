@@ -43,6 +43,7 @@ class LinuxHidBackend : public HidBackend {
 
   std::vector<std::string> EnumerateDevicePaths() override;
   std::unique_ptr<HidDeviceHandle> Open(const std::string& path) override;
+  HidOpenFailure DescribeOpenFailure(const std::string& path) override;
   // Main thread only (as the layer's start and stop are).
   void StartNotifications() override;
   void StopNotifications() override;

@@ -321,6 +321,19 @@ std::unique_ptr<HidDeviceHandle> VirtualHidBackend::Open(const std::string& path
   return std::make_unique<Handle>(this, found->second);
 }
 
+HidOpenFailure VirtualHidBackend::DescribeOpenFailure(const std::string& path) {
+  std::lock_guard lock(mutex_);
+  auto found = units_.find(path);
+  if (found == units_.end() || !found->second->present) return {};
+  const VirtualUnitSpec& spec = found->second->spec;
+#ifdef _WIN32
+  const char* refused = "access denied";
+#else
+  const char* refused = "permission denied";
+#endif
+  return {spec.vendorId, spec.productId, found->second->Failing(VirtualFault::Open) ? refused : ""};
+}
+
 void VirtualHidBackend::StartNotifications() {
   std::lock_guard lock(mutex_);
   notifying_ = true;

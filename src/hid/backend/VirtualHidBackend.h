@@ -84,6 +84,8 @@ class VirtualHidBackend : public HidBackend {
   // ---- HidBackend ------------------------------------------------------------------------------
   std::vector<std::string> EnumerateDevicePaths() override;  // present units, in plug order
   std::unique_ptr<HidDeviceHandle> Open(const std::string& path) override;
+  // A unit told to fail opening is refused as the platform refuses a user without access.
+  HidOpenFailure DescribeOpenFailure(const std::string& path) override;
   void StartNotifications() override;
   void StopNotifications() override;
   void TakeDeviceChanges(std::vector<HidDeviceChange>& out) override;

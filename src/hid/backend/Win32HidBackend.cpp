@@ -22,8 +22,11 @@ extern "C" {
 }
 // clang-format on
 
+#include <cctype>
 #include <cstddef>
+#include <cstdlib>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace drav {
@@ -208,6 +211,35 @@ std::vector<std::string> Win32HidBackend::EnumerateDevicePaths() {
   }
   SetupDiDestroyDeviceInfoList(set);
   return paths;
+}
+
+namespace {
+
+// "...VID_09F3&PID_0020..." in an interface path (the layer keeps paths upper-cased); 0 when absent.
+std::uint16_t HexIdAfter(const std::string& path, const char* tag) {
+  std::string upper = path;
+  for (char& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  const std::size_t at = upper.find(tag);
+  if (at == std::string::npos) return 0;
+  return static_cast<std::uint16_t>(std::strtoul(upper.substr(at + std::strlen(tag), 4).c_str(), nullptr, 16));
+}
+
+}  // namespace
+
+// The ids are in the interface path; the reason comes from trying the path once more.
+HidOpenFailure Win32HidBackend::DescribeOpenFailure(const std::string& path) {
+  HidOpenFailure failure{HexIdAfter(path, "VID_"), HexIdAfter(path, "PID_"), {}};
+  HANDLE handle = OpenDevice(path, 0);
+  const DWORD error = handle == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+  CloseIfOpen(handle);
+  if (error == ERROR_ACCESS_DENIED) {
+    failure.reason = "access denied";
+  } else if (error == ERROR_SHARING_VIOLATION) {
+    failure.reason = "in use by another program";
+  } else {
+    failure.reason = "Windows error " + std::to_string(error);
+  }
+  return failure;
 }
 
 std::unique_ptr<HidDeviceHandle> Win32HidBackend::Open(const std::string& path) {

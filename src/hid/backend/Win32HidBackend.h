@@ -21,6 +21,7 @@ class Win32HidBackend : public HidBackend {
 
   std::vector<std::string> EnumerateDevicePaths() override;
   std::unique_ptr<HidDeviceHandle> Open(const std::string& path) override;
+  HidOpenFailure DescribeOpenFailure(const std::string& path) override;
   // Main thread: the window belongs to the thread that creates it, and the simulator pumps that
   // thread's messages.
   void StartNotifications() override;

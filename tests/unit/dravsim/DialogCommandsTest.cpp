@@ -4,6 +4,7 @@
 
 #include "DialogTestDialog.h"
 #include "DravsimTestSupport.h"
+#include "../TestFolders.h"
 
 namespace dravsim::testing {
 namespace {
@@ -169,8 +170,7 @@ TEST_F(DialogCommandsTest, MisshapenCommandsShowTheirUsage) {
 }
 
 TEST(DialogCommandsWithoutDialog, ThePluginsDialogIsClosedUntilItOpens) {
-  const std::filesystem::path root =
-      std::filesystem::temp_directory_path() / "drav-dialog-without-dialog";
+  const std::filesystem::path root = drav_test::FreshTestFolder("dialog");
   sim::SimHost::Current().Reset(root);
   std::ostringstream out;
   ScenarioRunner runner(out, RunnerOptions{true, {}});

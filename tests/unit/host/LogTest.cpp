@@ -1,6 +1,7 @@
 // The log file: switches, line format, bit dumps, appending, and two threads logging at once.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <thread>
@@ -138,3 +139,57 @@ TEST_F(LogTest, LinesFromTwoThreadsNeverInterleave) {
 }
 
 }  // namespace
+
+// ---- X-Plane's Log.txt ---------------------------------------------------------------------------
+
+class SimLogTest : public LogTest {
+ protected:
+  void SetUp() override {
+    LogTest::SetUp();
+    drav::ResetSimLog();
+  }
+  void TearDown() override {
+    drav::ResetSimLog();
+    LogTest::TearDown();
+  }
+  // XPLMDebugString's file: what X-Plane keeps in its own folder, written as given.
+  std::string SimLogText() const {
+    return drav_test::ReadBytes(PluginFolder().parent_path().parent_path().parent_path() / "Log.txt").value_or("");
+  }
+};
+
+TEST_F(SimLogTest, LinesArePrefixedEndedAndCutWhateverTheDebugSwitchesSay) {
+  drav::SimLogLine("panels found: GF-46 Unit 1.");
+  drav::SimLogFormat("%s at %d", "value", 3);
+  drav::SimLogLine(std::string(600, 'x').c_str());
+  drav::SimLogLine(nullptr);
+  EXPECT_EQ(SimLogText(), "DRAV: panels found: GF-46 Unit 1.\nDRAV: value at 3\nDRAV: " + std::string(510, 'x') +
+                              "\nDRAV: \n");
+  EXPECT_FALSE(LogExists());  // the plug-in's own log stays off
+}
+
+TEST_F(SimLogTest, EachUnknownFunctionIsToldOnceAndAFloodIsCut) {
+  drav::SimLogUnknownFunction("GFP8_1", "Function4", "LANDING_LITES");
+  drav::SimLogUnknownFunction("GFP8_1", "Function4", "LANDING_LITES");  // the unit loaded again
+  drav::SimLogUnknownFunction("GFP8_2", "Function4", "LANDING_LITES");  // another unit: told
+  EXPECT_EQ(SimLogText(),
+            "DRAV: DRAV.INI [GFP8_1] Function4 = LANDING_LITES names no function; the control does nothing.\n"
+            "DRAV: DRAV.INI [GFP8_2] Function4 = LANDING_LITES names no function; the control does nothing.\n");
+  for (int key = 0; key < 100; ++key) drav::SimLogUnknownFunction("GFDIO_1", "Input" + std::to_string(key), "X");
+  const std::string text = SimLogText();
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 33);
+  EXPECT_NE(text.find("further values that name no function are not listed"), std::string::npos);
+  drav::ResetSimLog();  // the next start tells them again
+  drav::SimLogUnknownFunction("GFP8_1", "Function4", "LANDING_LITES");
+  const std::string again = SimLogText();
+  EXPECT_EQ(std::count(again.begin(), again.end(), '\n'), 34);
+}
+
+TEST_F(SimLogTest, PermissionDeniedNamesTheUdevRuleAndOtherReasonsAreGivenAsTheyAre) {
+  drav::SimLogUnopenedPanel("GF-46", "/dev/hidraw3", "permission denied");
+  drav::SimLogUnopenedPanel("GF-P8", "\\\\?\\HID#VID_09F3&PID_0020", "access denied");
+  EXPECT_EQ(SimLogText(),
+            "DRAV: GF-46 at /dev/hidraw3 could not be opened: permission denied. Install the udev rule "
+            "70-drav-panels.rules (see docs/install.md) and plug the panel in again.\n"
+            "DRAV: GF-P8 at \\\\?\\HID#VID_09F3&PID_0020 could not be opened: access denied.\n");
+}

@@ -18,6 +18,7 @@
 #include "host/SplashWindow.h"
 #include "ui/AssignDialog.h"
 #include "modules/GearPanel.h"
+#include "../TestFolders.h"
 
 namespace drav {
 namespace {
@@ -25,10 +26,7 @@ namespace {
 class PluginLifecycleTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root_ = std::filesystem::temp_directory_path() /
-            ("drav-lifecycle-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) + "-" +
-             ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    std::filesystem::remove_all(root_);
+    root_ = drav_test::FreshTestFolder("lifecycle");
     host().Reset(root_);
     sim::PluginEntryPoints plugin;
     plugin.start = PluginStart;

@@ -23,6 +23,7 @@
 #include "host/SimHost.h"
 #include "modules/ModuleManager.h"
 #include "modules/PanelPower.h"
+#include "../TestFolders.h"
 
 namespace drav {
 namespace {
@@ -121,11 +122,7 @@ class GF166ModuleTest : public testing::VirtualPanelsTest {
  protected:
   void SetUp() override {
     VirtualPanelsTest::SetUp();
-    root_ = std::filesystem::temp_directory_path() /
-            ("drav_gf166_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
-    std::filesystem::create_directories(root_);
+    root_ = drav_test::FreshTestFolder("gf166");
     sim::SimHost::Current().Reset(root_);
     ResetPanelPowerLookups();
     gDebug = DebugSwitches{};

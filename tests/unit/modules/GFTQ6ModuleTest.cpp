@@ -17,6 +17,7 @@
 #include "host/Log.h"
 #include "host/Settings.h"
 #include "host/SimHost.h"
+#include "../TestFolders.h"
 
 namespace drav {
 namespace {
@@ -34,11 +35,7 @@ const char* const kPropMode = "sim/flightmodel/engine/ENGN_propmode";
 class GFTQ6ModuleTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root_ = std::filesystem::temp_directory_path() /
-            ("drav_tq6_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
-    std::filesystem::create_directories(root_);
+    root_ = drav_test::FreshTestFolder("tq6");
     host().Reset(root_);
     gDebug = DebugSwitches{};
     gSettings = GlobalSettings{};

@@ -18,6 +18,7 @@
 #include "host/Settings.h"
 #include "host/SimHost.h"
 #include "modules/PanelPower.h"
+#include "../TestFolders.h"
 
 namespace drav::lightboxtest {
 
@@ -36,11 +37,7 @@ inline constexpr const char* kDecisionHeightPath = "sim/cockpit/misc/radio_altim
 class LightBoxTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root_ = std::filesystem::temp_directory_path() /
-            ("drav_lightbox_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
-    std::filesystem::create_directories(root_);
+    root_ = drav_test::FreshTestFolder("lightbox");
     Host().Reset(root_);
     ResetPanelPowerLookups();
     gDebug = DebugSwitches{};

@@ -19,6 +19,7 @@
 #include "host/Settings.h"
 #include "host/SimHost.h"
 #include "modules/PanelPower.h"
+#include "../TestFolders.h"
 
 namespace drav::testing {
 
@@ -28,11 +29,7 @@ class McpPanelFixture : public VirtualPanelsTest {
 
   void SetUp() override {
     VirtualPanelsTest::SetUp();
-    root_ = std::filesystem::temp_directory_path() /
-            ("drav_mcp_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
-    std::filesystem::create_directories(root_);
+    root_ = drav_test::FreshTestFolder("mcp");
     sim::SimHost::Current().Reset(root_);
     ResetPanelPowerLookups();
     ResetHostState();

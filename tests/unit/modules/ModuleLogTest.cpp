@@ -15,6 +15,7 @@
 #include "host/SimHost.h"
 #include "modules/ModuleManager.h"
 #include "modules/ModuleMechanics.h"
+#include "../TestFolders.h"
 
 namespace drav {
 namespace {
@@ -31,11 +32,7 @@ const ModuleModel kLoggedModels[] = {
 class ModuleLogTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root_ = std::filesystem::temp_directory_path() /
-            ("drav_module_log_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
-    std::filesystem::create_directories(root_);
+    root_ = drav_test::FreshTestFolder("module_log");
     sim::SimHost::Current().Reset(root_);
     gDebug = DebugSwitches{};
     gDebug.DebugEnabled = 1;

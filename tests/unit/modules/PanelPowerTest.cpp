@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "host/SimHost.h"
+#include "../TestFolders.h"
 
 namespace drav {
 namespace {
@@ -25,9 +26,7 @@ constexpr const char* kEngineN1 = "sim/flightmodel/engine/ENGN_N1_";
 class PanelPowerTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    root_ = std::filesystem::temp_directory_path() /
-            ("drav_panel_power_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    std::filesystem::create_directories(root_);
+    root_ = drav_test::FreshTestFolder("panel_power");
     Host().Reset(root_);
     ResetPanelPowerLookups();
   }

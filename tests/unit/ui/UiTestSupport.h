@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "host/HostState.h"
+#include "host/OptionalXplmApi.h"
 #include "host/SimHost.h"
 #include "ui/AssignDialog.h"
 #include "ui/MenuColours.h"
@@ -26,6 +27,7 @@ class UiTest : public ::testing::Test {
     ResetMenuColourLookups();
     // The plug-in reads the version at start; these tests run its parts without starting it.
     gSimulatorVersions.xplaneVersion = 12000;
+    ASSERT_TRUE(LoadOptionalXplmApi());
   }
 
   void TearDown() override {
