@@ -80,13 +80,6 @@ bool ArgCount(ScenarioContext& ctx, const Invocation& call, std::size_t low, std
   return false;
 }
 
-// The layer handles hot-plug notices on the main thread between frames; dravsim stands in for
-// the simulator's message pump and lets it handle them before the next line.
-void LetLayerSeeDeviceChanges(ScenarioContext& ctx, const Invocation& call) {
-  drav::GFDev_ProcessDeviceChanges();
-  WaitForPanelOutput(ctx, call);
-}
-
 // The unit's slot in the device layer's table, when the layer holds it.
 std::optional<std::int32_t> LayerSlot(const PanelUnit& unit) {
   if (unit.model == nullptr) return std::nullopt;
@@ -104,6 +97,20 @@ bool WaitUntil(Condition condition) {
     std::this_thread::sleep_for(std::chrono::microseconds(200));
   }
   return true;
+}
+
+// The layer handles hot-plug notices on the main thread between frames; dravsim stands in for
+// the simulator's message pump and lets it handle them before the next line. A unit that came
+// back reads its state on its own thread and is shown everything once it has: dravsim waits for
+// that and lets the layer announce it before the next line too.
+void LetLayerSeeDeviceChanges(ScenarioContext& ctx, const Invocation& call) {
+  drav::GFDev_ProcessDeviceChanges();
+  if (!WaitUntil([] { return drav::GFDev_ReturnsSettled(); })) {
+    return CommandError(ctx, call, "a returning unit did not read its state within " +
+                                       std::to_string(kSettleTimeout.count()) + " ms");
+  }
+  drav::GFDev_ProcessDeviceChanges();
+  WaitForPanelOutput(ctx, call);
 }
 
 // Sends one input report and waits until the unit's read thread has decoded and delivered it.
@@ -252,9 +259,10 @@ bool ParsePlugOptions(ScenarioContext& ctx, const Invocation& call, drav::Virtua
 }
 
 std::optional<drav::VirtualFault> FaultArg(const Word& word) {
-  constexpr std::array<std::pair<std::string_view, drav::VirtualFault>, 5> kFaults = {{
+  constexpr std::array<std::pair<std::string_view, drav::VirtualFault>, 6> kFaults = {{
       {"open", drav::VirtualFault::Open},
       {"block", drav::VirtualFault::Block},
+      {"feature-block", drav::VirtualFault::FeatureBlock},
       {"read", drav::VirtualFault::Read},
       {"write", drav::VirtualFault::Write},
       {"feature", drav::VirtualFault::Feature},
@@ -272,7 +280,7 @@ namespace {
 // A stalled unit has settled once its writer sits in the stalled write, or has nothing to send:
 // its queue then changes only when the plug-in queues more, on this thread.
 bool StalledUnitSettled(ScenarioContext& ctx, const PanelUnit& unit) {
-  if (ctx.hid->BlockedWrites(unit.path) > 0) return true;
+  if (ctx.hid->BlockedWrites(unit.path) > 0 || ctx.hid->BlockedFeatureReads(unit.path) > 0) return true;
   const auto slot = LayerSlot(unit);
   return !slot || drav::GFDev_QueuedOutputReports(unit.model->moduleType, *slot) == 0;
 }
@@ -280,9 +288,15 @@ bool StalledUnitSettled(ScenarioContext& ctx, const PanelUnit& unit) {
 }  // namespace
 
 void WaitForPanelOutput(ScenarioContext& ctx, const Invocation& call) {
+  // A unit reopened during a frame reads its state on its own thread; its return is announced at
+  // the next frame, which then finds it read.
+  if (!WaitUntil([] { return drav::GFDev_ReturnsSettled(); })) {
+    return CommandError(ctx, call, "a returning unit did not read its state within " +
+                                       std::to_string(kSettleTimeout.count()) + " ms");
+  }
   std::vector<std::string> stalled;
   for (const PanelUnit& unit : ctx.panels.Units()) {
-    if (!unit.writesBlock || unit.model == nullptr) continue;
+    if ((!unit.writesBlock && !unit.featuresBlock) || unit.model == nullptr) continue;
     stalled.push_back(unit.path);
     if (!WaitUntil([&] { return StalledUnitSettled(ctx, unit); })) {
       return CommandError(ctx, call, unit.name + "'s writer neither stalled nor finished");
@@ -378,6 +392,7 @@ void FailCommand(ScenarioContext& ctx, const Invocation& call) {
   ctx.hid->SetFault(unit->path, *fault, *on);
   if (*fault == drav::VirtualFault::Write) unit->writesFail = *on;
   if (*fault == drav::VirtualFault::Block) unit->writesBlock = *on;
+  if (*fault == drav::VirtualFault::FeatureBlock) unit->featuresBlock = *on;
   WaitForPanelOutput(ctx, call);  // reports held back by a failing write go out once it works
 }
 

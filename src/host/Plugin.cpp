@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "functions/CustomDatarefs.h"
+#include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
 #include "host/CommandTables.h"
 #include "host/FlightLoops.h"
@@ -72,6 +73,7 @@ void PluginStop() {
 
 int PluginEnable() {
   GFDev_Start(gModuleInstance);
+  GFDev_SetUnitReturnHandler(ShowReturnedUnit);
   TheModuleManager().CreateModules();
   SplashTickCount = 0;
   GFDev_RegisterInputCallback(OnDeviceInput);
