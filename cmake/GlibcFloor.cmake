@@ -5,7 +5,8 @@
 # functions live there, whatever the loading program brought along.
 set(DRAV_WRAPPED_GLIBC pthread_create pthread_join pthread_detach pthread_once pthread_key_create
     __pthread_key_create pthread_key_delete pthread_getspecific pthread_setspecific
-    pthread_rwlock_rdlock pthread_rwlock_wrlock pthread_rwlock_unlock pthread_cond_clockwait
+    pthread_rwlock_rdlock pthread_rwlock_wrlock pthread_rwlock_unlock pthread_mutex_trylock
+    pthread_cond_clockwait
     stat lstat fstat64 arc4random _dl_find_object)
 
 function(drav_hold_glibc_floor target)

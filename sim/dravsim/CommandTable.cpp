@@ -30,7 +30,7 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"unplug", "unplug NAME", 1, 1, false, UnplugCommand},
     {"replug", "replug NAME [port P]", 1, 3, false, ReplugCommand},
     {"feature", "feature NAME ID = HEX", 4, kAny, false, FeatureCommand},
-    {"fail", "fail NAME open|read|write|feature|block on|off", 3, 3, false, FailCommand},
+    {"fail", "fail NAME open|read|write|feature|block|feature-block on|off", 3, 3, false, FailCommand},
 
     // Running the plug-in
     {"start", "start", 0, 0, false, ThenWaitForPanelOutput<StartCommand>},

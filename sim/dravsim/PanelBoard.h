@@ -23,6 +23,7 @@ struct PanelUnit {
   bool writesFail = false;  // `fail NAME write on`: its queued reports stay queued
   bool writesBlock = false;  // `fail NAME block on`: its writer stalls inside a write
   int renumberings = 0;      // times another device took its path while it was unplugged
+  bool featuresBlock = false;  // `fail NAME feature-block on`: its feature reads stall
   // What the unit was sent before the last `clear`, cut down to what its face still shows, so that
   // its displays and lights survive a clear: a real panel keeps showing what it was last told.
   std::vector<drav::VirtualSentReport> face;

@@ -86,8 +86,6 @@ bool ArgCount(ScenarioContext& ctx, const Invocation& call, std::size_t low, std
   return false;
 }
 
-// The layer handles hot-plug notices on the main thread between frames; dravsim stands in for
-// the simulator's message pump and lets it handle them before the next line.
 // The unit's slot in the device layer's table, when the layer holds it.
 std::optional<std::int32_t> LayerSlot(const ScenarioContext& ctx, const PanelUnit& unit) {
   if (unit.model == nullptr) return std::nullopt;
@@ -111,16 +109,6 @@ void AwaitLaggingNotices(ScenarioContext& ctx, const PanelUnit* unit, bool prese
   }
 }
 
-void LetLayerSeeDeviceChanges(ScenarioContext& ctx, const Invocation& call, const PanelUnit* unit = nullptr,
-                              bool present = true) {
-  if (ctx.hid->NoticesLag() && ctx.plugin.enabled) {
-    AwaitLaggingNotices(ctx, unit, present);
-  } else {
-    drav::GFDev_ProcessDeviceChanges();
-  }
-  WaitForPanelOutput(ctx, call);
-}
-
 template <typename Condition>
 bool WaitUntil(Condition condition) {
   const auto deadline = std::chrono::steady_clock::now() + kSettleTimeout;
@@ -129,6 +117,25 @@ bool WaitUntil(Condition condition) {
     std::this_thread::sleep_for(std::chrono::microseconds(200));
   }
   return true;
+}
+
+// The layer handles hot-plug notices on the main thread between frames; dravsim stands in for
+// the simulator's message pump and lets it handle them before the next line. A unit that came back
+// reads its state on its own thread and is shown everything once it has: dravsim waits for that and
+// lets the layer announce it before the next line too.
+void LetLayerSeeDeviceChanges(ScenarioContext& ctx, const Invocation& call, const PanelUnit* unit = nullptr,
+                              bool present = true) {
+  if (ctx.hid->NoticesLag() && ctx.plugin.enabled) {
+    AwaitLaggingNotices(ctx, unit, present);
+  } else {
+    drav::GFDev_ProcessDeviceChanges();
+  }
+  if (!WaitUntil([] { return drav::GFDev_ReturnsSettled(); })) {
+    return CommandError(ctx, call, "a returning unit did not read its state within " +
+                                       std::to_string(kSettleTimeout.count()) + " ms");
+  }
+  drav::GFDev_ProcessDeviceChanges();
+  WaitForPanelOutput(ctx, call);
 }
 
 // Sends one input report and waits until the unit's read thread has decoded and delivered it.
@@ -305,9 +312,10 @@ bool ParsePlugOptions(ScenarioContext& ctx, const Invocation& call, std::size_t 
 }
 
 std::optional<drav::VirtualFault> FaultArg(const Word& word) {
-  constexpr std::array<std::pair<std::string_view, drav::VirtualFault>, 5> kFaults = {{
+  constexpr std::array<std::pair<std::string_view, drav::VirtualFault>, 6> kFaults = {{
       {"open", drav::VirtualFault::Open},
       {"block", drav::VirtualFault::Block},
+      {"feature-block", drav::VirtualFault::FeatureBlock},
       {"read", drav::VirtualFault::Read},
       {"write", drav::VirtualFault::Write},
       {"feature", drav::VirtualFault::Feature},
@@ -325,7 +333,7 @@ namespace {
 // A stalled unit has settled once its writer sits in the stalled write, or has nothing to send:
 // its queue then changes only when the plug-in queues more, on this thread.
 bool StalledUnitSettled(ScenarioContext& ctx, const PanelUnit& unit) {
-  if (ctx.hid->BlockedWrites(unit.path) > 0) return true;
+  if (ctx.hid->BlockedWrites(unit.path) > 0 || ctx.hid->BlockedFeatureReads(unit.path) > 0) return true;
   const auto slot = LayerSlot(ctx, unit);
   return !slot || drav::GFDev_QueuedOutputReports(unit.model->moduleType, *slot) == 0;
 }
@@ -333,9 +341,15 @@ bool StalledUnitSettled(ScenarioContext& ctx, const PanelUnit& unit) {
 }  // namespace
 
 void WaitForPanelOutput(ScenarioContext& ctx, const Invocation& call) {
+  // A unit reopened during a frame reads its state on its own thread; its return is announced at
+  // the next frame, which then finds it read.
+  if (!WaitUntil([] { return drav::GFDev_ReturnsSettled(); })) {
+    return CommandError(ctx, call, "a returning unit did not read its state within " +
+                                       std::to_string(kSettleTimeout.count()) + " ms");
+  }
   std::vector<std::string> stalled;
   for (const PanelUnit& unit : ctx.panels.Units()) {
-    if (!unit.writesBlock || unit.model == nullptr) continue;
+    if ((!unit.writesBlock && !unit.featuresBlock) || unit.model == nullptr) continue;
     stalled.push_back(unit.path);
     if (!WaitUntil([&] { return StalledUnitSettled(ctx, unit); })) {
       return CommandError(ctx, call, unit.name + "'s writer neither stalled nor finished");
@@ -441,6 +455,7 @@ void FailCommand(ScenarioContext& ctx, const Invocation& call) {
   }
   if (*fault == drav::VirtualFault::Write) unit->writesFail = *on;
   if (*fault == drav::VirtualFault::Block) unit->writesBlock = *on;
+  if (*fault == drav::VirtualFault::FeatureBlock) unit->featuresBlock = *on;
   WaitForPanelOutput(ctx, call);  // reports held back by a failing write go out once it works
 }
 

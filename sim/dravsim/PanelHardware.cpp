@@ -35,6 +35,7 @@ class VirtualPanelHardware : public PanelHardware {
   std::size_t PendingInput(const std::string& key) const override { return hid_->PendingInput(key); }
   std::uint64_t InputTaken(const std::string& key) const override { return hid_->InputTaken(key); }
   std::size_t BlockedWrites(const std::string& key) const override { return hid_->BlockedWrites(key); }
+  std::size_t BlockedFeatureReads(const std::string& key) const override { return hid_->BlockedFeatureReads(key); }
   std::vector<drav::VirtualSentReport> Sent(const std::string& key) const override { return hid_->Sent(key); }
   void ClearSent() override { hid_->ClearSent(); }
   std::string LayerPath(const std::string& key) const override { return key; }

@@ -37,6 +37,7 @@ class PanelHardware {
   virtual std::size_t PendingInput(const std::string& key) const = 0;
   virtual std::uint64_t InputTaken(const std::string& key) const = 0;
   virtual std::size_t BlockedWrites(const std::string& key) const = 0;
+  virtual std::size_t BlockedFeatureReads(const std::string& key) const = 0;
 
   virtual std::vector<drav::VirtualSentReport> Sent(const std::string& key) const = 0;
   virtual void ClearSent() = 0;

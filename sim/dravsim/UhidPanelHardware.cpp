@@ -370,6 +370,8 @@ constexpr std::string_view kStallOutlasted =
     "the stall outlasted the kernel's 5 s set-report timeout, which the scenario's timing assumes it "
     "does not (a slow virtual machine)";
 constexpr std::string_view kCannotDenyRoot = "a node the user may not open cannot be faked for root";
+constexpr std::string_view kFeatureStallNotFaked =
+    "a stalled feature read (a get-report held unanswered) is not faked on uhid yet";
 
 class UhidPanelHardware : public PanelHardware {
  public:
@@ -423,6 +425,7 @@ class UhidPanelHardware : public PanelHardware {
     if (on && fault == drav::VirtualFault::Read) return std::string(kCannotRead);
     if (on && fault == drav::VirtualFault::Write) return std::string(kCannotFailOutput);
     if (on && fault == drav::VirtualFault::Open && geteuid() == 0) return std::string(kCannotDenyRoot);
+    if (on && fault == drav::VirtualFault::FeatureBlock) return std::string(kFeatureStallNotFaked);
     if (unit->SetFault(fault, on) > 0) return std::string(kStallOutlasted);
     return {};
   }
@@ -441,6 +444,7 @@ class UhidPanelHardware : public PanelHardware {
     const UhidUnit* unit = Find(key);
     return unit == nullptr ? 0 : unit->BlockedWrites();
   }
+  std::size_t BlockedFeatureReads(const std::string&) const override { return 0; }
   std::vector<drav::VirtualSentReport> Sent(const std::string& key) const override {
     const UhidUnit* unit = Find(key);
     return unit == nullptr ? std::vector<drav::VirtualSentReport>() : unit->Sent();

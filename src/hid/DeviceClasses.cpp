@@ -82,6 +82,11 @@ constexpr std::array<DeviceClass, 18> kDeviceClasses = {{
 
 }  // namespace
 
+std::size_t ReportKeyLength(const DeviceClass& deviceClass) {
+  constexpr std::uint32_t kGFWCP = 18;
+  return deviceClass.moduleType == kGFWCP ? 2 : 1;
+}
+
 const DeviceClass* FindDeviceClass(std::uint32_t moduleType) {
   for (const DeviceClass& deviceClass : kDeviceClasses) {
     if (deviceClass.moduleType == moduleType) return &deviceClass;

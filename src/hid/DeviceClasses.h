@@ -79,6 +79,11 @@ struct DeviceClass {
   std::uint8_t recordSize;  // bytes of the model's input record
 };
 
+// The leading bytes of an output report that name what it sets: its report id, and on the GF-WCP,
+// whose colour report addresses one of six lights, the light as well. A newer report with the same
+// leading bytes overrides an older one.
+std::size_t ReportKeyLength(const DeviceClass& deviceClass);
+
 // Null for GF-TPM (16) and numbers outside 1..19.
 const DeviceClass* FindDeviceClass(std::uint32_t moduleType);
 

@@ -33,40 +33,11 @@ namespace drav {
 
 namespace {
 
-#ifdef _WIN32
 // One callback runs at a time, and a read thread waits at most a second for its turn before it
-// drops the record. On Windows the turn is the system-wide named mutex "GFDev_MtxInputCallback", so
-// that every copy of the layer in the simulator's process (and any other program that takes the
-// same name) shares it. A mutex that cannot be made leaves the gate always open.
-class InputCallbackGate {
- public:
-  InputCallbackGate() : mutex_(CreateMutexA(nullptr, FALSE, "GFDev_MtxInputCallback")) {}
-  ~InputCallbackGate() {
-    if (mutex_ != nullptr) CloseHandle(mutex_);
-  }
-  InputCallbackGate(const InputCallbackGate&) = delete;
-  InputCallbackGate& operator=(const InputCallbackGate&) = delete;
-
-  bool TryEnterFor(std::chrono::milliseconds timeout) {
-    if (mutex_ == nullptr) return true;
-    const DWORD result = WaitForSingleObject(mutex_, static_cast<DWORD>(timeout.count()));
-    // An abandoned mutex (its holder's thread ended) is ours now, as a taken one is.
-    return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
-  }
-  void Enter() { TryEnterFor(std::chrono::milliseconds(INFINITE)); }
-  void Leave() {
-    if (mutex_ != nullptr) ReleaseMutex(mutex_);
-  }
-
- private:
-  HANDLE mutex_;
-};
-#else
-// Stands in for the named mutex "GFDev_MtxInputCallback" of Windows: one callback runs at a time, and a read
-// thread waits at most a second for its turn before it drops the record. Built on a mutex and a
-// condition variable rather than std::timed_mutex, whose timed wait the thread sanitizer cannot
-// follow (it then reports every unlock as an unlock of an unlocked mutex).
-class InputCallbackGate {
+// drops the record. Built on a mutex and a condition variable rather than std::timed_mutex, whose
+// timed wait the thread sanitizer cannot follow (it then reports every unlock as an unlock of an
+// unlocked mutex).
+class LocalGate {
  public:
   bool TryEnterFor(std::chrono::milliseconds timeout) {
     std::unique_lock<std::mutex> lock(mutex_);
@@ -93,6 +64,67 @@ class InputCallbackGate {
   bool held_ = false;
 };
 
+#ifdef _WIN32
+// On Windows the turn is also the system-wide named mutex "GFDev_MtxInputCallback", so that every
+// copy of the layer in the simulator's process (and any other program that takes the same name)
+// shares it. The process's own gate is always taken first: the input queue has one producer at a
+// time whatever became of the name (held by an object of another type, or by a process whose rights
+// deny access, the name yields no mutex). Another process may hold the named mutex for as long as
+// it likes, so it is never waited for without a limit: past the limit a caller that must get in
+// goes on with the process's own gate only.
+class InputCallbackGate {
+ public:
+  InputCallbackGate() : named_(CreateMutexA(nullptr, FALSE, kName)) {
+    if (named_ == nullptr) named_ = OpenMutexA(SYNCHRONIZE | MUTEX_MODIFY_STATE, FALSE, kName);
+  }
+  ~InputCallbackGate() {
+    if (named_ != nullptr) CloseHandle(named_);
+  }
+  InputCallbackGate(const InputCallbackGate&) = delete;
+  InputCallbackGate& operator=(const InputCallbackGate&) = delete;
+
+  bool TryEnterFor(std::chrono::milliseconds timeout) {
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    if (!local_.TryEnterFor(timeout)) return false;
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+    if (!TakeNamed(std::max(left, std::chrono::milliseconds(0)))) {
+      local_.Leave();
+      return false;
+    }
+    return true;
+  }
+  // The main thread's turn (registering or clearing the callback): the process's own gate, and
+  // the named mutex when it comes within the callback wait.
+  void Enter() {
+    local_.Enter();
+    TakeNamed(kNamedWait);
+  }
+  void Leave() {
+    if (namedHeld_) ReleaseMutex(named_);
+    namedHeld_ = false;
+    local_.Leave();
+  }
+
+ private:
+  static constexpr const char* kName = "GFDev_MtxInputCallback";
+  static constexpr std::chrono::milliseconds kNamedWait{1000};
+
+  // Caller holds the local gate. True when the named mutex was taken or there is none.
+  bool TakeNamed(std::chrono::milliseconds timeout) {
+    if (named_ == nullptr) return true;
+    const DWORD result = WaitForSingleObject(named_, static_cast<DWORD>(timeout.count()));
+    // An abandoned mutex (its holder's thread ended) is ours now, as a taken one is.
+    namedHeld_ = result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
+    return namedHeld_;
+  }
+
+  LocalGate local_;
+  HANDLE named_;
+  bool namedHeld_ = false;  // guarded by the local gate
+};
+#else
+// Stands in for the named mutex "GFDev_MtxInputCallback" of Windows.
+using InputCallbackGate = LocalGate;
 #endif
 
 // Holds the gate for a scope.
@@ -108,6 +140,8 @@ class GateHold {
 };
 
 InputCallbackGate gInputCallbackGate;
+// Some unit's newest input was refused by the callback and waits to be handed over again.
+std::atomic<bool> gInputRefused{false};
 std::atomic<GFDevInputCallback> gInputCallback{nullptr};
 constexpr std::chrono::milliseconds kInputCallbackWait{1000};
 
@@ -174,7 +208,54 @@ DeviceObject* PresentUnitAt(const std::string& path) {
   return found;
 }
 
+// A unit that came back: it counts as present once it is open again, and its return is announced
+// once its read thread has read its initial state, so that the modules show it as a fresh unit
+// from where its switches really are. One that cannot be opened at its return (still settling, or
+// held by another program) is tried again every kReopenFrames calls until it opens or leaves.
+constexpr int kReopenFrames = 15;
+struct PendingReturn {
+  DeviceObject* object;
+  int framesToReopen;
+};
+std::vector<PendingReturn> gReturning;
+GFDevUnitReturnHandler gUnitReturnHandler = nullptr;
+
+void ForgetReturn(const DeviceObject& object) {
+  std::erase_if(gReturning, [&](const PendingReturn& unit) { return unit.object == &object; });
+}
+
+void Rejoin(DeviceObject& object) {
+  object.SetPresent(object.Reopen());
+  ForgetReturn(object);
+  gReturning.push_back({&object, kReopenFrames});
+}
+
+// True when the unit is open again and ready to be announced.
+bool AdvanceReturn(PendingReturn& returning) {
+  DeviceObject& object = *returning.object;
+  if (!object.HasHandle()) {
+    if (--returning.framesToReopen > 0) return false;
+    returning.framesToReopen = kReopenFrames;
+    if (!object.Reopen()) return false;
+    object.SetPresent(true);
+  }
+  return object.InitialStateSettled();
+}
+
+void AnnounceReturns() {
+  for (auto it = gReturning.begin(); it != gReturning.end();) {
+    if (!AdvanceReturn(*it)) {
+      ++it;
+      continue;
+    }
+    const DeviceObject& object = *it->object;
+    it = gReturning.erase(it);
+    if (gUnitReturnHandler != nullptr) gUnitReturnHandler(object.ModuleType(), object.Unit());
+  }
+}
+
 void TakeAway(DeviceObject& object) {
+  ForgetReturn(object);
   object.Stop();
   object.SetPresent(false);
 }
@@ -183,7 +264,7 @@ void TakeAway(DeviceObject& object) {
 // is looked for before the object is made, which leaves the tables exactly as making the object and
 // destroying it again would, without opening the unit for nothing.
 void AddUnit(HidBackend& backend, const PanelModel& model, const std::string& path,
-             DeviceObject::Identity identity) {
+             DeviceObject::Identity identity, DeviceObject::InitialRead initialRead) {
   const DeviceClass* deviceClass = FindDeviceClass(model.moduleType);
   DeviceTables& tables = TheDeviceTables();
   const std::int32_t slot = tables.FirstEmptySlot(model.moduleType);
@@ -191,17 +272,20 @@ void AddUnit(HidBackend& backend, const PanelModel& model, const std::string& pa
 
   auto object = std::make_unique<DeviceObject>(*deviceClass, backend, path);
   object->SetWho(std::move(identity));
-  if (!deviceClass->openedAfterEntry) object->Open();
+  if (!deviceClass->openedAfterEntry) object->Open(initialRead);
   DeviceObject* placed = tables.Place(model.moduleType, slot, std::move(object));
   placed->SetUnit(slot);
   placed->SetPresent(true);
-  if (deviceClass->openedAfterEntry) placed->Open();
+  if (deviceClass->openedAfterEntry) placed->Open(initialRead);
 }
 
-void DiscoverUnit(HidBackend& backend, const std::string& path) {
+void DiscoverUnit(HidBackend& backend, const std::string& path,
+                  DeviceObject::InitialRead initialRead = DeviceObject::InitialRead::Now) {
   if (!NormaliseDevicePath(path)) return;
   std::optional<Arrival> arrival = ReadArrival(backend, path);
-  if (arrival && arrival->model != nullptr) AddUnit(backend, *arrival->model, path, std::move(arrival->identity));
+  if (arrival && arrival->model != nullptr) {
+    AddUnit(backend, *arrival->model, path, std::move(arrival->identity), initialRead);
+  }
 }
 
 // An arrival is told apart by who arrived, not by the path: the system hands a freed path to the
@@ -213,11 +297,9 @@ void HandleArrival(HidBackend& backend, const std::string& path) {
   std::optional<Arrival> arrival = ReadArrival(backend, path);
   DeviceObject* stale = PresentUnitAt(path);
   if (!arrival) {
-    // Nobody to ask (the device cannot be opened now): a unit known here is restarted as before.
-    if (std::optional<DeviceTables::Location> known = TheDeviceTables().FindByPath(path)) {
-      known->object->Start();
-      known->object->SetPresent(true);
-    }
+    // Nobody to ask (the device cannot be opened now): a unit known here is tried again until it
+    // opens or leaves.
+    if (std::optional<DeviceTables::Location> known = TheDeviceTables().FindByPath(path)) Rejoin(*known->object);
     return;
   }
   if (stale != nullptr) {
@@ -225,8 +307,7 @@ void HandleArrival(HidBackend& backend, const std::string& path) {
                       SerialsAgree(stale->Who().serial, arrival->identity.serial);
     TakeAway(*stale);
     if (same) {
-      stale->Start();
-      stale->SetPresent(true);
+      Rejoin(*stale);
       return;
     }
   }
@@ -234,17 +315,23 @@ void HandleArrival(HidBackend& backend, const std::string& path) {
   if (DeviceObject* returning = ReturningUnit(*arrival, path)) {
     returning->MoveTo(path);
     returning->SetWho(std::move(arrival->identity));
-    returning->Start();
-    returning->SetPresent(true);
+    Rejoin(*returning);
     return;
   }
-  AddUnit(backend, *arrival->model, path, std::move(arrival->identity));
+  AddUnit(backend, *arrival->model, path, std::move(arrival->identity), DeviceObject::InitialRead::OnReadThread);
 }
 
-// The unit stays in its slot, stopped and absent, ready for its return.
+// The unit stays in its slot, stopped and absent, ready for its return; one still waiting to reopen
+// there has left again.
 void HandleRemoval(const std::string& path) {
   if (!NormaliseDevicePath(path)) return;
-  if (DeviceObject* present = PresentUnitAt(path)) TakeAway(*present);
+  if (DeviceObject* present = PresentUnitAt(path)) {
+    TakeAway(*present);
+    return;
+  }
+  std::erase_if(gReturning, [&](const PendingReturn& returning) {
+    return !returning.object->Present() && DevicePathsEqual(returning.object->Path(), path);
+  });
 }
 
 // The common checks of the device-information queries: 0 with nothing to do for a model without a
@@ -290,7 +377,12 @@ std::int32_t GFDev_Stop() {
     GateHold hold(gInputCallbackGate);
     gInputCallback.store(nullptr);
   }
+  // Every writer is told first, so that stalled units wait out their last write side by side and
+  // the stop takes about one write timeout however many of them there are.
+  TheDeviceTables().ForEach([](DeviceObject& object) { object.RequestStop(); });
+  gReturning.clear();
   TheDeviceTables().DestroyAll();
+  gInputRefused.store(false);
   gBackend = nullptr;
   gChanges.clear();
   return kGFDevDone;
@@ -307,6 +399,15 @@ void GFDev_ProcessDeviceChanges() {
       HandleRemoval(change.path);
     }
   }
+  AnnounceReturns();
+}
+
+void GFDev_SetUnitReturnHandler(GFDevUnitReturnHandler handler) { gUnitReturnHandler = handler; }
+
+bool GFDev_ReturnsSettled() {
+  return std::all_of(gReturning.begin(), gReturning.end(), [](const PendingReturn& unit) {
+    return !unit.object->HasHandle() || unit.object->InitialStateSettled();
+  });
 }
 
 std::int32_t GFDev_RegisterInputCallback(GFDevInputCallback callback) {
@@ -316,11 +417,29 @@ std::int32_t GFDev_RegisterInputCallback(GFDevInputCallback callback) {
   return 1;
 }
 
-void GFDev_DeliverInput(std::uint32_t moduleType, std::uint16_t unit, const void* record) {
-  if (!gInputCallbackGate.TryEnterFor(kInputCallbackWait)) return;
-  if (GFDevInputCallback callback = gInputCallback.load()) callback(moduleType, unit, record);
+bool GFDev_DeliverInputWithin(std::uint32_t moduleType, std::uint16_t unit, const void* record,
+                              std::chrono::milliseconds wait) {
+  if (!gInputCallbackGate.TryEnterFor(wait)) return false;
+  bool taken = true;
+  if (GFDevInputCallback callback = gInputCallback.load()) taken = callback(moduleType, unit, record) != kGFDevInputRefused;
   gInputCallbackGate.Leave();
+  return taken;
 }
+
+bool GFDev_DeliverInput(std::uint32_t moduleType, std::uint16_t unit, const void* record) {
+  return GFDev_DeliverInputWithin(moduleType, unit, record, kInputCallbackWait);
+}
+
+void GFDev_RedeliverRefusedInput() {
+  if (!gInputRefused.exchange(false)) return;
+  bool stillRefused = false;
+  TheDeviceTables().ForEach([&](DeviceObject& object) {
+    if (!object.RedeliverRefusedInput()) stillRefused = true;
+  });
+  if (stillRefused) gInputRefused.store(true);
+}
+
+void GFDev_NoteInputRefused() { gInputRefused.store(true); }
 
 std::int32_t GFDev_FindUnitByPath(std::uint32_t moduleType, const char* path, std::int32_t* unit) {
   if (unit != nullptr) *unit = -1;

@@ -16,6 +16,25 @@ namespace drav {
 // plug-in calls it every frame). Does nothing while the layer is stopped.
 void GFDev_ProcessDeviceChanges();
 
+// Main thread: told (from GFDev_ProcessDeviceChanges) when a unit the layer knew came back and is
+// open and read again, so that its module can show it everything as it shows a fresh unit. Null
+// tells nobody; the handler stays set across the layer's stop and start.
+using GFDevUnitReturnHandler = void (*)(std::uint32_t moduleType, std::int32_t unit);
+void GFDev_SetUnitReturnHandler(GFDevUnitReturnHandler handler);
+// False while a unit that came back and opened is still reading its initial state (its return is
+// announced by a later GFDev_ProcessDeviceChanges); for the tests and dravsim, which wait for it.
+bool GFDev_ReturnsSettled();
+
+// Main thread, every frame: hands the newest input state of every unit whose input the callback
+// refused (its queue was full) to the callback again, without waiting for the input mutex (a unit
+// that is delivering right now is tried at the next call). Cheap when nothing was refused.
+void GFDev_RedeliverRefusedInput();
+// Read threads: a unit's input was refused (DeviceObject.cpp).
+void GFDev_NoteInputRefused();
+// GFDev_DeliverInput with its own wait for the input mutex.
+bool GFDev_DeliverInputWithin(std::uint32_t moduleType, std::uint16_t unit, const void* record,
+                              std::chrono::milliseconds wait);
+
 // Units of a model that are present (GF-ATC and GF-FMC included, which have no count function).
 std::int32_t GFDev_PresentUnitCount(std::uint32_t moduleType);
 // The upper-cased device path held in a slot; empty when the slot is empty or out of range.

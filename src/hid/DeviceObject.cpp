@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
 #include "hid/ReportEncoders.h"
 
@@ -20,6 +21,8 @@ constexpr auto kFailedReadPause = 5ms;
 // Older GF-MCPPro units need a moment after each feature report.
 constexpr auto kFeatureSettlePause = 1ms;
 constexpr int kDropAfterFailuresInRow = 3;
+// How long a read thread waits for its turn at the input callback before the record is dropped.
+constexpr std::chrono::milliseconds kReadThreadDeliveryWait{1000};
 
 bool SendAsFeature(HidDeviceHandle* handle, const QueuedReport& report) {
   return handle != nullptr && handle->SetFeatureReport(report.bytes.data(), report.length);
@@ -46,7 +49,12 @@ std::string StoredPath(std::string_view path) {
   return upper;
 }
 
+std::atomic<std::int64_t> gFeatureReadWaitMs{3};
+
 }  // namespace
+
+std::chrono::milliseconds FeatureReadWait() { return std::chrono::milliseconds(gFeatureReadWaitMs.load()); }
+void SetFeatureReadWait(std::chrono::milliseconds wait) { gFeatureReadWaitMs.store(wait.count()); }
 
 std::optional<std::string> NormaliseDevicePath(std::string_view path) {
   if (path.empty() || path.size() > kMaxDevicePathLength) return std::nullopt;
@@ -60,7 +68,7 @@ DeviceObject::DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, 
       backend_(backend),
       openPath_(path),
       path_(StoredPath(path)),
-      queue_(deviceClass.queueCapacity) {}
+      queue_(deviceClass.queueCapacity, ReportKeyLength(deviceClass)) {}
 
 DeviceObject::~DeviceObject() { Close(); }
 
@@ -71,7 +79,7 @@ void DeviceObject::MoveTo(std::string_view path) {
 
 // ---- lifecycle ------------------------------------------------------------------------------------
 
-void DeviceObject::Open() {
+void DeviceObject::Open(InitialRead initialRead) {
   std::unique_ptr<HidDeviceHandle> handle = backend_.Open(openPath_);
   if (handle != nullptr) {
     deviceInfoRead_ = ReadDeviceInfo(*handle);
@@ -81,7 +89,11 @@ void DeviceObject::Open() {
     }
   }
   deviceHandle_ = std::move(handle);
-  if (class_.openedAfterEntry) {
+  if (initialRead == InitialRead::OnReadThread) {
+    initialReadPending_.store(true);
+    Start();
+    SendAfterOpenOutputs();
+  } else if (class_.openedAfterEntry) {
     // These units run first and then read their state and set their lights.
     Start();
     ReadInitialState();
@@ -91,6 +103,15 @@ void DeviceObject::Open() {
     Start();
     SendAfterOpenOutputs();
   }
+}
+
+bool DeviceObject::Reopen() {
+  Stop();
+  deviceHandle_ = backend_.Open(openPath_);
+  if (deviceHandle_ == nullptr) return false;
+  initialReadPending_.store(!class_.openedAfterEntry);
+  Start();
+  return true;
 }
 
 void DeviceObject::Close() {
@@ -115,7 +136,7 @@ void DeviceObject::Start() {
   if (class_.writeStrategy != WriteStrategy::None) writeThread_ = std::thread(&DeviceObject::WriteLoop, this);
 }
 
-void DeviceObject::Stop() {
+void DeviceObject::RequestStop() {
   stop_.store(true);
   if (deviceHandle_ != nullptr) deviceHandle_->CancelRead();
   {
@@ -124,6 +145,10 @@ void DeviceObject::Stop() {
   }
   readWake_.notify_all();
   writeWake_.notify_all();
+}
+
+void DeviceObject::Stop() {
+  RequestStop();
   if (readThread_.joinable()) readThread_.join();
   if (writeThread_.joinable()) writeThread_.join();
   deviceHandle_.reset();
@@ -131,6 +156,7 @@ void DeviceObject::Stop() {
     std::lock_guard<std::mutex> lock(threadMutex_);
     writerRunning_ = false;
     sending_ = false;
+    featureRequest_.reset();
   }
   outputIdle_.notify_all();
 }
@@ -154,17 +180,43 @@ void DeviceObject::ReadInitialState() {
   buffer[0] = class_.initialQuery.reportId;
   if (!ReadFeature(buffer.data(), buffer.size())) return;  // the state stays at zero
 
+  // Only the GF-SECM delivers its open-time state, with the unit number it has at that moment.
+  DecodeAndDeliver(class_.decodeInitialState, buffer.data(), buffer.size());
+}
+
+void DeviceObject::DecodeAndDeliver(StateDecoder decode, const std::uint8_t* report, std::size_t length) {
+  std::lock_guard<std::mutex> delivering(deliveryMutex_);
   LastInputState record;
   InputDecode result;
   {
     std::lock_guard<std::mutex> lock(stateMutex_);
-    result = class_.decodeInitialState(buffer.data(), buffer.size(), state_);
+    result = decode(report, length, state_);
     record = state_;
   }
-  // Only the GF-SECM delivers its open-time state, with the unit number it has at that moment.
-  if (result == InputDecode::Deliver) {
-    GFDev_DeliverInput(class_.moduleType, static_cast<std::uint16_t>(unit_.load()), record.bytes.data());
+  // The callback gets a copy, so that a getter clearing the state cannot change it underneath.
+  if (result == InputDecode::Deliver) Deliver(record, kReadThreadDeliveryWait);
+}
+
+bool DeviceObject::Deliver(const LastInputState& record, std::chrono::milliseconds wait) {
+  const bool taken =
+      GFDev_DeliverInputWithin(class_.moduleType, static_cast<std::uint16_t>(unit_.load()), record.bytes.data(), wait);
+  inputRefused_.store(!taken);
+  if (!taken) GFDev_NoteInputRefused();
+  return taken;
+}
+
+bool DeviceObject::RedeliverRefusedInput() {
+  if (!inputRefused_.load()) return true;
+  // A read thread delivering right now hands over a state at least as new: leave it to that.
+  std::unique_lock<std::mutex> delivering(deliveryMutex_, std::try_to_lock);
+  if (!delivering.owns_lock()) return false;
+  if (!inputRefused_.load()) return true;
+  LastInputState record;
+  {
+    std::lock_guard<std::mutex> lock(stateMutex_);
+    record = state_;
   }
+  return Deliver(record, std::chrono::milliseconds(0));
 }
 
 void DeviceObject::SendAfterOpenOutputs() {
@@ -197,6 +249,45 @@ bool DeviceObject::Enqueue(std::span<const std::uint8_t> report, ReportKind kind
 bool DeviceObject::ReadFeature(std::uint8_t* buffer, std::size_t length) {
   return deviceHandle_ != nullptr && buffer != nullptr && length != 0 &&
          deviceHandle_->GetFeatureReport(buffer, length);
+}
+
+bool DeviceObject::ReadFeatureBounded(std::uint8_t* buffer, std::size_t length) {
+  if (buffer == nullptr || length == 0 || length > kMaxQueuedReportLength) return false;
+  std::unique_lock<std::mutex> lock(threadMutex_);
+  if (!writerRunning_) {
+    lock.unlock();
+    return ReadFeature(buffer, length);
+  }
+  const std::uint8_t reportId = buffer[0];
+  const std::uint64_t answersBefore = featureAnswers_;
+  if (!featureRequest_) {
+    FeatureRead request;
+    std::copy_n(buffer, length, request.bytes.begin());
+    request.length = length;
+    featureRequest_ = request;
+    writeWake_.notify_one();
+  }
+  featureAnswered_.wait_for(lock, FeatureReadWait(), [&] { return featureAnswers_ != answersBefore; });
+  if (!featureAnswer_ || featureAnswer_->length != length || featureAnswer_->bytes[0] != reportId) return false;
+  std::copy_n(featureAnswer_->bytes.begin(), length, buffer);
+  return featureAnswer_->ok;
+}
+
+void DeviceObject::ServeFeatureRead() {
+  std::optional<FeatureRead> request;
+  {
+    std::lock_guard<std::mutex> lock(threadMutex_);
+    request = featureRequest_;
+  }
+  if (!request) return;
+  request->ok = ReadFeature(request->bytes.data(), request->length);
+  {
+    std::lock_guard<std::mutex> lock(threadMutex_);
+    featureAnswer_ = request;
+    featureRequest_.reset();
+    ++featureAnswers_;
+  }
+  featureAnswered_.notify_all();
 }
 
 bool DeviceObject::WaitForOutputIdle(std::chrono::steady_clock::time_point deadline) {
@@ -236,6 +327,10 @@ std::int32_t DeviceObject::SetDIOOutputs(const std::array<std::uint8_t, 4>& outp
 // ---- read thread ------------------------------------------------------------------------------
 
 void DeviceObject::ReadLoop() {
+  if (initialReadPending_.load()) {
+    ReadInitialState();
+    initialReadPending_.store(false);
+  }
   // A unit whose report length is unknown has no buffer to read into: its thread has nothing to do.
   if (deviceHandle_ == nullptr || inputBuffer_.empty()) return;
   HidDeviceHandle& handle = *deviceHandle_;
@@ -258,17 +353,7 @@ void DeviceObject::PauseReading(std::chrono::milliseconds pause) {
 }
 
 void DeviceObject::ProcessInputReport(const std::uint8_t* report, std::size_t length) {
-  LastInputState record;
-  InputDecode result;
-  {
-    std::lock_guard<std::mutex> lock(stateMutex_);
-    result = class_.decodeInput(report, length, state_);
-    record = state_;
-  }
-  // The callback gets a copy, so that a getter clearing the state cannot change it underneath.
-  if (result == InputDecode::Deliver) {
-    GFDev_DeliverInput(class_.moduleType, static_cast<std::uint16_t>(unit_.load()), record.bytes.data());
-  }
+  DecodeAndDeliver(class_.decodeInput, report, length);
 }
 
 // ---- write thread -----------------------------------------------------------------------------
@@ -280,13 +365,21 @@ bool DeviceObject::SendsOutputByVersion() const { return GFMCPProTakesOutputRepo
 void DeviceObject::WriteLoop() {
   std::unique_ptr<HidDeviceHandle> own;
   int failuresInRow = 0;
+  bool failedWhileStopping = false;
   while (!stop_.load()) {
     WaitForWriteSignal();
+    ServeFeatureRead();
     if (UsesOwnHandle() && own == nullptr) own = backend_.Open(openPath_);
     std::optional<QueuedReport> report = TakeForSending();
-    if (report) SendRunning(*report, own, failuresInRow);
+    if (report && !SendRunning(*report, own, failuresInRow) && stop_.load()) failedWhileStopping = true;
   }
-  Flush(own);
+  // A write that failed or timed out while the stop waited (a unit that stopped taking reports)
+  // would most likely make every queued report wait out the same timeout: the rest is dropped.
+  if (failedWhileStopping) {
+    DropQueued();
+  } else {
+    Flush(own);
+  }
   own.reset();
   {
     std::lock_guard<std::mutex> lock(threadMutex_);
@@ -298,7 +391,8 @@ void DeviceObject::WriteLoop() {
 
 void DeviceObject::WaitForWriteSignal() {
   std::unique_lock<std::mutex> lock(threadMutex_);
-  writeWake_.wait_for(lock, kWriteWait, [&] { return writeSignals_ > 0 || stop_.load(); });
+  writeWake_.wait_for(lock, kWriteWait,
+                      [&] { return writeSignals_ > 0 || featureRequest_.has_value() || stop_.load(); });
   if (writeSignals_ > 0) --writeSignals_;
 }
 
@@ -320,7 +414,7 @@ void DeviceObject::FinishSending(const QueuedReport* pushBack) {
   if (idle) outputIdle_.notify_all();
 }
 
-void DeviceObject::SendRunning(QueuedReport& report, std::unique_ptr<HidDeviceHandle>& own, int& failuresInRow) {
+bool DeviceObject::SendRunning(QueuedReport& report, std::unique_ptr<HidDeviceHandle>& own, int& failuresInRow) {
   bool sent = false;
   bool retry = true;  // a failed report goes back to the head of the queue
   switch (class_.writeStrategy) {
@@ -357,42 +451,51 @@ void DeviceObject::SendRunning(QueuedReport& report, std::unique_ptr<HidDeviceHa
   if (!sent && retry) {
     own.reset();  // reopened at the next pass
     FinishSending(&report);
-    return;
+    return false;
   }
   if (!sent && class_.writeStrategy == WriteStrategy::FeatureRetryThrice) own.reset();
   FinishSending(nullptr);
+  return sent;
 }
 
-// Each report still queued is sent once and dropped whatever the result: the unit may be gone, and
-// Stop waits for this thread without a time limit.
+void DeviceObject::DropQueued() {
+  {
+    std::lock_guard<std::mutex> lock(threadMutex_);
+    queue_.Clear();
+    sending_ = false;
+  }
+  outputIdle_.notify_all();
+}
+
+// Each report still queued is sent once, in order, until one fails: the unit may be gone or
+// stalled, and the stop waits for this thread, so after the first failed or timed-out write the
+// rest is dropped instead of each waiting out its own timeout.
 void DeviceObject::Flush(std::unique_ptr<HidDeviceHandle>& own) {
   if (queue_.Count() == 0) return;
   if (UsesOwnHandle() && own == nullptr) own = backend_.Open(openPath_);
   while (std::optional<QueuedReport> report = TakeForSending()) {
-    switch (class_.writeStrategy) {
-      case WriteStrategy::None:
-        break;
-      case WriteStrategy::FeatureDrop:
-      case WriteStrategy::FeatureRetry:
-      case WriteStrategy::FeatureRetryThrice:
-        SendAsFeature(deviceHandle_.get(), *report);
-        break;
-      case WriteStrategy::OutputRetry:
-        SendAsOutput(own.get(), *report);
-        break;
-      case WriteStrategy::ByDeviceVersion:
-        if (SendsOutputByVersion()) {
-          SendPaddedOutput(own.get(), *report);
-        } else {
-          SendAsFeature(deviceHandle_.get(), *report);
-        }
-        break;
-      case WriteStrategy::ByReportKind:
-        SendByKind(own.get(), *report);
-        break;
-    }
+    const bool sent = FlushOne(*report, own);
     FinishSending(nullptr);
+    if (!sent) return DropQueued();
   }
+}
+
+bool DeviceObject::FlushOne(const QueuedReport& report, std::unique_ptr<HidDeviceHandle>& own) {
+  switch (class_.writeStrategy) {
+    case WriteStrategy::None:
+      return true;
+    case WriteStrategy::FeatureDrop:
+    case WriteStrategy::FeatureRetry:
+    case WriteStrategy::FeatureRetryThrice:
+      return SendAsFeature(deviceHandle_.get(), report);
+    case WriteStrategy::OutputRetry:
+      return SendAsOutput(own.get(), report);
+    case WriteStrategy::ByDeviceVersion:
+      return SendsOutputByVersion() ? SendPaddedOutput(own.get(), report) : SendAsFeature(deviceHandle_.get(), report);
+    case WriteStrategy::ByReportKind:
+      return SendByKind(own.get(), report);
+  }
+  return false;
 }
 
 }  // namespace drav

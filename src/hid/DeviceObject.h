@@ -38,6 +38,12 @@ std::optional<std::string> NormaliseDevicePath(std::string_view path);
 inline constexpr std::size_t kMaxSerialNumberLength = 32;
 inline constexpr std::int32_t kUnassignedUnit = -99;
 
+// How long the main thread waits for a feature read that a unit's write thread does for it; far
+// below a frame. dravsim and the tests may raise it, where a loaded machine must not make an
+// ordinary read look stalled.
+std::chrono::milliseconds FeatureReadWait();
+void SetFeatureReadWait(std::chrono::milliseconds wait);
+
 class DeviceObject {
  public:
   // Keeps the path as given (to open it) and upper-cased (to report and compare it); opens nothing.
@@ -48,17 +54,30 @@ class DeviceObject {
   DeviceObject(const DeviceObject&) = delete;
   DeviceObject& operator=(const DeviceObject&) = delete;
 
+  // Where the model's initial state is read: at once (the layer's start), or by the read thread
+  // before its first read (an arrival, handled during a frame, which must not wait on the unit).
+  enum class InitialRead { Now, OnReadThread };
   // Opens the device, reads its attributes, report lengths and (for some models) serial number,
   // reads the model's initial state, starts the threads and sends the model's first outputs. A
   // device that cannot be opened still yields a working object that reads nothing.
-  void Open();
+  void Open(InitialRead initialRead = InitialRead::Now);
+  // The same unit is back: opens it again and restarts the threads; the read thread reads its
+  // initial state again (not for the units opened after entry, which are only restarted). False,
+  // with nothing started, when it cannot be opened.
+  bool Reopen();
+  bool HasHandle() const { return deviceHandle_ != nullptr; }
+  // False while the read thread has still to read the initial state it was asked for.
+  bool InitialStateSettled() const { return !initialReadPending_.load(); }
   // Stop, then release the handle and discard queued reports.
   void Close();
   // (Re)starts the threads on a freshly opened device handle; stops them first if they run.
   void Start();
-  // Ends both threads (the writer flushes the queue, each report sent once) and closes the device
-  // handle. Harmless when already stopped.
+  // Ends both threads (the writer flushes the queue, each report sent once until a write fails)
+  // and closes the device handle. Harmless when already stopped.
   void Stop();
+  // Tells both threads to end without waiting for them, so that the layer can let every unit's
+  // writer finish its last write at the same time before it joins them one by one in Stop.
+  void RequestStop();
 
   const DeviceClass& Class() const { return class_; }
   std::uint32_t ModuleType() const { return class_.moduleType; }
@@ -90,6 +109,12 @@ class DeviceObject {
   std::size_t QueuedReports() const { return queue_.Count(); }
   // Reads a feature report on the device handle (buffer[0] = report id). False on failure.
   bool ReadFeature(std::uint8_t* buffer, std::size_t length);
+  // Main thread: the same, but the unit's write thread reads it, so that a unit that stalls (or
+  // whose writer sits in a stalled write on the same handle) never holds up the frame. Waits at
+  // most FeatureReadWait() for the answer; without one in time it answers with the last answer to
+  // the same report id (false when there is none) and the answer comes in for a later call. Units
+  // without a write thread read at once.
+  bool ReadFeatureBounded(std::uint8_t* buffer, std::size_t length);
   // Waits until the queue is empty and nothing is being sent, or the writer is not running.
   bool WaitForOutputIdle(std::chrono::steady_clock::time_point deadline);
 
@@ -126,22 +151,30 @@ class DeviceObject {
   }
   // Input reports the read thread has finished with (decoded and delivered, or dropped).
   std::uint64_t InputReportsHandled() const { return inputReportsHandled_.load(); }
+  // Main thread: when the callback refused the unit's last record, hands the newest state over
+  // again without waiting. True when nothing is left to hand over.
+  bool RedeliverRefusedInput();
 
  private:
   bool ReadDeviceInfo(HidDeviceHandle& handle);
   void ReadInitialState();
   void SendAfterOpenOutputs();
   void ProcessInputReport(const std::uint8_t* report, std::size_t length);
+  void DecodeAndDeliver(StateDecoder decode, const std::uint8_t* report, std::size_t length);
+  bool Deliver(const LastInputState& record, std::chrono::milliseconds wait);
 
   void ReadLoop();
   void PauseReading(std::chrono::milliseconds pause);
 
   void WriteLoop();
+  void ServeFeatureRead();
   void WaitForWriteSignal();
   std::optional<QueuedReport> TakeForSending();
   void FinishSending(const QueuedReport* pushBack);
-  void SendRunning(QueuedReport& report, std::unique_ptr<HidDeviceHandle>& own, int& failuresInRow);
+  bool SendRunning(QueuedReport& report, std::unique_ptr<HidDeviceHandle>& own, int& failuresInRow);
   void Flush(std::unique_ptr<HidDeviceHandle>& own);
+  bool FlushOne(const QueuedReport& report, std::unique_ptr<HidDeviceHandle>& own);
+  void DropQueued();
   bool UsesOwnHandle() const;
   bool SendsOutputByVersion() const;
 
@@ -163,6 +196,7 @@ class DeviceObject {
   std::atomic<bool> present_{false};
   std::atomic<bool> stop_{false};
   std::atomic<std::uint64_t> inputReportsHandled_{0};
+  std::atomic<bool> initialReadPending_{false};
 
   std::thread readThread_;
   std::thread writeThread_;
@@ -177,10 +211,25 @@ class DeviceObject {
   bool sending_ = false;
   bool writerRunning_ = false;
 
+  // A feature read the main thread asked the writer for, and the last answer; under threadMutex_.
+  struct FeatureRead {
+    std::array<std::uint8_t, kMaxQueuedReportLength> bytes{};
+    std::size_t length = 0;
+    bool ok = false;
+  };
+  std::condition_variable featureAnswered_;
+  std::optional<FeatureRead> featureRequest_;
+  std::optional<FeatureRead> featureAnswer_;
+  std::uint64_t featureAnswers_ = 0;
+
   ReportQueue queue_;
 
   mutable std::mutex stateMutex_;
   LastInputState state_;
+  // Held from decoding a record to its delivery, so that a state handed over again after a refusal
+  // never overtakes a newer one on its way from the read thread.
+  std::mutex deliveryMutex_;
+  std::atomic<bool> inputRefused_{false};
 
   OutputMemory outputs_;
 };

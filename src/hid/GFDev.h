@@ -36,16 +36,21 @@ static_assert(sizeof(GFDevInfoEx) == 331);
 
 inline constexpr std::uint16_t kGFDevInfoExSize = 331;
 
-// (moduleType, unit, model's input record); the result is ignored.
+// (moduleType, unit, model's input record); the result is ignored, except kGFDevInputRefused.
 using GFDevInputCallback = int (*)(std::uint32_t moduleType, std::uint16_t unit, const void* record);
+// A callback's answer when it could not take the record (nothing of it was used, its queue is
+// full): the layer hands the unit's newest state again once there may be room, so that no switch
+// is left where it was when its change was refused.
+inline constexpr int kGFDevInputRefused = -1;
 
 // instance: the plug-in module's handle on Windows (0: no notification window, no hot-plug).
 std::int32_t GFDev_Start(void* instance);
 std::int32_t GFDev_Stop();
 std::int32_t GFDev_RegisterInputCallback(GFDevInputCallback callback);
 // Called by the decoders on the read threads: hands one record to the callback under the input
-// mutex, waiting at most 1000 ms for it (else the record is dropped).
-void GFDev_DeliverInput(std::uint32_t moduleType, std::uint16_t unit, const void* record);
+// mutex, waiting at most 1000 ms for it (else the record is dropped). False when the record was
+// not taken (the wait ran out, or the callback answered kGFDevInputRefused).
+bool GFDev_DeliverInput(std::uint32_t moduleType, std::uint16_t unit, const void* record);
 
 std::int32_t GFDev_GetDeviceInfo(std::uint32_t moduleType, std::int32_t unit, GFDevInfo* out);
 std::int32_t GFDev_GetDeviceInfoEx(std::uint32_t moduleType, std::int32_t unit, GFDevInfoEx* out);

@@ -73,11 +73,12 @@ std::int32_t SetBrightness(std::uint32_t moduleType, std::int32_t unit, std::uin
   return Queue(*object, report, EncodeBrightness(report, reportId, value));
 }
 
-// Reads the brightness feature report from the unit; the caller's value is written only on success.
+// Reads the brightness feature report from the unit (through its write thread, never waiting on a
+// stalled unit); the caller's value is written only on success.
 std::int32_t GetBrightness(std::uint32_t moduleType, std::int32_t unit, std::uint8_t reportId, std::uint16_t* out) {
   return WithPresentUnit(moduleType, unit, [&](DeviceObject& object) {
     std::array<std::uint8_t, 2> report{reportId, 0};
-    if (!object.ReadFeature(report.data(), report.size())) return std::int32_t{kGFDevFeatureReadFailed};
+    if (!object.ReadFeatureBounded(report.data(), report.size())) return std::int32_t{kGFDevFeatureReadFailed};
     object.Outputs().brightness = report[1];
     if (out != nullptr) *out = report[1];
     return std::int32_t{kGFDevDone};

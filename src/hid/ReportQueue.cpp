@@ -4,12 +4,37 @@
 
 namespace drav {
 
-ReportQueue::ReportQueue(std::size_t capacity) : capacity_(capacity), ring_(capacity + 1) {}
+ReportQueue::ReportQueue(std::size_t capacity, std::size_t keyLength)
+    : capacity_(capacity), keyLength_(keyLength), ring_(capacity + 1) {}
+
+bool ReportQueue::SameKey(const QueuedReport& a, std::span<const std::uint8_t> b, ReportKind kind) const {
+  if (keyLength_ == 0 || a.kind != kind || a.length != b.size() || b.size() < keyLength_) return false;
+  return std::equal(b.begin(), b.begin() + static_cast<std::ptrdiff_t>(keyLength_), a.bytes.begin());
+}
+
+// The oldest report that a later queued one, or the newest, overrides goes; the others close up
+// behind it in their order.
+bool ReportQueue::DropOldestOverridden(std::span<const std::uint8_t> newest, ReportKind kind) {
+  for (std::size_t i = 0; i < count_; ++i) {
+    const QueuedReport& candidate = At(i);
+    bool overridden = SameKey(candidate, newest, kind);
+    for (std::size_t later = i + 1; later < count_ && !overridden; ++later) {
+      overridden = SameKey(candidate, At(later).Data(), At(later).kind);
+    }
+    if (!overridden) continue;
+    for (std::size_t j = i; j + 1 < count_; ++j) At(j) = At(j + 1);
+    --count_;
+    return true;
+  }
+  return false;
+}
 
 bool ReportQueue::Append(std::span<const std::uint8_t> bytes, ReportKind kind) {
   if (bytes.empty() || bytes.size() > kMaxQueuedReportLength) return false;
   std::lock_guard<std::mutex> lock(mutex_);
-  if (count_ >= capacity_) return false;
+  while (count_ >= capacity_) {
+    if (!DropOldestOverridden(bytes, kind)) return false;
+  }
   QueuedReport& slot = ring_[(head_ + count_) % ring_.size()];
   std::copy(bytes.begin(), bytes.end(), slot.bytes.begin());
   slot.length = bytes.size();

@@ -22,6 +22,8 @@ constexpr int kSplashTicks = 6;  // the window lives through six ticks and goes 
 float InputFlightLoop(float, float, int, void*) {
   // Units plugged in or out since the last frame join or leave before their input is handled.
   GFDev_ProcessDeviceChanges();
+  // A unit whose input found the queue full last frame is heard again now that it was drained.
+  GFDev_RedeliverRefusedInput();
   // Most frames carry no input: the queue's count answers that before the modules are reached.
   InputEventQueue& queue = TheInputQueue();
   if (queue.pending.load(std::memory_order_acquire) == 0) return kInputInterval;
@@ -51,6 +53,14 @@ float AnnounceFlightLoop(float, float, int, void*) {
   AnnounceDataref(kMcpProDisabledDataref);
   AnnounceDataref(kEfisDisabledDataref);
   return 0.0f;  // once only
+}
+
+void ShowReturnedUnit(std::uint32_t moduleType, std::int32_t unit) {
+  if (ModulesInitialised == 0 || unit < 0) return;
+  GF_Abstract_Module* module = nullptr;
+  if (TheModuleManager().FindModule(moduleType, static_cast<std::uint32_t>(unit), &module) != 1) return;
+  module->Register(static_cast<std::uint16_t>(unit));
+  module->SetDisplay();
 }
 
 void RegisterFlightLoops() {

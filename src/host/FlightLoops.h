@@ -1,6 +1,8 @@
 // The three flight-loop callbacks that drive all periodic work, on the simulator's main thread.
 #pragma once
 
+#include <cstdint>
+
 namespace drav {
 
 inline constexpr float kUpdateInterval = 0.5f;    // displays and lights refresh every half second
@@ -10,6 +12,11 @@ inline constexpr float kAnnounceDelay = 1.0f;     // the DataRefEditor hears of 
 float InputFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, int counter, void* refcon);
 float UpdateFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, int counter, void* refcon);
 float AnnounceFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, int counter, void* refcon);
+
+// The device layer's handler for a unit that came back: once the assignments are loaded, its
+// module registers it again (blanking it and forgetting what it was shown, as for a fresh unit)
+// and shows it everything; before that the first load does so anyway.
+void ShowReturnedUnit(std::uint32_t moduleType, std::int32_t unit);
 
 void RegisterFlightLoops();
 void UnregisterFlightLoops();

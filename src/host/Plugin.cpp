@@ -7,6 +7,7 @@
 #include <string>
 
 #include "functions/CustomDatarefs.h"
+#include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
 #include "host/CommandTables.h"
 #include "host/FlightLoops.h"
@@ -44,6 +45,7 @@ bool gPanelsRunning = false;      // between the device layer's start at enable 
 // The device layer and the module objects for the units it finds.
 void StartPanels() {
   GFDev_Start(gModuleInstance);
+  GFDev_SetUnitReturnHandler(ShowReturnedUnit);
   TheModuleManager().CreateModules();
   GFDev_RegisterInputCallback(OnDeviceInput);
   if (gDebug.DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();

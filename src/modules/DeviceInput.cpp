@@ -12,10 +12,14 @@ static_assert(std::is_same_v<decltype(&OnDeviceInput), GFDevInputCallback>,
 int DeliverDeviceInput(const ModuleManager& manager, InputEventQueue& queue, std::uint32_t moduleType,
                        std::uint16_t unit, const void* record) {
   if (record == nullptr) return 1;
+  // A full queue is seen before decoding: a decoder records the change it reports, and a change
+  // recorded but never queued would leave the simulator out of step with the switch for good.
+  // The layer hands the unit's newest state over again once the queue has been drained.
+  if (queue.pending.load() >= kInputQueueCapacity) return kGFDevInputRefused;
   std::int32_t value = 0;
   const std::int32_t control = manager.Decode(moduleType, unit, record, &value);
   if (control < 0) return 1;  // -1: nothing that the module reports changed
-  // A full queue drops this event (the newest); there is no one to tell on this thread.
+  // Only the consumer takes events meanwhile, so the room seen above is still there.
   PushInputEvent(queue, moduleType, unit, control, value);
   return 1;
 }

@@ -9,8 +9,9 @@
 
 namespace drav {
 
-// Matches GFDevInputCallback. Always returns 1 (the device layer ignores the result). A null
-// record, a unit without module object and a record without change queue nothing.
+// Matches GFDevInputCallback. Returns 1, or kGFDevInputRefused without decoding anything when
+// the queue is full. A null record, a unit without module object and a record without change
+// queue nothing.
 int OnDeviceInput(std::uint32_t moduleType, std::uint16_t unit, const void* record);
 
 // The same against a given manager and queue (OnDeviceInput uses the plug-in's own).

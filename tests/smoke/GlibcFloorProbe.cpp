@@ -50,8 +50,22 @@ int TimedWait() {
   std::mutex mutex;
   std::condition_variable condition;
   std::unique_lock hold(mutex);
+  // A held mutex refuses another thread's try and takes one once it is free (the input gate tries
+  // before it waits).
+  std::mutex other;
+  bool takenWhileHeld = true;
+  {
+    std::lock_guard held(other);
+    std::thread([&] {
+      takenWhileHeld = other.try_lock();
+      if (takenWhileHeld) other.unlock();
+    }).join();
+  }
+  const bool takenWhenFree = other.try_lock();
+  if (takenWhenFree) other.unlock();
+  const bool refused = !takenWhileHeld && takenWhenFree;
   const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(5);
-  return condition.wait_until(hold, until) == std::cv_status::timeout ? 8 : 0;
+  return condition.wait_until(hold, until) == std::cv_status::timeout && refused ? 8 : 0;
 }
 
 int FileStatus(const char* path) {

@@ -182,6 +182,7 @@ void DrainFolderEvents(int inotifyFd, HidrawNodeEvents& events, std::vector<HidD
       const std::string name(event->name);
       if (event->mask & IN_CREATE) events.Created(name, HidrawNodeEvents::Clock::now());
       if (event->mask & IN_DELETE) events.Deleted(name, found);
+      if (event->mask & IN_ATTRIB) events.AttributesChanged(name, UsableNode, found);
     }
   }
 }
@@ -281,7 +282,7 @@ void LinuxHidBackend::StartNotifications() {
   FileDescriptor inotifyFd(inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
   FileDescriptor stopFd(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
   if (inotifyFd.get() < 0 || stopFd.get() < 0) return;  // no hot-plug, enumeration still works
-  if (inotify_add_watch(inotifyFd.get(), devFolder_.c_str(), IN_CREATE | IN_DELETE) < 0) return;
+  if (inotify_add_watch(inotifyFd.get(), devFolder_.c_str(), IN_CREATE | IN_DELETE | IN_ATTRIB) < 0) return;
   inotifyFd_ = inotifyFd.release();
   stopFd_ = stopFd.release();
   watcher_ = std::thread([this] { WatchFolder(); });

@@ -32,7 +32,7 @@ namespace drav {
 
 namespace {
 
-constexpr std::size_t kFaultCount = 5;
+constexpr std::size_t kFaultCount = 6;
 
 std::size_t FaultIndex(VirtualFault fault) { return static_cast<std::size_t>(fault); }
 
@@ -57,6 +57,7 @@ struct VirtualHidBackend::Unit {
   std::deque<std::vector<std::uint8_t>> pendingInput;
   std::uint64_t inputTaken = 0;
   std::size_t blockedWrites = 0;
+  std::size_t blockedFeatureReads = 0;
   std::vector<VirtualSentReport> sent;
 
   bool Failing(VirtualFault fault) const { return faults[FaultIndex(fault)]; }
@@ -119,7 +120,8 @@ class VirtualHidBackend::Handle : public HidDeviceHandle {
   }
 
   bool GetFeatureReport(std::uint8_t* buffer, std::size_t length) override {
-    std::lock_guard lock(backend_->mutex_);
+    std::unique_lock lock(backend_->mutex_);
+    if (!WaitWhileBlocked(lock, VirtualFault::FeatureBlock)) return false;
     if (buffer == nullptr || length == 0 || !Usable() || unit_->Failing(VirtualFault::Feature)) return false;
     const std::uint8_t reportId = buffer[0];
     std::fill(buffer, buffer + length, std::uint8_t{0});
@@ -145,7 +147,7 @@ class VirtualHidBackend::Handle : public HidDeviceHandle {
 
   bool Record(VirtualSentReport::Kind kind, const std::uint8_t* data, std::size_t length) {
     std::unique_lock lock(backend_->mutex_);
-    if (!WaitWhileBlocked(lock)) return false;
+    if (!WaitWhileBlocked(lock, VirtualFault::Block)) return false;
     if (data == nullptr || !Usable() || unit_->Failing(VirtualFault::Write)) return false;
     const HidCapabilities& caps = unit_->spec.capabilities;
     const std::uint16_t declared =
@@ -156,13 +158,14 @@ class VirtualHidBackend::Handle : public HidDeviceHandle {
   }
 
   // Caller holds the backend's mutex through `lock`. False when the write must fail instead.
-  bool WaitWhileBlocked(std::unique_lock<std::mutex>& lock) {
-    if (!unit_->Failing(VirtualFault::Block)) return true;
-    ++unit_->blockedWrites;
-    const bool released = backend_->writesMayGo_.wait_for(lock, kBlockedWriteTimeout, [this] {
-      return !Usable() || !unit_->Failing(VirtualFault::Block);
+  bool WaitWhileBlocked(std::unique_lock<std::mutex>& lock, VirtualFault block) {
+    if (!unit_->Failing(block)) return true;
+    std::size_t& blocked = block == VirtualFault::Block ? unit_->blockedWrites : unit_->blockedFeatureReads;
+    ++blocked;
+    const bool released = backend_->writesMayGo_.wait_for(lock, kBlockedWriteTimeout, [&] {
+      return !Usable() || !unit_->Failing(block);
     });
-    --unit_->blockedWrites;
+    --blocked;
     return released && Usable();
   }
 
@@ -264,6 +267,12 @@ std::size_t VirtualHidBackend::BlockedWrites(const std::string& path) const {
   std::lock_guard lock(mutex_);
   auto found = units_.find(path);
   return found == units_.end() ? 0 : found->second->blockedWrites;
+}
+
+std::size_t VirtualHidBackend::BlockedFeatureReads(const std::string& path) const {
+  std::lock_guard lock(mutex_);
+  auto found = units_.find(path);
+  return found == units_.end() ? 0 : found->second->blockedFeatureReads;
 }
 
 bool VirtualHidBackend::SendInput(const std::string& path, std::vector<std::uint8_t> report) {

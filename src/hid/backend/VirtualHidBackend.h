@@ -21,8 +21,9 @@ namespace drav {
 // Block: output and feature writes stall, as on a unit whose endpoint stops taking reports, until
 // the fault is switched off (they then succeed), the unit is unplugged (they fail), or
 // kBlockedWriteTimeout passes (they fail, as a real write times out; this keeps a forgotten block
-// from hanging the device layer's stop).
-enum class VirtualFault { Open, Read, Write, Feature, Block };
+// from hanging the device layer's stop). FeatureBlock: feature-report reads stall the same way (a
+// unit that stops answering control requests); when released by the timeout they fail.
+enum class VirtualFault { Open, Read, Write, Feature, Block, FeatureBlock };
 inline constexpr std::chrono::seconds kBlockedWriteTimeout{5};
 
 struct VirtualSentReport {
@@ -76,6 +77,8 @@ class VirtualHidBackend : public HidBackend {
 
   // Writes to the unit now waiting on a `VirtualFault::Block`.
   std::size_t BlockedWrites(const std::string& path) const;
+  // Feature reads of the unit now waiting on a `VirtualFault::FeatureBlock`.
+  std::size_t BlockedFeatureReads(const std::string& path) const;
 
   // Every report written to the unit since the last ClearSent, in order.
   std::vector<VirtualSentReport> Sent(const std::string& path) const;

@@ -1,9 +1,15 @@
 // Windows HID through the class driver:
-// - Each handle holds two file handles on the device: an overlapped one for input reads, whose
+// - Each handle holds two overlapped file handles on the device: one for input reads, whose
 //   pending read a cancel event interrupts (CancelIoEx, then the completion is awaited so that the
-//   caller's buffer and the OVERLAPPED record are free again before the read returns), and a
-//   synchronous one for output reports and feature requests, so that writers never wait on the
-//   reader's record.
+//   caller's buffer and the OVERLAPPED record are free again before the read returns), and one for
+//   output reports and feature requests, so that writers never wait on the reader's record.
+// - Output reports and feature requests are overlapped too, each with its own event, and wait at
+//   most kTransferTimeout: a unit that stops taking reports fails the request (it is cancelled and
+//   its completion awaited) instead of holding its thread, and whoever waits for that thread, for
+//   ever. Nothing on the same file object can queue behind a stalled synchronous request.
+// - The class driver refuses a WriteFile, set or get feature buffer shorter than the interface's
+//   OutputReportByteLength or FeatureReportByteLength: every report is padded with zero bytes to
+//   the capability length read at open (a feature answer is cut back to what the caller asked).
 // - Enumeration ends at the first failing index, whatever the error, so it can never loop on one.
 // - Notice paths are copied within the size the broadcast record declares, so a name without its
 //   terminator cannot be overrun.
@@ -20,8 +26,12 @@ extern "C" {
 #include <hidsdi.h>
 #include <hidpi.h>
 }
+#include <winioctl.h>  // CTL_CODE, which the HID class request codes are built from
+#include <hidclass.h>
 // clang-format on
 
+#include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstddef>
 #include <cstdlib>
@@ -36,6 +46,57 @@ namespace {
 constexpr const char* kWindowClassName = "GFHIDDev Notify Window";
 constexpr const char* kWindowTitle = "DevNotify";
 constexpr std::size_t kSerialChars = 128;
+// As long as a USB control or interrupt transfer is given before it times out.
+constexpr DWORD kTransferTimeoutMs = 5000;
+
+// A report copied into a buffer of at least the capability length, zero-padded. Reports of the
+// family fit the inline bytes, so a write allocates nothing.
+class PaddedReport {
+ public:
+  PaddedReport(const std::uint8_t* data, std::size_t length, std::size_t capabilityLength)
+      : size_(std::max(length, capabilityLength)) {
+    if (size_ > inline_.size()) heap_.assign(size_, 0);
+    std::copy_n(data, length, Data());
+  }
+  std::uint8_t* Data() { return heap_.empty() ? inline_.data() : heap_.data(); }
+  std::size_t Size() const { return size_; }
+
+ private:
+  std::size_t size_;
+  std::array<std::uint8_t, 65> inline_{};
+  std::vector<std::uint8_t> heap_;
+};
+
+// Waits at most kTransferTimeoutMs for an overlapped request that `started` began on `file`; a
+// request still pending then is cancelled and its completion awaited (the buffer and the record
+// must be free before they go), and fails.
+bool FinishOverlapped(HANDLE file, OVERLAPPED& overlapped, BOOL started, DWORD* transferred) {
+  if (!started && GetLastError() != ERROR_IO_PENDING) return false;
+  DWORD count = 0;
+  if (WaitForSingleObject(overlapped.hEvent, kTransferTimeoutMs) != WAIT_OBJECT_0) {
+    CancelIoEx(file, &overlapped);
+    GetOverlappedResult(file, &overlapped, &count, TRUE);
+    return false;
+  }
+  if (!GetOverlappedResult(file, &overlapped, &count, FALSE)) return false;
+  if (transferred != nullptr) *transferred = count;
+  return true;
+}
+
+// One event per request, so that requests of several threads on one file never share a record.
+class RequestEvent {
+ public:
+  RequestEvent() : event_(CreateEventA(nullptr, TRUE, FALSE, nullptr)) {}
+  ~RequestEvent() {
+    if (event_ != nullptr) CloseHandle(event_);
+  }
+  RequestEvent(const RequestEvent&) = delete;
+  RequestEvent& operator=(const RequestEvent&) = delete;
+  HANDLE Get() const { return event_; }
+
+ private:
+  HANDLE event_;
+};
 
 GUID HidClassGuid() {
   GUID guid;
@@ -56,7 +117,10 @@ void CloseIfOpen(HANDLE& handle) {
 class Win32HidHandle : public HidDeviceHandle {
  public:
   Win32HidHandle(HANDLE readHandle, HANDLE writeHandle, HANDLE readDone, HANDLE cancel)
-      : readHandle_(readHandle), writeHandle_(writeHandle), readDone_(readDone), cancel_(cancel) {}
+      : readHandle_(readHandle), writeHandle_(writeHandle), readDone_(readDone), cancel_(cancel) {
+    HidCapabilities caps;
+    if (GetCapabilities(&caps)) caps_ = caps;
+  }
 
   ~Win32HidHandle() override {
     CloseIfOpen(readHandle_);
@@ -121,26 +185,52 @@ class Win32HidHandle : public HidDeviceHandle {
 
   bool GetFeatureReport(std::uint8_t* buffer, std::size_t length) override {
     if (buffer == nullptr || length == 0 || length > MAXDWORD) return false;
-    return HidD_GetFeature(writeHandle_, buffer, static_cast<ULONG>(length)) != FALSE;
+    PaddedReport report(buffer, length, caps_.featureReportLength);
+    DWORD received = 0;
+    if (!Request(IOCTL_HID_GET_FEATURE, report, &received)) return false;
+    std::copy_n(report.Data(), length, buffer);
+    return true;
   }
 
   bool SetFeatureReport(const std::uint8_t* data, std::size_t length) override {
     if (data == nullptr || length == 0 || length > MAXDWORD) return false;
-    // The set request only reads the buffer; the function's prototype is not const.
-    return HidD_SetFeature(writeHandle_, const_cast<std::uint8_t*>(data), static_cast<ULONG>(length)) != FALSE;
+    PaddedReport report(data, length, caps_.featureReportLength);
+    return Request(IOCTL_HID_SET_FEATURE, report, nullptr);
   }
 
   bool WriteOutputReport(const std::uint8_t* data, std::size_t length) override {
     if (data == nullptr || length == 0 || length > MAXDWORD) return false;
+    PaddedReport report(data, length, caps_.outputReportLength);
+    RequestEvent done;
+    if (done.Get() == nullptr) return false;
+    OVERLAPPED overlapped{};
+    overlapped.hEvent = done.Get();
     DWORD written = 0;
-    return WriteFile(writeHandle_, data, static_cast<DWORD>(length), &written, nullptr) && written == length;
+    const BOOL started = WriteFile(writeHandle_, report.Data(), static_cast<DWORD>(report.Size()), nullptr, &overlapped);
+    return FinishOverlapped(writeHandle_, overlapped, started, &written) && written == report.Size();
   }
 
  private:
+  // A feature request as the class driver takes it: the whole report (report id first) in, and
+  // for a get the answer out in the same buffer; what HidD_GetFeature and HidD_SetFeature send,
+  // but with a time limit.
+  bool Request(DWORD code, PaddedReport& report, DWORD* transferred) {
+    RequestEvent done;
+    if (done.Get() == nullptr) return false;
+    OVERLAPPED overlapped{};
+    overlapped.hEvent = done.Get();
+    const DWORD size = static_cast<DWORD>(report.Size());
+    const bool get = code == IOCTL_HID_GET_FEATURE;
+    const BOOL started = DeviceIoControl(writeHandle_, code, report.Data(), size, get ? report.Data() : nullptr,
+                                         get ? size : 0, nullptr, &overlapped);
+    return FinishOverlapped(writeHandle_, overlapped, started, transferred);
+  }
+
   HANDLE readHandle_;   // overlapped
-  HANDLE writeHandle_;  // synchronous
+  HANDLE writeHandle_;  // overlapped, for writes and feature requests
   HANDLE readDone_;     // manual reset, the pending read's completion
   HANDLE cancel_;       // auto reset: one cancel wakes one read
+  HidCapabilities caps_;  // the report lengths every request is padded to
 };
 
 // The interface path of index `index` of the set; empty when that index cannot be read. False when
@@ -245,7 +335,7 @@ HidOpenFailure Win32HidBackend::DescribeOpenFailure(const std::string& path) {
 std::unique_ptr<HidDeviceHandle> Win32HidBackend::Open(const std::string& path) {
   HANDLE readHandle = OpenDevice(path, FILE_FLAG_OVERLAPPED);
   if (readHandle == INVALID_HANDLE_VALUE) return nullptr;
-  HANDLE writeHandle = OpenDevice(path, 0);
+  HANDLE writeHandle = OpenDevice(path, FILE_FLAG_OVERLAPPED);
   HANDLE readDone = CreateEventA(nullptr, TRUE, FALSE, nullptr);
   HANDLE cancel = CreateEventA(nullptr, FALSE, FALSE, nullptr);
   if (writeHandle == INVALID_HANDLE_VALUE || readDone == nullptr || cancel == nullptr) {

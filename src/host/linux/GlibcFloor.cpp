@@ -42,6 +42,7 @@ int drav_old_pthread_setspecific(pthread_key_t, const void*);
 int drav_old_pthread_rwlock_rdlock(pthread_rwlock_t*);
 int drav_old_pthread_rwlock_wrlock(pthread_rwlock_t*);
 int drav_old_pthread_rwlock_unlock(pthread_rwlock_t*);
+int drav_old_pthread_mutex_trylock(pthread_mutex_t*);
 int drav_old_pthread_cond_clockwait(pthread_cond_t*, pthread_mutex_t*, clockid_t, const timespec*);
 DRAV_OLD_VERSION(drav_old_pthread_create, pthread_create, GLIBC_2.2.5);
 DRAV_OLD_VERSION(drav_old_pthread_join, pthread_join, GLIBC_2.2.5);
@@ -55,6 +56,7 @@ DRAV_OLD_VERSION(drav_old_pthread_setspecific, pthread_setspecific, GLIBC_2.2.5)
 DRAV_OLD_VERSION(drav_old_pthread_rwlock_rdlock, pthread_rwlock_rdlock, GLIBC_2.2.5);
 DRAV_OLD_VERSION(drav_old_pthread_rwlock_wrlock, pthread_rwlock_wrlock, GLIBC_2.2.5);
 DRAV_OLD_VERSION(drav_old_pthread_rwlock_unlock, pthread_rwlock_unlock, GLIBC_2.2.5);
+DRAV_OLD_VERSION(drav_old_pthread_mutex_trylock, pthread_mutex_trylock, GLIBC_2.2.5);
 DRAV_OLD_VERSION(drav_old_pthread_cond_clockwait, pthread_cond_clockwait, GLIBC_2.30);
 
 int __wrap_pthread_create(pthread_t* thread, const pthread_attr_t* attr, void* (*start)(void*), void* arg) {
@@ -77,6 +79,7 @@ int __wrap_pthread_setspecific(pthread_key_t key, const void* value) {
 int __wrap_pthread_rwlock_rdlock(pthread_rwlock_t* lock) { return drav_old_pthread_rwlock_rdlock(lock); }
 int __wrap_pthread_rwlock_wrlock(pthread_rwlock_t* lock) { return drav_old_pthread_rwlock_wrlock(lock); }
 int __wrap_pthread_rwlock_unlock(pthread_rwlock_t* lock) { return drav_old_pthread_rwlock_unlock(lock); }
+int __wrap_pthread_mutex_trylock(pthread_mutex_t* mutex) { return drav_old_pthread_mutex_trylock(mutex); }
 int __wrap_pthread_cond_clockwait(pthread_cond_t* cond, pthread_mutex_t* mutex, clockid_t clock,
                                   const timespec* until) {
   return drav_old_pthread_cond_clockwait(cond, mutex, clock, until);

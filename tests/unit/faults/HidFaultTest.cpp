@@ -143,6 +143,102 @@ TEST_F(ReadFaultTest, StopIsPromptWhileReadsKeepFailing) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, kRemovalLimit);
 }
 
+// ---- stalled units ----------------------------------------------------------------------------------
+
+class StallTest : public testing::VirtualPanelsTest {};
+
+// Several units stop taking reports with many queued: the stop lets every writer wait out its one
+// stalled write side by side and drops the rest, so it takes about one write timeout in total.
+TEST_F(StallTest, StopWithStalledUnitsTakesAboutOneWriteTimeoutAndDropsTheRest) {
+  constexpr int kUnits = 3;
+  std::vector<std::string> paths;
+  for (int unit = 0; unit < kUnits; ++unit) paths.push_back(Plug(2, "/dev/v/stalled-" + std::to_string(unit)));
+  StartLayer();
+  ASSERT_TRUE(OutputIdle());
+  for (const std::string& path : paths) Panels().SetFault(path, VirtualFault::Block, true);
+  for (int unit = 0; unit < kUnits; ++unit) {
+    for (std::uint8_t mask = 1; mask <= 9; ++mask) EXPECT_EQ(GFDev_GFP8_SetLEDs(unit, mask), kGFDevDone);
+  }
+  for (const std::string& path : paths) ASSERT_TRUE(WaitUntil([&] { return Panels().BlockedWrites(path) == 1; }));
+
+  const auto start = std::chrono::steady_clock::now();
+  GFDev_Stop();
+  const auto took = std::chrono::steady_clock::now() - start;
+  EXPECT_LT(took, kBlockedWriteTimeout + 2s);
+  for (const std::string& path : paths) EXPECT_TRUE(Panels().Sent(path).empty()) << path;
+}
+
+TEST_F(StallTest, BrightnessGetterNeverWaitsOnAStalledUnit) {
+  const std::string path = Plug(2, "/dev/v/p8");
+  Panels().SetFeatureAnswer(path, kGFSwitchPanelBrightnessReport, {kGFSwitchPanelBrightnessReport, 9});
+  StartLayer();
+  std::uint16_t level = 0;
+  // A loaded machine may wake the writer later than the getter's short wait: the first read, with
+  // no earlier answer to fall back on, is given time.
+  const std::chrono::milliseconds shortWait = FeatureReadWait();
+  SetFeatureReadWait(2s);
+  const bool firstRead = GFDev_GFP8_GetBrightness(0, &level) == kGFDevDone;
+  SetFeatureReadWait(shortWait);
+  ASSERT_TRUE(firstRead);
+  EXPECT_EQ(level, 9);
+
+  // Its feature reads stall: the getter answers at once with the last level it read.
+  Panels().SetFeatureAnswer(path, kGFSwitchPanelBrightnessReport, {kGFSwitchPanelBrightnessReport, 4});
+  Panels().SetFault(path, VirtualFault::FeatureBlock, true);
+  auto start = std::chrono::steady_clock::now();
+  level = 0;
+  EXPECT_EQ(GFDev_GFP8_GetBrightness(0, &level), kGFDevDone);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 100ms);
+  EXPECT_EQ(level, 9);
+  ASSERT_TRUE(WaitUntil([&] { return Panels().BlockedFeatureReads(path) == 1; }));
+  start = std::chrono::steady_clock::now();
+  EXPECT_EQ(GFDev_GFP8_GetBrightness(0, &level), kGFDevDone);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 100ms);
+
+  // Once the unit answers again, the getter reads its new level.
+  Panels().SetFault(path, VirtualFault::FeatureBlock, false);
+  ASSERT_TRUE(WaitUntil([&] {
+    GFDev_GFP8_GetBrightness(0, &level);
+    return level == 4;
+  }));
+
+  // The same while its writer sits in a stalled write.
+  Panels().SetFault(path, VirtualFault::Block, true);
+  EXPECT_EQ(GFDev_GFP8_SetLEDs(0, 1), kGFDevDone);
+  ASSERT_TRUE(WaitUntil([&] { return Panels().BlockedWrites(path) == 1; }));
+  start = std::chrono::steady_clock::now();
+  EXPECT_EQ(GFDev_GFP8_GetBrightness(0, &level), kGFDevDone);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 100ms);
+  EXPECT_EQ(level, 4);
+  Panels().SetFault(path, VirtualFault::Block, false);
+}
+
+TEST_F(StallTest, ArrivalOfAUnitWhoseFeatureReadsStallDoesNotHoldUpTheFrame) {
+  const std::string known = Plug(3, "/dev/v/t8");
+  StartLayer();
+  ASSERT_TRUE(Panels().Unplug(known));
+  GFDev_ProcessDeviceChanges();
+  Panels().SetFeatureAnswer(known, 4, {4, 0x05});
+  Panels().SetFault(known, VirtualFault::FeatureBlock, true);
+  const std::string newcomer = Plug(3, "/dev/v/t8-new");
+  Panels().SetFault(newcomer, VirtualFault::FeatureBlock, true);
+  ASSERT_TRUE(Panels().Replug(known));
+
+  const auto start = std::chrono::steady_clock::now();
+  GFDev_ProcessDeviceChanges();
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 100ms);
+  EXPECT_EQ(GFDev_GFT8_Count(), 2);
+  EXPECT_FALSE(GFDev_ReturnsSettled()) << "the returning unit is still reading its state";
+
+  // Its state, read on its own thread once the unit answers, is the state the getter sees.
+  Panels().SetFault(known, VirtualFault::FeatureBlock, false);
+  Panels().SetFault(newcomer, VirtualFault::FeatureBlock, false);
+  ASSERT_TRUE(WaitUntil([] { return GFDev_ReturnsSettled(); }));
+  std::uint8_t switches = 0;
+  EXPECT_EQ(GFDev_GFT8_GetSwitches(0, &switches), kGFDevDone);
+  EXPECT_EQ(switches, 0x05);
+}
+
 // ---- plug storm -------------------------------------------------------------------------------------
 
 class PlugStormTest : public testing::VirtualPanelsTest {};

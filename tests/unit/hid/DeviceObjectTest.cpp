@@ -98,16 +98,16 @@ class DeviceObjectTest : public ::testing::Test {
 
 // ---- the queue and the strategy that drops ----------------------------------------------------------
 
-TEST_F(DeviceObjectTest, TwentySixthReportOfABlockedWriterIsDroppedAndTheRestSentInOrder) {
+TEST_F(DeviceObjectTest, TwentySixthLightReportOfABlockedWriterOverridesTheOldestAndTheRestGoInOrder) {
   auto object = Make(2);  // GF-P8: not started, so its writer cannot take anything yet
   for (std::uint8_t i = 0; i < 25; ++i) Queue(*object, {2, i});
-  EXPECT_FALSE(object->Enqueue(Bytes{2, 25}));
+  EXPECT_TRUE(object->Enqueue(Bytes{2, 25}));
   object->Open();
   ASSERT_TRUE(Idle(*object));
   auto sent = Sent();
   ASSERT_EQ(sent.size(), 25u);
   for (std::uint8_t i = 0; i < 25; ++i) {
-    EXPECT_EQ(sent[i].bytes, (Bytes{2, i}));
+    EXPECT_EQ(sent[i].bytes, (Bytes{2, static_cast<std::uint8_t>(i + 1)}));
     EXPECT_EQ(sent[i].kind, VirtualSentReport::Kind::Feature);
   }
 }

@@ -259,6 +259,43 @@ TEST(HidrawNodeEvents, AnnouncesANewNodeOnceItIsUsableOrWaitedLongEnough) {
   EXPECT_FALSE(events.Waiting());
 }
 
+TEST(HidrawNodeEvents, ANodeAnnouncedUnusableIsAnnouncedAgainWhenItsPermissionsAreFixed) {
+  HidrawNodeEvents events("/dev", 1000ms);
+  const auto start = HidrawNodeEvents::Clock::now();
+  std::set<std::string> usable;
+  const auto check = [&](const std::string& path) { return usable.count(path) > 0; };
+  std::vector<HidDeviceChange> out;
+
+  events.Created("hidraw2", start);
+  events.Created("hidraw7", start);
+  usable.insert("/dev/hidraw7");
+  events.Settle(start + 1000ms, check, out);
+  ASSERT_EQ(out.size(), 2u);
+  out.clear();
+
+  events.AttributesChanged("hidraw2", check, out);
+  EXPECT_TRUE(out.empty()) << "the attributes changed, but it still cannot be opened";
+  events.AttributesChanged("hidraw7", check, out);
+  EXPECT_TRUE(out.empty()) << "usable from the start: already announced and opened";
+
+  usable.insert("/dev/hidraw2");
+  events.AttributesChanged("hidraw2", check, out);
+  ASSERT_EQ(out.size(), 1u);
+  EXPECT_EQ(out[0].kind, HidDeviceChange::Kind::Arrival);
+  EXPECT_EQ(out[0].path, "/dev/hidraw2");
+  events.AttributesChanged("hidraw2", check, out);
+  EXPECT_EQ(out.size(), 1u) << "announced again once only";
+
+  // A node that went away is forgotten: a later node of that name waits for its patience again.
+  events.Created("hidraw3", start);
+  events.Settle(start + 1000ms, check, out);
+  events.Deleted("hidraw3", out);
+  out.clear();
+  usable.insert("/dev/hidraw3");
+  events.AttributesChanged("hidraw3", check, out);
+  EXPECT_TRUE(out.empty());
+}
+
 TEST(HidrawNodeEvents, RemovalOnlyForNodesWhoseArrivalWasAnnounced) {
   HidrawNodeEvents events("/dev", 1000ms);
   const auto start = HidrawNodeEvents::Clock::now();

@@ -29,6 +29,41 @@ TEST(ReportQueueTest, FullQueueDropsTheNewestAndKeepsTheOrder) {
   for (int i = 1; i <= 25; ++i) EXPECT_EQ(Taken(queue), Report(3, static_cast<std::uint8_t>(i)));
 }
 
+TEST(ReportQueueTest, FullQueueKeepsTheNewestReportOfEachKind) {
+  ReportQueue queue(4, 1);
+  EXPECT_TRUE(queue.Append(Report(2, 1), ReportKind::Feature));  // light
+  EXPECT_TRUE(queue.Append(Report(3, 1), ReportKind::Feature));  // brightness
+  EXPECT_TRUE(queue.Append(Report(2, 2), ReportKind::Feature));
+  EXPECT_TRUE(queue.Append(Report(5, 1), ReportKind::Feature));  // display
+  // Full: the oldest report that a newer one overrides goes, the others keep their order.
+  EXPECT_TRUE(queue.Append(Report(2, 3), ReportKind::Feature));  // light 1 goes
+  EXPECT_TRUE(queue.Append(Report(3, 2), ReportKind::Feature));  // brightness 1 goes
+  EXPECT_TRUE(queue.Append(Report(9, 1), ReportKind::Feature));  // light 2 goes, light 3 overrides it
+  EXPECT_EQ(queue.Count(), 4u);
+  // The same report id as another kind, or of another length, is something else: nothing queued
+  // is overridden now, so the newest is refused.
+  EXPECT_FALSE(queue.Append(Report(5, 2), ReportKind::Output));
+  EXPECT_FALSE(queue.Append(std::vector<std::uint8_t>{5, 2, 0}, ReportKind::Feature));
+  EXPECT_TRUE(queue.Append(Report(5, 2), ReportKind::Feature));
+  EXPECT_EQ(Taken(queue), Report(2, 3));
+  EXPECT_EQ(Taken(queue), Report(3, 2));
+  EXPECT_EQ(Taken(queue), Report(9, 1));
+  EXPECT_EQ(Taken(queue), Report(5, 2));
+  EXPECT_FALSE(queue.TakeFront().has_value());
+}
+
+TEST(ReportQueueTest, AKeyOfTwoBytesKeepsOneReportPerAddressedLight) {
+  ReportQueue queue(3, 2);
+  EXPECT_TRUE(queue.Append(std::vector<std::uint8_t>{2, 1, 100}, ReportKind::Output));
+  EXPECT_TRUE(queue.Append(std::vector<std::uint8_t>{2, 2, 100}, ReportKind::Output));
+  EXPECT_TRUE(queue.Append(std::vector<std::uint8_t>{2, 3, 100}, ReportKind::Output));
+  EXPECT_FALSE(queue.Append(std::vector<std::uint8_t>{2, 4, 0}, ReportKind::Output));
+  EXPECT_TRUE(queue.Append(std::vector<std::uint8_t>{2, 2, 0}, ReportKind::Output));
+  EXPECT_EQ(Taken(queue), (std::vector<std::uint8_t>{2, 1, 100}));
+  EXPECT_EQ(Taken(queue), (std::vector<std::uint8_t>{2, 3, 100}));
+  EXPECT_EQ(Taken(queue), (std::vector<std::uint8_t>{2, 2, 0}));
+}
+
 TEST(ReportQueueTest, PushedBackReportComesFirstEvenWhenTheQueueFilledMeanwhile) {
   ReportQueue queue(2);
   queue.Append(Report(1, 1), ReportKind::Feature);

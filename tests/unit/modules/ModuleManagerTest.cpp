@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ModuleTestSupport.h"
+#include "hid/GFDev.h"
 #include "modules/DeviceInput.h"
 
 namespace drav {
@@ -182,6 +183,19 @@ TEST_F(DeviceInputTest, NothingIsQueuedWithoutRecordModuleOrChange) {
   EXPECT_EQ(Deliver(kModuleGFP8, 0, &noChange), 1);
   EXPECT_EQ(queue.pending.load(), 0);
   EXPECT_EQ(Find<P8Like>(kModuleGFP8, 0)->getButtonCalls, 1);  // only the no-change record
+}
+
+TEST_F(DeviceInputTest, AFullQueueRefusesTheRecordBeforeTheDecoderSeesIt) {
+  Sized(1, 0, 0);
+  for (std::int32_t i = 0; i < kInputQueueCapacity; ++i) PushInputEvent(queue, kModuleGFP8, 0, 7, i);
+  const ScriptedRecord press{0, 1};
+  EXPECT_EQ(Deliver(kModuleGFP8, 0, &press), kGFDevInputRefused);
+  EXPECT_EQ(Find<P8Like>(kModuleGFP8, 0)->getButtonCalls, 0) << "a refused change must stay undecoded";
+  InputEvent oldest;
+  ASSERT_TRUE(TakeInputEvent(queue, &oldest));
+  EXPECT_EQ(Deliver(kModuleGFP8, 0, &press), 1);
+  EXPECT_EQ(Find<P8Like>(kModuleGFP8, 0)->getButtonCalls, 1);
+  EXPECT_EQ(queue.pending.load(), kInputQueueCapacity);
 }
 
 TEST_F(DeviceInputTest, ModelWithItsOwnDecoderNeverReachesGetButton) {
