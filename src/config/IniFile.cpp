@@ -52,9 +52,7 @@ void ReportFileProblem(const char* format, ...) {
   va_end(arguments);
   if (written < 0) return;
   LogLine(text);
-  char line[kLogLineMax + 16];
-  std::snprintf(line, sizeof line, "DRAV: %s\n", text);
-  XPLMDebugString(line);
+  SimLogLine(text);
 }
 
 // ---- the file's bytes ---------------------------------------------------------------------------
