@@ -6,7 +6,9 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "config/CustomBindingSyntax.h"
 #include "config/IniFile.h"
+#include "functions/CustomBindings.h"
 
 namespace drav {
 
@@ -102,6 +104,11 @@ bool FindRadioReference(const char* value, AssignmentTargetUnit* out) {
 
 ResolvedAssignment ResolveAssignment(const char* value, AssignmentTarget target, std::int32_t thisUnit) {
   ResolvedAssignment resolved;
+  // A command or dataref named in the value itself: never a catalogue name, never aimed at a radio.
+  if (IsCustomBindingValue(value)) {
+    resolved.functionId = InternCustomBinding(value);
+    return resolved;
+  }
   resolved.functionId = ResolveFunctionId(value);
   switch (target) {
     case AssignmentTarget::kNone:

@@ -35,7 +35,8 @@ FunctionId ResolveFunctionId(const char* value);
 // is kept as written. *out is left alone when the value names no radio.
 bool FindRadioReference(const char* value, AssignmentTargetUnit* out);
 
-// The function id and its target for a key of `target` kind, `thisUnit` being the loading unit.
+// The function id and its target for a key of `target` kind, `thisUnit` being the loading unit. A
+// value in the custom syntax (CustomBindingSyntax.h) gets its own id, or 0 when it is malformed.
 ResolvedAssignment ResolveAssignment(const char* value, AssignmentTarget target, std::int32_t thisUnit);
 
 // ---- calibration ---------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "config/IniFile.h"
+#include "functions/CustomBindings.h"
 #include "functions/FunctionCatalogue.h"
 #include "host/HostState.h"
 #include "host/Log.h"
@@ -240,6 +241,22 @@ UnitLoader FindLoader(std::uint32_t moduleType) {
   return nullptr;
 }
 
+// The names of a custom value the simulator lacks, each told once in Log.txt.
+void ReportMissingNames(const std::string& section, const std::string& key, const std::string& value, FunctionId id) {
+  struct Where {
+    const std::string& section;
+    const std::string& key;
+    const std::string& value;
+  } where{section, key, value};
+  ReportMissingCustomNames(
+      id,
+      [](void* context, const char* what, const char* name) {
+        const Where& at = *static_cast<const Where*>(context);
+        SimLogMissingName(at.section, at.key, at.value, what, name);
+      },
+      &where);
+}
+
 }  // namespace
 
 void LoadAllAssignments() {
@@ -287,6 +304,7 @@ ResolvedAssignment ReadAssignment(const std::string& section, const AssignmentKe
   const ResolvedAssignment resolved = ResolveAssignment(value.c_str(), group.target, thisUnit);
   if (resolved.functionId == kNada && !value.empty() && value != GetFunctionName(kNada))
     SimLogUnknownFunction(section, KeyName(group, index), value);
+  if (IsCustomFunction(resolved.functionId)) ReportMissingNames(section, KeyName(group, index), value, resolved.functionId);
   return resolved;
 }
 

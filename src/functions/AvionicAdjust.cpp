@@ -6,6 +6,7 @@
 #include <initializer_list>
 
 #include "functions/AvionicDisplay.h"
+#include "functions/CustomBindings.h"
 #include "functions/DatarefBinding.h"
 #include "functions/DigitField.h"
 #include "functions/FunctionObjects.h"
@@ -331,6 +332,10 @@ std::int32_t PairsToTransponder(std::int32_t pairs) {
 void AdjustAvionicFunction(AvionicFunction* function, std::int32_t outerSteps, std::int32_t innerSteps,
                            std::uint32_t moduleType) {
   if (function == nullptr) return;
+  if (function->custom != nullptr) {
+    AdjustCustomValue(*function, outerSteps, innerSteps);
+    return;
+  }
   const AdjustRow* row = FindAdjustRow(function->functionId);
   if (row == nullptr) return;
 

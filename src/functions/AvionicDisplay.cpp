@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "config/Numbers.h"
+#include "functions/CustomBindings.h"
 #include "functions/DatarefBinding.h"
 #include "functions/DisplayBrightness.h"
 #include "functions/FunctionObjects.h"
@@ -212,12 +213,17 @@ const DisplayFormat* FormatOf(const AvionicFunction& function) {
 }  // namespace
 
 void FormatAvionicDisplay(AvionicFunction& function) {
+  if (function.custom != nullptr) {
+    FormatCustomValue(function);
+    return;
+  }
   const DisplayFormat* format = FormatOf(function);
   if (format == nullptr) return;
   format->format(function, GetAvionicValue(function));
 }
 
 void ApplyAvionicDisplay(AvionicFunction& function) {
+  if (function.custom != nullptr) return;  // its text is only ever shown, never typed back
   const DisplayFormat* format = FormatOf(function);
   if (format == nullptr) return;
   // The text may have been exchanged or written by others: parse a copy that is surely terminated.

@@ -67,10 +67,12 @@ float ReadBoundValue(DatarefBinding& binding) {
   }
 }
 
-// The mode is a float that only ever holds 0, 1 or 2; anything else compares for equality.
+// The mode is a float that only ever holds 0 to 4; anything else compares for equality.
 bool ValueMeansOn(float value, float onValue, float compareMode) {
   if (compareMode == kCompareAtLeast) return value >= onValue;
   if (compareMode == kCompareGreater) return value > onValue;
+  if (compareMode == kCompareNotEqual) return value != onValue;
+  if (compareMode == kCompareLess) return value < onValue;
   return value == onValue;
 }
 

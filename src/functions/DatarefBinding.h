@@ -20,6 +20,8 @@ enum DatarefValueType : std::int32_t {
 inline constexpr float kCompareEqual = 0.0f;
 inline constexpr float kCompareGreater = 1.0f;
 inline constexpr float kCompareAtLeast = 2.0f;
+inline constexpr float kCompareNotEqual = 3.0f;
+inline constexpr float kCompareLess = 4.0f;
 
 struct DatarefBinding {
   std::int32_t state = 0;  // last evaluated or commanded state, 0 or 1

@@ -11,6 +11,7 @@
 
 #include "functions/AvionicDisplay.h"
 #include "functions/AvionicFunctionTable.h"
+#include "functions/CustomBindings.h"
 #include "functions/FunctionBindingTable.h"
 #include "functions/RadioTargets.h"
 #include "functions/SimulatorEquivalents.h"
@@ -345,6 +346,10 @@ void CreateFunction(FunctionId id, AvionicFunction** avionicOut, SwitchFunction&
                     std::int32_t moduleKind) {
   // Not a function id at all: a negative value must not become a ModuleSelect target.
   if (id < kNada) return;
+  if (IsCustomFunction(id)) {
+    BuildCustomFunction(id, avionicOut, record);
+    return;
+  }
   // A button bound to an avionic function selects that function on a radio module.
   if (id < kMaxAvionic && avionicOut == nullptr) {
     MakeModuleSelect(record, id, unit, moduleKind);
@@ -387,6 +392,9 @@ void ExecuteFunction(SwitchFunction& record, std::int32_t action, std::int32_t v
     case kSimulatorCommand:
       ExecuteSimulatorCommand(record, action, value);
       return;
+    case kCustomBinding:
+      ExecuteCustomBinding(record, action, value);
+      return;
     default:
       return;
   }
@@ -408,12 +416,18 @@ void RefreshFunctionState(SwitchFunction& record) {
       if (record.enabled == 0) return;
       RefreshFromBindings(record);
       return;
+    case kCustomBinding:
+      RefreshCustomBinding(record);
+      return;
     default:
       return;
   }
 }
 
 void ClearFunction(SwitchFunction& record) {
+  // A command held down by the control must not stay down once the control is bound elsewhere.
+  if (record.kind == kCustomBinding && record.commandHeld != 0) EndCommand(record.command);
+  record.commandHeld = 0;
   record.state = 0;
   record.actOnRelease = 0;
   record.holdCommand = 0;

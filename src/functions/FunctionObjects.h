@@ -11,12 +11,15 @@
 
 namespace drav {
 
+struct CustomValueBinding;
+
 enum FunctionKind : std::int32_t {
   kNoKind = 0,
   kModuleSelect = 1,
   kSimCommand = 2,
   kDatarefSwitch = 3,
   kSimulatorCommand = 4,  // a named simulator command standing in for a dataref the simulator dropped
+  kCustomBinding = 5,     // a command or dataref named in DRAV.INI itself (CustomBindings.h)
 };
 
 enum FunctionAction : std::int32_t {
@@ -49,6 +52,12 @@ struct SwitchFunction {
   FunctionId functionId = 0;
   XPLMCommandRef command = nullptr;  // kSimulatorCommand: null when the simulator lacks it
   std::int32_t commandDrive = 0;     // kSimulatorCommand: the EquivalentDrive that runs it
+  // kCustomBinding: the CustomAction, the second command (off, or none), whether bindings[1] is the
+  // light, and whether the held command has begun and not yet ended.
+  std::int32_t customAction = 0;
+  XPLMCommandRef offCommand = nullptr;
+  std::int32_t customLight = 0;
+  std::int32_t commandHeld = 0;
 };
 
 inline constexpr int kAvionicTextSize = 10;  // at most 9 characters and the terminating zero
@@ -66,6 +75,8 @@ struct AvionicFunction {
   XPLMCommandRef stepDown = nullptr;
   // The dataref is an on/off flag that means the opposite of the value shown and set.
   bool invertedFlag = false;
+  // A value named in DRAV.INI itself: how it is stepped and shown (null for the catalogue's).
+  const CustomValueBinding* custom = nullptr;
 };
 
 inline constexpr int kMultiFunctionSlots = 6;

@@ -130,16 +130,39 @@ void SimLogFormat(const char* format, ...) {
   va_end(arguments);
 }
 
-void SimLogUnknownFunction(const std::string& section, const std::string& key, const std::string& value) {
-  const std::string told = section + '\n' + key + '\n' + value;
+namespace {
+
+// True the first time a line is to be told, while the cap allows; the caller then tells it and
+// closes with EndTelling.
+bool FirstTelling(const std::string& told) {
   if (gToldValues.size() >= kMaxToldValues ||
       std::find(gToldValues.begin(), gToldValues.end(), told) != gToldValues.end()) {
-    return;
+    return false;
   }
   gToldValues.push_back(told);
+  return true;
+}
+
+void EndTelling() {
+  if (gToldValues.size() == kMaxToldValues) SimLogLine("DRAV.INI: further values that name no function are not listed.");
+}
+
+}  // namespace
+
+void SimLogUnknownFunction(const std::string& section, const std::string& key, const std::string& value) {
+  if (!FirstTelling(section + '\n' + key + '\n' + value)) return;
   SimLogFormat("DRAV.INI [%s] %s = %s names no function; the control does nothing.", section.c_str(),
                key.c_str(), value.c_str());
-  if (gToldValues.size() == kMaxToldValues) SimLogLine("DRAV.INI: further values that name no function are not listed.");
+  EndTelling();
+}
+
+void SimLogMissingName(const std::string& section, const std::string& key, const std::string& value,
+                       const char* what, const char* name) {
+  if (what == nullptr || name == nullptr) return;
+  if (!FirstTelling(section + '\n' + key + '\n' + value + '\n' + name)) return;
+  SimLogFormat("DRAV.INI [%s] %s = %s: the simulator has no %s %s; that part does nothing.", section.c_str(),
+               key.c_str(), value.c_str(), what, name);
+  EndTelling();
 }
 
 void SimLogUnopenedPanel(const char* model, const std::string& path, const std::string& reason) {

@@ -34,6 +34,10 @@ void SimLogFormat(const char* format, ...) __attribute__((format(printf, 1, 2)))
 // A DRAV.INI value that names no function. Each (section, key, value) is told once, however often
 // the units are loaded again (every pick reloads one); the plug-in's start forgets what was told.
 void SimLogUnknownFunction(const std::string& section, const std::string& key, const std::string& value);
+// A value that names a command or dataref (what: "command" or "dataref") the simulator does not
+// have; told once per name, under the same cap as the unknown values.
+void SimLogMissingName(const std::string& section, const std::string& key, const std::string& value,
+                       const char* what, const char* name);
 // A panel that could not be opened, and why ("permission denied" on Linux points at the udev rule).
 void SimLogUnopenedPanel(const char* model, const std::string& path, const std::string& reason);
 void ResetSimLog();
