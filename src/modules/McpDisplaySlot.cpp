@@ -47,7 +47,11 @@ void SendMcpDisplays(std::int32_t unit, bool powered, std::span<const McpDisplay
     const AvionicFunction* dial = dials[i];
     if (dial == nullptr || std::strncmp(dial->text, lastTexts[i], kMcpTextSize - 1) == 0) continue;
     char shown[kMcpTextSize + 2];
-    ComposeMcpDisplayText(slots[i], dial->text, shown, sizeof shown);
+    // The catalogue's texts carry blanks that each display skips; a value named in DRAV.INI is
+    // formatted by the pilot for the display and shown from its first character.
+    McpDisplaySlot slot = slots[i];
+    if (dial->custom != nullptr) slot.first = 0;
+    ComposeMcpDisplayText(slot, dial->text, shown, sizeof shown);
     slots[i].send(unit, shown);
     std::snprintf(lastTexts[i], kMcpTextSize, "%s", dial->text);
     if (logging) LogFormat("%s -  %c freqval = %s", logPrefix, slots[i].letter, shown);
