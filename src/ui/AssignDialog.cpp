@@ -11,11 +11,13 @@
 #include <vector>
 
 #include "config/Assignments.h"
+#include "config/CustomBindingSyntax.h"
 #include "config/IniFile.h"
 #include "config/Numbers.h"
 #include "modules/ModuleTypes.h"
 #include "ui/DialogDeviceList.h"
 #include "ui/DialogLayout.h"
+#include "ui/CustomRowItem.h"
 #include "ui/DialogRows.h"
 #include "ui/FunctionPickLists.h"
 #include "ui/ItemList.h"
@@ -116,6 +118,7 @@ void ReloadCurrentUnit() {
 void SaveItemPicked(XPWidgetID popup, const std::string& key, int index) {
   if (key.empty()) return;
   const std::string item(ItemAt(WidgetDescriptor(popup), index));
+  if (IsCustomRowItem(item)) return;  // the value in the file stays as the pilot wrote it
   WriteSectionValue(key, IsNoSelectionItem(item) ? "" : item.c_str());
   ReloadCurrentUnit();
 }
@@ -219,7 +222,17 @@ void FillFunctionRow(const DialogFunctionRow& entry, const std::string& list) {
   if (entry.row < 0 || entry.row >= kDialogFunctionRows) return;
   FunctionRowWidgets& row = gDialog.functions[static_cast<std::size_t>(entry.row)];
   ShowWithText(row.caption, entry.caption);
-  ShowPopupSelection(row.popup, list, ReadSectionValue(entry.key, entry.defaultValue));
+  const std::string value = ReadSectionValue(entry.key, entry.defaultValue);
+  if (IsCustomBindingValue(value.c_str())) {
+    int left = 0;
+    int right = 0;
+    XPGetWidgetGeometry(row.popup, &left, nullptr, &right, nullptr);
+    const CustomRowList custom = WithCustomRowItem(list, value, PopupTextRoom(right - left));
+    ShowWithText(row.popup, custom.list.c_str());
+    XPSetWidgetProperty(row.popup, kPopupCurrentItemProperty, custom.selected);
+  } else {
+    ShowPopupSelection(row.popup, list, value);
+  }
   row.key = entry.key;
 }
 

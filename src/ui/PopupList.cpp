@@ -134,6 +134,8 @@ void OpenMenuFor(XPWidgetID widget) {
 
 int PopupWidthFor(int textWidth) { return std::max(0, textWidth) + kArrowRoom + kTextIndent + kTextMargin; }
 
+int PopupTextRoom(int popupWidth) { return std::max(0, popupWidth - kArrowRoom - kTextIndent - kTextMargin); }
+
 std::string WidgetDescriptor(XPWidgetID widget) {
   const int length = XPGetWidgetDescriptor(widget, nullptr, 0);
   if (length <= 0) return {};

@@ -26,6 +26,8 @@ XPWidgetID CreatePopupList(int left, int top, int right, int bottom, int visible
 // The width a pop-up needs to show a text of that many pixels whole, beside its arrow. A narrower
 // pop-up shows as much of the text as fits.
 int PopupWidthFor(int textWidth);
+// The inverse: how wide a text a pop-up of that width shows whole (0 at least).
+int PopupTextRoom(int popupWidth);
 
 // A widget's whole descriptor (for a pop-up: its item list).
 std::string WidgetDescriptor(XPWidgetID widget);
