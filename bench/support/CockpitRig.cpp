@@ -40,6 +40,59 @@ constexpr const char* kWarningFunctions[] = {"WCP_ENGINE_FIRE", "WCP_GENERATOR_O
                                              "WCP_AUTO_IGNITION", "WCP_REVERSER_DEPLOYED",
                                              "WCP_OIL_TEMPERATURE_HIGH"};
 
+// Custom values of each kind. Every name exists in the simulator (declared by kCustomSetup), so
+// the refresh reads each light and display for real.
+constexpr const char* kCustomSwitches[] = {
+    "toggle sim/cockpit2/switches/landing_lights_on 1",
+    "set sim/cockpit2/switches/generic_lights_switch[3] 1 lit sim/cockpit2/switches/generic_lights_switch[3] > 0.5",
+    "cmd sim/lights/beacon_lights_toggle lit sim/cockpit2/switches/beacon_on = 1",
+    "cmd sim/lights/landing_lights_on sim/lights/landing_lights_off lit sim/cockpit2/switches/landing_lights_on != 0",
+    "hold sim/starters/engage_starter_1 lit sim/cockpit2/electrical/battery_on[1] < 1",
+    "lit sim/cockpit2/annunciators/master_caution = 1",
+};
+constexpr const char* kCustomKnobs[] = {
+    "step sim/cockpit2/autopilot/heading_dial_deg_mag_pilot 1 0 359 wrap "
+    "show sim/cockpit2/autopilot/heading_dial_deg_mag_pilot %03d",
+    "step sim/cockpit2/autopilot/altitude_dial_ft 100 0 50000 show sim/cockpit2/autopilot/altitude_dial_ft %05d",
+    "turn sim/autopilot/heading_up sim/autopilot/heading_down show sim/cockpit2/engine/indicators/N1_percent[1] %5.1f",
+};
+constexpr const char* kCustomSetup =
+    "command sim/lights/beacon_lights_toggle present\n"
+    "command sim/lights/landing_lights_on present\n"
+    "command sim/lights/landing_lights_off present\n"
+    "command sim/starters/engage_starter_1 present\n"
+    "command sim/autopilot/heading_up present\n"
+    "command sim/autopilot/heading_down present\n"
+    "dataref sim/cockpit2/switches/landing_lights_on int = 1\n"
+    "dataref sim/cockpit2/switches/beacon_on int = 0\n"
+    "dataref sim/cockpit2/switches/generic_lights_switch float[128] = 0.75\n"
+    "dataref sim/cockpit2/electrical/battery_on int[8] = 1\n"
+    "dataref sim/cockpit2/annunciators/master_caution int = 1\n"
+    "dataref sim/cockpit2/autopilot/heading_dial_deg_mag_pilot float = 270\n"
+    "dataref sim/cockpit2/autopilot/altitude_dial_ft float = 12000\n"
+    "dataref sim/cockpit2/engine/indicators/N1_percent float[8] = 87.5\n";
+
+struct CustomGroup {
+  const AssignmentKeyGroup* group;
+  bool knobs;
+};
+
+// The groups whose controls take custom values.
+std::vector<CustomGroup> CustomGroupsOf(std::uint32_t moduleType) {
+  switch (moduleType) {
+    case 2: case 3: return {{&kGFP8Keys, false}};
+    case 5: return {{&kGF166ButtonKeys, false}};
+    case 6: return {{&kGFMCPButtonKeys, false}, {&kGFMCPKnobKeys, true}};
+    case 12: return {{&GFMCPProButtonKeys(0), false}, {&GFMCPProKnobKeys(0), true}};
+    case 13: return {{&kGFEFISButtonKeys, false}, {&kGFEFISKnobKeys, true}};
+    case 14: return {{&kGFSECMKeys, false}};
+    case 17: return {{&kGFMESMKeys, false}};
+    case 18: return {{&kGFWCPKeys, false}};
+    case 19: return {{&kGFDIOInputOnKeys, false}, {&kGFDIOInputOffKeys, false}, {&kGFDIOOutputKeys, false}};
+    default: return {};
+  }
+}
+
 // A group and the functions its keys get; no functions: the group's own defaults, which already
 // bind every control of these models.
 struct BoundGroup {
@@ -63,8 +116,41 @@ std::vector<BoundGroup> GroupsOf(std::uint32_t moduleType) {
   }
 }
 
-void WriteSection(std::ostringstream& ini, std::uint32_t moduleType, int unit) {
+template <std::size_t N>
+void WriteKeys(std::ostringstream& ini, const AssignmentKeyGroup& group, const char* const (&values)[N]) {
+  for (int key = 0; key < KeyCount(group); ++key) ini << KeyName(group, key) << "=" << values[key % N] << "\n";
+}
+
+// The GF-RP48's eight buttons and four knobs share one group, so each part is written by name.
+void WriteCustomRP48(std::ostringstream& ini) {
+  for (int button = 0; button < 8; ++button) {
+    ini << "Function" << button + 1 << "=" << kCustomSwitches[button % std::size(kCustomSwitches)] << "\n";
+  }
+  for (int knob = 0; knob < 4; ++knob) {
+    ini << "Function" << static_cast<char>('A' + knob) << "=" << kCustomKnobs[knob % std::size(kCustomKnobs)] << "\n";
+  }
+}
+
+// True when the unit's section was written with custom values.
+bool WriteCustomSection(std::ostringstream& ini, std::uint32_t moduleType) {
+  if (moduleType == 7) {
+    WriteCustomRP48(ini);
+    return true;
+  }
+  const std::vector<CustomGroup> groups = CustomGroupsOf(moduleType);
+  for (const CustomGroup& custom : groups) {
+    if (custom.knobs) {
+      WriteKeys(ini, *custom.group, kCustomKnobs);
+    } else {
+      WriteKeys(ini, *custom.group, kCustomSwitches);
+    }
+  }
+  return !groups.empty();
+}
+
+void WriteSection(std::ostringstream& ini, std::uint32_t moduleType, int unit, CockpitBindings bindings) {
   ini << "[" << AssignmentSection(moduleType, static_cast<std::uint32_t>(unit)) << "]\n";
+  if (bindings == CockpitBindings::kCustom && WriteCustomSection(ini, moduleType)) return;
   for (const BoundGroup& bound : GroupsOf(moduleType)) {
     if (bound.functions.empty()) continue;
     for (int key = 0; key < KeyCount(*bound.group); ++key) {
@@ -112,10 +198,10 @@ class RigLineSource : public dravsim::LineSource {
 std::span<const CockpitUnits> FullCockpit() { return kFullCockpit; }
 std::span<const CockpitUnits> LargeCockpit() { return kLargeCockpit; }
 
-std::string CockpitIni(std::span<const CockpitUnits> units) {
+std::string CockpitIni(std::span<const CockpitUnits> units, CockpitBindings bindings) {
   std::ostringstream ini;
   for (const CockpitUnits& model : units) {
-    for (int unit = 0; unit < model.count; ++unit) WriteSection(ini, model.moduleType, unit);
+    for (int unit = 0; unit < model.count; ++unit) WriteSection(ini, model.moduleType, unit, bindings);
   }
   return ini.str();
 }
@@ -127,9 +213,10 @@ std::string Cockpit::PathOf(std::uint32_t moduleType, int index) const {
 }
 
 bool RunInCockpit(std::span<const CockpitUnits> units, const std::function<void(Cockpit&)>& body,
-                  std::string* output) {
+                  std::string* output, CockpitBindings bindings) {
   std::ostringstream setup;
-  setup << "ini\n" << CockpitIni(units) << "end\n";
+  setup << "ini\n" << CockpitIni(units, bindings) << "end\n";
+  if (bindings == CockpitBindings::kCustom) setup << kCustomSetup;
   for (const CockpitUnits& model : units) {
     for (int unit = 0; unit < model.count; ++unit) {
       setup << "plug " << model.model << " as " << UnitName(model.moduleType, unit) << "\n";

@@ -25,9 +25,14 @@ std::span<const CockpitUnits> FullCockpit();
 // ... and a large one: 32 GF-P8 and 16 GF-46.
 std::span<const CockpitUnits> LargeCockpit();
 
+// What the controls are bound to: catalogue functions, or commands and datarefs named in DRAV.INI
+// itself (every button, switch, light, knob and display that takes one; the radios' modes, the
+// levers and the gear panels keep their catalogue functions, as custom values do not reach them).
+enum class CockpitBindings { kCatalogue, kCustom };
+
 // The DRAV.INI that binds every control of these units (the keys the loader reads, each with a
 // function of the control's kind).
-std::string CockpitIni(std::span<const CockpitUnits> units);
+std::string CockpitIni(std::span<const CockpitUnits> units, CockpitBindings bindings = CockpitBindings::kCatalogue);
 
 struct Cockpit {
   VirtualHidBackend& panels;
@@ -40,7 +45,7 @@ struct Cockpit {
 // assignments are loaded at the first refresh tick), then calls body. False when the set-up
 // scenario reported an error or a failure (the body did not run).
 bool RunInCockpit(std::span<const CockpitUnits> units, const std::function<void(Cockpit&)>& body,
-                  std::string* output = nullptr);
+                  std::string* output = nullptr, CockpitBindings bindings = CockpitBindings::kCatalogue);
 
 // Simulated frames: the clock advances 1/60 s and every due flight loop runs, as in the simulator.
 void RunFrames(int frames);

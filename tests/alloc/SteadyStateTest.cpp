@@ -14,6 +14,7 @@
 
 #include "CountingNew.h"
 #include "XPLMDataAccess.h"
+#include "functions/CustomBindings.h"
 #include "hid/DeviceClasses.h"
 #include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
@@ -90,6 +91,26 @@ TEST(SteadyStateFrames, IdleFramesAllocateNothing) {
     for (int frame = 0; frame < 10 * kFramesPerSecond; ++frame) PluginFrame(frame);
     allocations = counter.Count();
   }));
+  EXPECT_EQ(allocations, 0u) << "allocations in ten idle seconds";
+}
+
+// Controls bound to commands and datarefs by name read their lights and displays through handles
+// found when they were built: a frame does no look-up and no string work for them either.
+TEST(SteadyStateFrames, IdleFramesOfACustomCockpitAllocateNothing) {
+  std::size_t allocations = 1;
+  FunctionId firstButton = kNada;
+  ASSERT_TRUE(RunInCockpit(
+      bench::FullCockpit(),
+      [&](Cockpit&) {
+        GF_Abstract_Module* p8 = nullptr;
+        if (TheModuleManager().FindModule(kGFP8, 0, &p8) == 1 && p8 != nullptr) firstButton = p8->GetAssignedFunction('1');
+        for (int frame = 0; frame < kFramesPerSecond; ++frame) PluginFrame(frame);  // settle
+        AllocationCounter counter;
+        for (int frame = 0; frame < 10 * kFramesPerSecond; ++frame) PluginFrame(frame);
+        allocations = counter.Count();
+      },
+      nullptr, bench::CockpitBindings::kCustom));
+  EXPECT_TRUE(IsCustomFunction(firstButton)) << "the cockpit's controls must hold custom bindings";
   EXPECT_EQ(allocations, 0u) << "allocations in ten idle seconds";
 }
 

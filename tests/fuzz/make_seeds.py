@@ -123,6 +123,23 @@ def function_seeds():
         write("fuzz_find_function", name.lower(), name.encode())
 
 
+def custom_binding_seeds():
+    for name, value in [
+        ("command_pair", "cmd sim/lights/landing_lights_on sim/lights/landing_lights_off"),
+        ("hold", "hold sim/starters/engage_starter_1"),
+        ("set_element_lit", "set sim/cockpit2/switches/panel_brightness_ratio[2] 0.75 0.25 "
+                            "lit sim/cockpit2/switches/panel_brightness_ratio[2] > 0.5"),
+        ("toggle", "toggle sim/cockpit2/switches/beacon_on 1"),
+        ("light_alone", "lit sim/cockpit2/annunciators/master_caution != 0"),
+        ("step_wrap_show", "step sim/cockpit2/autopilot/heading_dial_deg_mag_pilot 1 0 359 wrap "
+                           "show sim/cockpit2/autopilot/heading_dial_deg_mag_pilot %03d"),
+        ("turn", "turn sim/autopilot/heading_up sim/autopilot/heading_down"),
+        ("show_decimals", "show sim/cockpit2/engine/indicators/N1_percent[1] %05.1f"),
+        ("malformed", "set a/b[12 1,5 lit"),
+    ]:
+        write("fuzz_custom_binding", name, value.encode())
+
+
 def digit_field_seeds():
     cases = [  # name, value, position, width, min, max, wrap, steps, stepSize
         ("com_mhz_up", 11850, 2, 3, 118, 136, 1, 1, 1),
@@ -161,5 +178,6 @@ if __name__ == "__main__":
     device_seeds()
     encoder_seeds()
     function_seeds()
+    custom_binding_seeds()
     digit_field_seeds()
     scenario_seeds()
