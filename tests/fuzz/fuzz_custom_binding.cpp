@@ -56,7 +56,8 @@ void CheckAccepted(const drav::CustomBindingSpec& spec) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string text(reinterpret_cast<const char*>(data), size);  // ends at its first NUL
+  // What the INI reader can hand over: the text up to its first NUL.
+  const std::string text(std::string(reinterpret_cast<const char*>(data), size).c_str());
   drav::CustomBindingSpec spec;
   const bool accepted = drav::ParseCustomBinding(text.c_str(), &spec);
   DRAV_FUZZ_CHECK(!accepted || drav::IsCustomBindingValue(text.c_str()));
