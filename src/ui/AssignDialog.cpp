@@ -68,6 +68,10 @@ struct DialogState {
   std::array<FunctionRowWidgets, kDialogFunctionRows> functions;
   std::array<ColourRowWidgets, kDialogColourRows> colours;
   std::array<SliderRowWidgets, kDialogSliderRows> sliders;
+  // The field in which a value is typed, laid over the row's pop-up while it is typed.
+  XPWidgetID valueField = nullptr;
+  XPWidgetID typingPopup = nullptr;
+  std::string typingKey;  // empty while nothing is typed
 };
 
 // Main thread only, like every widget call.
@@ -113,12 +117,64 @@ void ReloadCurrentUnit() {
   LoadUnitAssignments(gDialog.currentType, static_cast<std::uint32_t>(gDialog.currentUnit - 1));
 }
 
+// ---- typing a value ----------------------------------------------------------------------------
+
+constexpr char kReturnKey = 13;
+constexpr char kEscapeKey = 27;
+
+void StopTyping() {
+  if (gDialog.valueField != nullptr) {
+    XPLoseKeyboardFocus(gDialog.valueField);
+    XPHideWidget(gDialog.valueField);
+  }
+  if (gDialog.typingPopup != nullptr) XPShowWidget(gDialog.typingPopup);
+  gDialog.typingPopup = nullptr;
+  gDialog.typingKey.clear();
+}
+
+// The field takes the pop-up's place with the row's value in it, ready for the keyboard.
+void StartTyping(XPWidgetID popup, const std::string& key) {
+  if (gDialog.valueField == nullptr) return;
+  StopTyping();
+  int left = 0, top = 0, right = 0, bottom = 0;
+  XPGetWidgetGeometry(popup, &left, &top, &right, &bottom);
+  XPSetWidgetGeometry(gDialog.valueField, left, top, right, bottom);
+  XPSetWidgetDescriptor(gDialog.valueField, ReadSectionValue(key, "").c_str());
+  XPHideWidget(popup);
+  XPShowWidget(gDialog.valueField);
+  XPSetKeyboardFocus(gDialog.valueField);
+  gDialog.typingPopup = popup;
+  gDialog.typingKey = key;
+}
+
+// Return stores what was typed, as a pick stores its item, and shows the unit again; Escape leaves
+// the row as it was. Every other key is the field's.
+int OnValueFieldKey(XPWidgetMessage message, XPWidgetID widget, intptr_t param1, intptr_t /*param2*/) {
+  if (message != xpMsg_KeyPress || !gDialog.open || gDialog.typingKey.empty()) return 0;
+  const auto& key = *reinterpret_cast<const XPKeyState_t*>(param1);
+  if ((key.flags & xplm_DownFlag) == 0) return 0;
+  if (key.key == kEscapeKey) {
+    StopTyping();
+    return 1;
+  }
+  if (key.key != kReturnKey) return 0;
+  WriteSectionValue(gDialog.typingKey, WidgetDescriptor(widget).c_str());
+  StopTyping();
+  ReloadCurrentUnit();
+  ShowDevicePanel(gDialog.currentType, gDialog.currentUnit);
+  return 1;
+}
+
 // ---- callbacks -------------------------------------------------------------------------------------
 
 void SaveItemPicked(XPWidgetID popup, const std::string& key, int index) {
   if (key.empty()) return;
   const std::string item(ItemAt(WidgetDescriptor(popup), index));
   if (IsCustomRowItem(item)) return;  // the value in the file stays as the pilot wrote it
+  if (item == kTypeValueItem) {
+    StartTyping(popup, key);
+    return;
+  }
   WriteSectionValue(key, IsNoSelectionItem(item) ? "" : item.c_str());
   ReloadCurrentUnit();
 }
@@ -195,6 +251,7 @@ void HideWithText(XPWidgetID widget) {
 }
 
 void HideEveryRow() {
+  StopTyping();
   for (FunctionRowWidgets& row : gDialog.functions) {
     HideWithText(row.caption);
     HideWithText(row.popup);
@@ -223,15 +280,16 @@ void FillFunctionRow(const DialogFunctionRow& entry, const std::string& list) {
   FunctionRowWidgets& row = gDialog.functions[static_cast<std::size_t>(entry.row)];
   ShowWithText(row.caption, entry.caption);
   const std::string value = ReadSectionValue(entry.key, entry.defaultValue);
+  const std::string typable = list + kTypeValueItem + ";";
   if (IsCustomBindingValue(value.c_str())) {
     int left = 0;
     int right = 0;
     XPGetWidgetGeometry(row.popup, &left, nullptr, &right, nullptr);
-    const CustomRowList custom = WithCustomRowItem(list, value, PopupTextRoom(right - left));
+    const CustomRowList custom = WithCustomRowItem(typable, value, PopupTextRoom(right - left));
     ShowWithText(row.popup, custom.list.c_str());
     XPSetWidgetProperty(row.popup, kPopupCurrentItemProperty, custom.selected);
   } else {
-    ShowPopupSelection(row.popup, list, value);
+    ShowPopupSelection(row.popup, typable, value);
   }
   row.key = entry.key;
 }
@@ -345,6 +403,15 @@ void CreateFunctionRows(int left, int top, const DialogColumns& columns) {
   }
 }
 
+// Hidden until a row's "type a value" item is picked; it then lies over that row's pop-up. A value
+// is one line of DRAV.INI.
+void CreateValueField() {
+  gDialog.valueField = XPCreateWidget(0, 0, 0, 0, 0, "", 0, gDialog.mainWindow, xpWidgetClass_TextField);
+  XPSetWidgetProperty(gDialog.valueField, xpProperty_TextFieldType, xpTextEntryField);
+  XPSetWidgetProperty(gDialog.valueField, xpProperty_MaxCharacters, kIniValueSize - 1);
+  XPAddWidgetCallback(gDialog.valueField, OnValueFieldKey);
+}
+
 void CreateSliderRows(int left, int top, const DialogColumns& columns) {
   // The value and maximum labels reach "100%"; the minimum ones ("0%", "1") fit the designed 20 px.
   const int labelWidth = std::max(kSliderLabelWidth, TextWidth("100%"));
@@ -401,6 +468,7 @@ void OpenAssignFunctionsDialog(int width, int height) {
   // After the captions, so that a colour pop-up lies in front of the caption column it sits in.
   CreateColourRows(left, top, columns);
   CreateSliderRows(left, top, columns);
+  CreateValueField();
   DevicePicked(0);
   XPAddWidgetCallback(gDialog.mainWindow, OnCloseBox);
 }

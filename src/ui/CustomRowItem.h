@@ -13,6 +13,9 @@ namespace drav {
 std::string CustomRowItem(std::string_view value, int width);
 bool IsCustomRowItem(std::string_view item);
 
+// The item after every row's functions that opens a field to type a value into.
+inline constexpr const char* kTypeValueItem = "type a command or dataref...";
+
 // The row's list with the custom item after the others, and that item's index.
 struct CustomRowList {
   std::string list;
