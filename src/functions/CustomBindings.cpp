@@ -64,6 +64,8 @@ CustomDatarefHandle FindHandle(const CustomDatarefName& name) {
   handle.dataref = FindNamedDataref(name);
   handle.index = name.index;
   handle.isFloat = handle.dataref != nullptr && HasFloatAccess(handle.dataref, name.index);
+  handle.isDouble = handle.dataref != nullptr && !handle.isFloat && name.index < 0 &&
+                    (XPLMGetDataRefTypes(handle.dataref) & xplmType_Double) != 0;
   return handle;
 }
 
@@ -88,6 +90,7 @@ float CompareModeOf(CustomCompare compare) {
 
 float ReadHandle(const CustomDatarefHandle& handle) {
   if (handle.dataref == nullptr) return 0.0f;
+  if (handle.isDouble) return static_cast<float>(XPLMGetDatad(handle.dataref));
   if (handle.index < 0) {
     return handle.isFloat ? XPLMGetDataf(handle.dataref) : static_cast<float>(XPLMGetDatai(handle.dataref));
   }
@@ -106,6 +109,10 @@ int NearestInt(float value) {
 
 void WriteHandle(const CustomDatarefHandle& handle, float value) {
   if (handle.dataref == nullptr || !std::isfinite(value)) return;
+  if (handle.isDouble) {
+    XPLMSetDatad(handle.dataref, value);
+    return;
+  }
   if (handle.index < 0) {
     if (handle.isFloat) {
       XPLMSetDataf(handle.dataref, value);

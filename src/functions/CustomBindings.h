@@ -26,6 +26,7 @@ struct CustomDatarefHandle {
   XPLMDataRef dataref = nullptr;
   std::int32_t index = -1;
   bool isFloat = false;
+  bool isDouble = false;  // a scalar the simulator offers as a double only
 };
 
 // What an encoder or a display bound to a custom value uses, resolved when it is built.

@@ -14,6 +14,7 @@ namespace {
 
 constexpr const char* kValue = "test/custom/value";    // float
 constexpr const char* kArray = "test/custom/array";    // int[4]
+constexpr const char* kDouble = "test/custom/latitude";  // double only
 constexpr const char* kCommand = "test/custom/starter";
 
 class CustomBindingsTest : public FunctionTest {
@@ -22,6 +23,7 @@ class CustomBindingsTest : public FunctionTest {
     FunctionTest::SetUp();
     ASSERT_TRUE(host().AddDataref(sim::DatarefDecl{kValue, sim::DatarefType::Float, 1, true}));
     ASSERT_TRUE(host().AddDataref(sim::DatarefDecl{kArray, sim::DatarefType::IntArray, 4, true}));
+    ASSERT_TRUE(host().AddDataref(sim::DatarefDecl{kDouble, sim::DatarefType::Double, 1, true}));
     host().SetCommandKnown(kCommand, true);
     ASSERT_TRUE(LoadOptionalXplmApi());  // commands are found and run through the optional API
   }
@@ -77,6 +79,17 @@ TEST_F(CustomBindingsTest, AnArrayElementIsSteppedAlone) {
   EXPECT_EQ(*host().GetDatarefValue(kArray, 2), 3.0);
   EXPECT_EQ(*host().GetDatarefValue(kArray, 1), 0.0);
   EXPECT_STREQ(step->text, "3");
+}
+
+// A value the simulator keeps only as a double (a position, a time) is read and stepped as one.
+TEST_F(CustomBindingsTest, ADoubleOnlyValueIsReadAndSteppedAsADouble) {
+  SetValue(kDouble, 47.25);
+  AvionicFunction* step = Value(std::string("step ") + kDouble + " 0.5 show " + kDouble + " %.2f");
+  ASSERT_NE(step, nullptr);
+  EXPECT_STREQ(step->text, "47.25");
+  AdjustAvionicFunction(step, 0, 2, 0);
+  EXPECT_DOUBLE_EQ(*host().GetDatarefValue(kDouble), 48.25);
+  EXPECT_STREQ(step->text, "48.25");
 }
 
 TEST_F(CustomBindingsTest, AHeldCommandEndsWhenItsControlIsBoundElsewhere) {
