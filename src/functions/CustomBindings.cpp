@@ -332,9 +332,9 @@ void BuildCustomFunction(FunctionId id, AvionicFunction** avionicOut, SwitchFunc
   if (!valueControl) BuildSwitch(entry->value.spec, id, record);
 }
 
-void ExecuteCustomBinding(SwitchFunction& record, std::int32_t action, std::int32_t value) {
+void ExecuteCustomBinding(SwitchFunction& record, std::int32_t action, std::int32_t value, std::int32_t forceOn) {
   if (ActionOf(record) == CustomAction::kNone) return;  // a light alone: pressing it changes nothing
-  const std::int32_t wish = WishedState(record, action, value);
+  const std::int32_t wish = forceOn != 0 && action == kActionSet ? 1 : WishedState(record, action, value);
   if (wish < 0) return;
   RunWish(record, wish);
   record.state = wish;

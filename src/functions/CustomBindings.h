@@ -55,7 +55,8 @@ int ReportMissingCustomNames(FunctionId id, MissingNameReport report, void* cont
 // object (nullptr where the control wants a switch, or the value is a switch's); a switch control
 // gets its record built.
 void BuildCustomFunction(FunctionId id, AvionicFunction** avionicOut, SwitchFunction& record);
-void ExecuteCustomBinding(SwitchFunction& record, std::int32_t action, std::int32_t value);
+// forceOn: a selector reporting its position (whatever its number) is to be on.
+void ExecuteCustomBinding(SwitchFunction& record, std::int32_t action, std::int32_t value, std::int32_t forceOn);
 void RefreshCustomBinding(SwitchFunction& record);
 // Detents of an encoder: the outer knob of a double knob moves ten inner detents' worth.
 void AdjustCustomValue(AvionicFunction& function, std::int32_t outerSteps, std::int32_t innerSteps);

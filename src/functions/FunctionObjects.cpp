@@ -393,7 +393,7 @@ void ExecuteFunction(SwitchFunction& record, std::int32_t action, std::int32_t v
       ExecuteSimulatorCommand(record, action, value);
       return;
     case kCustomBinding:
-      ExecuteCustomBinding(record, action, value);
+      ExecuteCustomBinding(record, action, value, forceOn);
       return;
     default:
       return;

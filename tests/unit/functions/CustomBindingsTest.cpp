@@ -104,6 +104,15 @@ TEST_F(CustomBindingsTest, AHeldCommandEndsWhenItsControlIsBoundElsewhere) {
   EXPECT_EQ(Run(record, kActionOff), Events{});
 }
 
+// A selector position reports its number, 0 for the first; being reported is what turns it on.
+TEST_F(CustomBindingsTest, ASelectorPositionSetsItsValueWhateverItsNumber) {
+  SwitchFunction record = Build(Id(std::string("set ") + kArray + "[1] 3 1"));
+  Run(record, kActionSet, 0, 1);
+  EXPECT_EQ(*host().GetDatarefValue(kArray, 1), 3.0);
+  Run(record, kActionSet, 0, 0);
+  EXPECT_EQ(*host().GetDatarefValue(kArray, 1), 1.0);
+}
+
 // A value meant for a knob does nothing on a button, and a button's on a knob.
 TEST_F(CustomBindingsTest, AValueOfTheOtherKindOfControlBuildsNothing) {
   SwitchFunction record = Build(Id(std::string("step ") + kValue + " 1"));
