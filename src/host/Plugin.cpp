@@ -28,6 +28,7 @@
 #include "ui/AssignDialog.h"
 #include "modules/PanelPower.h"
 #include "config/Assignments.h"
+#include "config/UnitNumbers.h"
 #include "host/PluginActions.h"
 
 namespace drav {
@@ -44,8 +45,9 @@ bool gPanelsRunning = false;      // between the device layer's start at enable 
 
 // The device layer and the module objects for the units it finds.
 void StartPanels() {
+  GFDev_SetUnitNumberMemory(&TheUnitNumberMemory());
   GFDev_Start(gModuleInstance);
-  GFDev_SetUnitReturnHandler(ShowReturnedUnit);
+  GFDev_SetUnitReturnHandler(ShowArrivedUnit);
   TheModuleManager().CreateModules();
   GFDev_RegisterInputCallback(OnDeviceInput);
   if (gDebug.DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();
