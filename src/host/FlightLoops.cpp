@@ -7,6 +7,7 @@
 #include "functions/CustomDatarefs.h"
 #include "hid/DeviceLayerControl.h"
 #include "host/HostState.h"
+#include "host/Log.h"
 #include "host/Settings.h"
 #include "host/SplashWindow.h"
 #include "host/TakeoverDatarefs.h"
@@ -65,6 +66,7 @@ void AddArrivedUnit(std::uint32_t moduleType, std::uint32_t unit) {
     const GFDevInputHold hold;  // the input thread reads the container being grown
     if (!manager.AddModuleFor(moduleType, unit)) return;
   }
+  SimLogFormat("panel plugged in: %s Unit %u.", ModelName(moduleType), static_cast<unsigned>(unit) + 1);
   GF_Abstract_Module* module = nullptr;
   if (ModulesInitialised == 0 || manager.FindModule(moduleType, unit, &module) != 1) return;
   LoadUnitAssignments(moduleType, unit);
