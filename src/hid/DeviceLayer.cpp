@@ -286,6 +286,7 @@ std::vector<std::string> RecallNumbers(const PanelModel& model) {
 }
 
 std::int32_t RecalledNumber(const std::vector<std::string>& recalled, const std::string& who) {
+  if (who.empty()) return -1;  // nobody to recall; "" marks a number remembered for nobody
   const auto it = std::find(recalled.begin(), recalled.end(), who);
   return it == recalled.end() ? -1 : static_cast<std::int32_t>(it - recalled.begin());
 }
