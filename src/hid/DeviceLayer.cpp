@@ -4,6 +4,7 @@
 // Everything here runs on the simulator's main thread except GFDev_DeliverInput, which the device
 // objects' read threads call.
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -180,15 +181,21 @@ std::optional<Arrival> ReadArrival(HidBackend& backend, const std::string& path)
 
 bool SerialsAgree(const std::string& a, const std::string& b) { return a.empty() || b.empty() || a == b; }
 
-// The absent unit of the arrival's model that the arrival is: by location where the backend tells
-// one (a unit keeps its number by the port it sits in, whatever path the system gives it; the serial
-// decides between two units last seen at one port), else by path (paths that do not move).
+// The absent unit of the arrival's model that the arrival is. A unit with a serial is known by it
+// wherever it is plugged in. Otherwise by location where the backend tells one (a unit keeps its
+// number by the port it sits in, whatever path the system gives it; the serial decides between two
+// units last seen at one port), else by path (paths that do not move).
 DeviceObject* ReturningUnit(const Arrival& arrival, const std::string& path) {
+  DeviceObject* bySerial = nullptr;
   DeviceObject* byLocation = nullptr;
   DeviceObject* byPath = nullptr;
   TheDeviceTables().ForEach([&](DeviceObject& object) {
     if (object.Present() || object.ModuleType() != arrival.model->moduleType) return;
     const DeviceObject::Identity& known = object.Who();
+    if (bySerial == nullptr && !arrival.identity.serial.empty() && known.serial == arrival.identity.serial) {
+      bySerial = &object;
+      return;
+    }
     if (!arrival.identity.location.empty()) {
       if (known.location != arrival.identity.location) return;
       if (byLocation == nullptr || known.serial == arrival.identity.serial) byLocation = &object;
@@ -196,6 +203,7 @@ DeviceObject* ReturningUnit(const Arrival& arrival, const std::string& path) {
       byPath = &object;
     }
   });
+  if (bySerial != nullptr) return bySerial;
   return byLocation != nullptr ? byLocation : byPath;
 }
 
@@ -260,15 +268,71 @@ void TakeAway(DeviceObject& object) {
   object.SetPresent(false);
 }
 
-// A newcomer takes the first empty slot of its model's table; a full table takes nothing. The slot
-// is looked for before the object is made, which leaves the tables exactly as making the object and
-// destroying it again would, without opening the unit for nothing.
-void AddUnit(HidBackend& backend, const PanelModel& model, const std::string& path,
-             DeviceObject::Identity identity, DeviceObject::InitialRead initialRead) {
+// ---- numbers that stay -----------------------------------------------------------------------------
+
+UnitNumberMemory* gNumberMemory = nullptr;
+
+std::string WhoIs(const DeviceObject::Identity& identity, const std::string& path) {
+  return GFDev_RememberedIdentity(identity.serial, identity.location, path);
+}
+
+// Who each number of a model is remembered for, read once per start or arrival; "" throughout
+// without a memory.
+std::vector<std::string> RecallNumbers(const PanelModel& model) {
+  std::vector<std::string> recalled;
+  if (gNumberMemory != nullptr) recalled = gNumberMemory->Recall(model.moduleType, model.slots);
+  recalled.resize(static_cast<std::size_t>(model.slots));
+  return recalled;
+}
+
+std::int32_t RecalledNumber(const std::vector<std::string>& recalled, const std::string& who) {
+  if (who.empty()) return -1;  // nobody to recall; "" marks a number remembered for nobody
+  const auto it = std::find(recalled.begin(), recalled.end(), who);
+  return it == recalled.end() ? -1 : static_cast<std::int32_t>(it - recalled.begin());
+}
+
+// A newcomer takes its remembered number when that slot is empty; else the first empty slot that is
+// not kept for a remembered unit; and only when there is none, the first empty slot at all (the
+// absent unit it was kept for loses it). -1 when the table is full.
+std::int32_t ChooseSlot(const PanelModel& model, const std::vector<std::string>& recalled, const std::string& who) {
+  const DeviceTables& tables = TheDeviceTables();
+  const std::int32_t remembered = RecalledNumber(recalled, who);
+  if (remembered >= 0 && tables.At(model.moduleType, remembered) == nullptr) return remembered;
+  for (std::int32_t slot = 0; slot < model.slots; ++slot) {
+    if (tables.At(model.moduleType, slot) == nullptr && recalled[static_cast<std::size_t>(slot)].empty()) return slot;
+  }
+  return tables.FirstEmptySlot(model.moduleType);
+}
+
+// Remembers the unit at its number and nowhere else. Two units that tell the same serial cannot be
+// told apart: while the number remembered for it belongs to a present unit of the same identity,
+// the second one is not remembered at all, so that the two do not take the memory from each other.
+void RememberNumber(const PanelModel& model, std::vector<std::string>& recalled, std::int32_t slot,
+                    const std::string& who) {
+  if (gNumberMemory == nullptr || who.empty()) return;
+  const DeviceTables& tables = TheDeviceTables();
+  for (std::int32_t number = 0; number < model.slots; ++number) {
+    std::string& holder = recalled[static_cast<std::size_t>(number)];
+    if (number == slot || holder != who) continue;
+    const DeviceObject* there = tables.At(model.moduleType, number);
+    if (there != nullptr && WhoIs(there->Who(), there->Path()) == who) return;
+    gNumberMemory->Remember(model.moduleType, number, "");
+    holder.clear();
+  }
+  std::string& mine = recalled[static_cast<std::size_t>(slot)];
+  if (mine == who) return;
+  gNumberMemory->Remember(model.moduleType, slot, who);
+  mine = who;
+}
+
+// A newcomer takes the slot it was given; a full table (-1) takes nothing. The slot is looked for
+// before the object is made, which leaves the tables exactly as making the object and destroying it
+// again would, without opening the unit for nothing.
+DeviceObject* AddUnit(HidBackend& backend, const PanelModel& model, const std::string& path,
+                      DeviceObject::Identity identity, DeviceObject::InitialRead initialRead, std::int32_t slot) {
   const DeviceClass* deviceClass = FindDeviceClass(model.moduleType);
   DeviceTables& tables = TheDeviceTables();
-  const std::int32_t slot = tables.FirstEmptySlot(model.moduleType);
-  if (deviceClass == nullptr || slot < 0) return;
+  if (deviceClass == nullptr || slot < 0) return nullptr;
 
   auto object = std::make_unique<DeviceObject>(*deviceClass, backend, path);
   object->SetWho(std::move(identity));
@@ -277,15 +341,71 @@ void AddUnit(HidBackend& backend, const PanelModel& model, const std::string& pa
   placed->SetUnit(slot);
   placed->SetPresent(true);
   if (deviceClass->openedAfterEntry) placed->Open(initialRead);
+  return placed;
 }
 
-void DiscoverUnit(HidBackend& backend, const std::string& path,
-                  DeviceObject::InitialRead initialRead = DeviceObject::InitialRead::Now) {
-  if (!NormaliseDevicePath(path)) return;
-  std::optional<Arrival> arrival = ReadArrival(backend, path);
-  if (arrival && arrival->model != nullptr) {
-    AddUnit(backend, *arrival->model, path, std::move(arrival->identity), initialRead);
+// The units present at the start, numbered in two rounds: first every unit whose remembered number
+// is free takes it, then the others take numbers in the order the system lists them, around the
+// numbers kept for units that are away.
+struct Found {
+  std::string path;
+  Arrival arrival;
+  std::string who;
+};
+
+void DiscoverUnits(HidBackend& backend, const std::vector<std::string>& paths) {
+  std::vector<Found> found;
+  for (const std::string& path : paths) {
+    if (!NormaliseDevicePath(path)) continue;
+    std::optional<Arrival> arrival = ReadArrival(backend, path);
+    if (!arrival || arrival->model == nullptr) continue;
+    std::string who = WhoIs(arrival->identity, *NormaliseDevicePath(path));
+    found.push_back({path, std::move(*arrival), std::move(who)});
   }
+  std::array<std::optional<std::vector<std::string>>, 20> recalled;
+  auto recalledOf = [&](const PanelModel& model) -> std::vector<std::string>& {
+    std::optional<std::vector<std::string>>& numbers = recalled.at(model.moduleType);
+    if (!numbers) numbers = RecallNumbers(model);
+    return *numbers;
+  };
+  std::vector<bool> placed(found.size(), false);
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    const PanelModel& model = *found[i].arrival.model;
+    const std::int32_t slot = RecalledNumber(recalledOf(model), found[i].who);
+    if (slot < 0 || TheDeviceTables().At(model.moduleType, slot) != nullptr) continue;
+    AddUnit(backend, model, found[i].path, found[i].arrival.identity, DeviceObject::InitialRead::Now, slot);
+    placed[i] = true;
+  }
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    if (placed[i]) continue;
+    const PanelModel& model = *found[i].arrival.model;
+    std::vector<std::string>& numbers = recalledOf(model);
+    const std::int32_t slot = ChooseSlot(model, numbers, found[i].who);
+    if (AddUnit(backend, model, found[i].path, found[i].arrival.identity, DeviceObject::InitialRead::Now, slot)) {
+      RememberNumber(model, numbers, slot, found[i].who);
+    }
+  }
+}
+
+// Announced once it is open and has read its initial state, as a unit that came back is.
+void AddNewcomer(HidBackend& backend, const std::string& path, Arrival arrival) {
+  const PanelModel& model = *arrival.model;
+  const std::string who = WhoIs(arrival.identity, *NormaliseDevicePath(path));
+  std::vector<std::string> recalled = RecallNumbers(model);
+  const std::int32_t slot = ChooseSlot(model, recalled, who);
+  DeviceObject* added = AddUnit(backend, model, path, std::move(arrival.identity),
+                                DeviceObject::InitialRead::OnReadThread, slot);
+  if (added == nullptr) return;
+  RememberNumber(model, recalled, slot, who);
+  gReturning.push_back({added, kReopenFrames});
+}
+
+// A unit that came back keeps its number; the memory follows it if it was edited meanwhile.
+void RememberReturn(const DeviceObject& object) {
+  const PanelModel* model = FindPanelModel(object.ModuleType());
+  if (gNumberMemory == nullptr || model == nullptr) return;
+  std::vector<std::string> recalled = RecallNumbers(*model);
+  RememberNumber(*model, recalled, object.Unit(), WhoIs(object.Who(), object.Path()));
 }
 
 // An arrival is told apart by who arrived, not by the path: the system hands a freed path to the
@@ -316,9 +436,10 @@ void HandleArrival(HidBackend& backend, const std::string& path) {
     returning->MoveTo(path);
     returning->SetWho(std::move(arrival->identity));
     Rejoin(*returning);
+    RememberReturn(*returning);
     return;
   }
-  AddUnit(backend, *arrival->model, path, std::move(arrival->identity), DeviceObject::InitialRead::OnReadThread);
+  AddNewcomer(backend, path, std::move(*arrival));
 }
 
 // The unit stays in its slot, stopped and absent, ready for its return; one still waiting to reopen
@@ -367,7 +488,7 @@ std::int32_t GFDev_Start(void* /*instance*/) {
   // Arrivals and removals come through the backend on every platform, so hot-plug does not depend
   // on having a window to receive them.
   backend.StartNotifications();
-  for (const std::string& path : backend.EnumerateDevicePaths()) DiscoverUnit(backend, path);
+  DiscoverUnits(backend, backend.EnumerateDevicePaths());
   return kGFDevDone;
 }
 
@@ -403,6 +524,28 @@ void GFDev_ProcessDeviceChanges() {
 }
 
 void GFDev_SetUnitReturnHandler(GFDevUnitReturnHandler handler) { gUnitReturnHandler = handler; }
+
+void GFDev_SetUnitNumberMemory(UnitNumberMemory* memory) { gNumberMemory = memory; }
+
+std::string GFDev_RememberedIdentity(const std::string& serial, const std::string& location, const std::string& path) {
+  // Blanks around a serial are not seen in DRAV.INI, so they do not count.
+  const std::size_t first = serial.find_first_not_of(' ');
+  if (first != std::string::npos) return "serial " + serial.substr(first, serial.find_last_not_of(' ') - first + 1);
+  if (!location.empty()) return "port " + location;
+  return path.empty() ? std::string() : "port " + path;
+}
+
+std::int32_t GFDev_UnitSpan(std::uint32_t moduleType) {
+  const DeviceTables& tables = TheDeviceTables();
+  for (std::int32_t unit = tables.Slots(moduleType) - 1; unit >= 0; --unit) {
+    const DeviceObject* object = tables.At(moduleType, unit);
+    if (object != nullptr && object->Present()) return unit + 1;
+  }
+  return 0;
+}
+
+GFDevInputHold::GFDevInputHold() { gInputCallbackGate.Enter(); }
+GFDevInputHold::~GFDevInputHold() { gInputCallbackGate.Leave(); }
 
 bool GFDev_ReturnsSettled() {
   return std::all_of(gReturning.begin(), gReturning.end(), [](const PendingReturn& unit) {

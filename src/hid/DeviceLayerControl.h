@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace drav {
 
@@ -16,14 +17,47 @@ namespace drav {
 // plug-in calls it every frame). Does nothing while the layer is stopped.
 void GFDev_ProcessDeviceChanges();
 
-// Main thread: told (from GFDev_ProcessDeviceChanges) when a unit the layer knew came back and is
-// open and read again, so that its module can show it everything as it shows a fresh unit. Null
-// tells nobody; the handler stays set across the layer's stop and start.
+// Main thread: told (from GFDev_ProcessDeviceChanges) when a unit joined while the layer runs, or
+// came back, and is open and has read its initial state, so that the plug-in can give a newcomer
+// its module and show either everything as it shows a fresh unit. Null tells nobody; the handler
+// stays set across the layer's stop and start.
 using GFDevUnitReturnHandler = void (*)(std::uint32_t moduleType, std::int32_t unit);
 void GFDev_SetUnitReturnHandler(GFDevUnitReturnHandler handler);
-// False while a unit that came back and opened is still reading its initial state (its return is
+// False while a unit that joined or came back and opened is still reading its initial state (it is
 // announced by a later GFDev_ProcessDeviceChanges); for the tests and dravsim, which wait for it.
 bool GFDev_ReturnsSettled();
+
+// Where the layer remembers which unit had which number, from one start to the next: a unit is
+// known by a text of its own ("serial X" for a unit with a serial number, "port P" for one without,
+// P being where it is attached), and each number of a model is remembered for at most one such text.
+class UnitNumberMemory {
+ public:
+  virtual ~UnitNumberMemory() = default;
+  // Who each number of the model is remembered for, index = unit number (0-based), "" for nobody.
+  virtual std::vector<std::string> Recall(std::uint32_t moduleType, std::int32_t slots) = 0;
+  // Remembers `who` for the number; an empty `who` forgets whoever had it.
+  virtual void Remember(std::uint32_t moduleType, std::int32_t unit, const std::string& who) = 0;
+};
+// Main thread: the memory the layer numbers its units by (null: first come, first numbered). It
+// must outlive the layer's use of it; it stays set across the layer's stop and start.
+void GFDev_SetUnitNumberMemory(UnitNumberMemory* memory);
+// The text a unit is remembered by: its serial, else its port, else (where the system keeps a
+// device's path by its port) its path.
+std::string GFDev_RememberedIdentity(const std::string& serial, const std::string& location, const std::string& path);
+
+// Main thread: one past the highest unit number of the model whose slot holds a present unit;
+// numbers kept free for absent units make it larger than the count of present units.
+std::int32_t GFDev_UnitSpan(std::uint32_t moduleType);
+
+// Main thread: while one lives, no input callback runs (read threads wait their turn), so that the
+// plug-in can change what the callback reads, such as a container of modules growing mid-flight.
+class GFDevInputHold {
+ public:
+  GFDevInputHold();
+  ~GFDevInputHold();
+  GFDevInputHold(const GFDevInputHold&) = delete;
+  GFDevInputHold& operator=(const GFDevInputHold&) = delete;
+};
 
 // Main thread, every frame: hands the newest input state of every unit whose input the callback
 // refused (its queue was full) to the callback again, without waiting for the input mutex (a unit

@@ -7,6 +7,7 @@
 #include "functions/CustomDatarefs.h"
 #include "hid/DeviceLayerControl.h"
 #include "host/HostState.h"
+#include "host/Log.h"
 #include "host/Settings.h"
 #include "host/SplashWindow.h"
 #include "host/TakeoverDatarefs.h"
@@ -55,10 +56,33 @@ float AnnounceFlightLoop(float, float, int, void*) {
   return 0.0f;  // once only
 }
 
-void ShowReturnedUnit(std::uint32_t moduleType, std::int32_t unit) {
-  if (ModulesInitialised == 0 || unit < 0) return;
+namespace {
+
+// A unit seen for the first time since the enable gets its module now. Its functions are loaded the
+// way an aircraft load loads every unit's; before the first load, that load binds it with the rest.
+void AddArrivedUnit(std::uint32_t moduleType, std::uint32_t unit) {
+  ModuleManager& manager = TheModuleManager();
+  {
+    const GFDevInputHold hold;  // the input thread reads the container being grown
+    if (!manager.AddModuleFor(moduleType, unit)) return;
+  }
+  SimLogFormat("panel plugged in: %s Unit %u.", ModelName(moduleType), static_cast<unsigned>(unit) + 1);
   GF_Abstract_Module* module = nullptr;
-  if (TheModuleManager().FindModule(moduleType, static_cast<std::uint32_t>(unit), &module) != 1) return;
+  if (ModulesInitialised == 0 || manager.FindModule(moduleType, unit, &module) != 1) return;
+  LoadUnitAssignments(moduleType, unit);
+  module->UpdateOutputs();
+}
+
+}  // namespace
+
+void ShowArrivedUnit(std::uint32_t moduleType, std::int32_t unit) {
+  if (unit < 0) return;
+  GF_Abstract_Module* module = nullptr;
+  if (TheModuleManager().FindModule(moduleType, static_cast<std::uint32_t>(unit), &module) != 1) {
+    AddArrivedUnit(moduleType, static_cast<std::uint32_t>(unit));
+    return;
+  }
+  if (ModulesInitialised == 0) return;
   module->Register(static_cast<std::uint16_t>(unit));
   module->SetDisplay();
 }

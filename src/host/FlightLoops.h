@@ -13,10 +13,12 @@ float InputFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, in
 float UpdateFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, int counter, void* refcon);
 float AnnounceFlightLoop(float elapsedSinceLastCall, float elapsedSinceLastLoop, int counter, void* refcon);
 
-// The device layer's handler for a unit that came back: once the assignments are loaded, its
-// module registers it again (blanking it and forgetting what it was shown, as for a fresh unit)
-// and shows it everything; before that the first load does so anyway.
-void ShowReturnedUnit(std::uint32_t moduleType, std::int32_t unit);
+// The device layer's handler for a unit that joined or came back while the plug-in runs. A newcomer
+// gets its module, its functions and the simulator's state on its displays and lights at once; a
+// unit that came back is registered again by its module (blanking it and forgetting what it was
+// shown, as for a fresh unit) and shown everything. Before the first load of the assignments, that
+// load binds and shows them anyway.
+void ShowArrivedUnit(std::uint32_t moduleType, std::int32_t unit);
 
 void RegisterFlightLoops();
 void UnregisterFlightLoops();

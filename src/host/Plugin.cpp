@@ -28,6 +28,7 @@
 #include "ui/AssignDialog.h"
 #include "modules/PanelPower.h"
 #include "config/Assignments.h"
+#include "config/UnitNumbers.h"
 #include "host/PluginActions.h"
 
 namespace drav {
@@ -44,8 +45,9 @@ bool gPanelsRunning = false;      // between the device layer's start at enable 
 
 // The device layer and the module objects for the units it finds.
 void StartPanels() {
+  GFDev_SetUnitNumberMemory(&TheUnitNumberMemory());
   GFDev_Start(gModuleInstance);
-  GFDev_SetUnitReturnHandler(ShowReturnedUnit);
+  GFDev_SetUnitReturnHandler(ShowArrivedUnit);
   TheModuleManager().CreateModules();
   GFDev_RegisterInputCallback(OnDeviceInput);
   if (gDebug.DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();
@@ -58,12 +60,14 @@ void StopPanels() {
 }
 
 // One Log.txt line for the whole set, so that a cockpit of many panels still tells it in one: each
-// unit by model and by the number its DRAV.INI section carries (counted from 1).
+// unit by model and by the number its DRAV.INI section carries (counted from 1). A number kept
+// free for a unit that is away has a module but no unit.
 void ReportUnitsFound() {
   std::string units;
   for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
     const std::int32_t count = TheModuleManager().UnitCount(type);
     for (std::int32_t unit = 0; unit < count; ++unit) {
+      if (GFDev_UnitPath(type, unit).empty()) continue;
       units += units.empty() ? "" : ", ";
       units += std::string(ModelName(type)) + " Unit " + std::to_string(unit + 1);
     }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "modules/GF_Abstract_Module.h"
+#include "modules/ModuleTypes.h"
 
 namespace drav {
 
@@ -16,7 +17,8 @@ class ModuleContainer {
   virtual ~ModuleContainer();
 
   // Surplus objects at the end are destroyed; missing ones are appended as copies of a freshly
-  // constructed prototype; the others keep their state (their addresses may change).
+  // constructed prototype; the others keep their state and their addresses (room for every unit a
+  // model can have is made with the first one, so that a unit joining mid-flight moves nobody).
   virtual void Resize(std::int32_t count) = 0;
   virtual std::int32_t Size() const = 0;
   // nullptr for an index outside 0..Size()-1.
@@ -46,6 +48,7 @@ class ModuleVector final : public ModuleContainer {
  public:
   void Resize(std::int32_t count) override {
     const T prototype{};
+    if (count > 0) modules_.reserve(static_cast<std::size_t>(kMaxUnitsPerModel));
     modules_.resize(count > 0 ? static_cast<std::size_t>(count) : 0, prototype);
   }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
 #include "host/Log.h"
 
@@ -10,7 +11,7 @@ namespace drav {
 namespace {
 
 std::int32_t UnitCountFromDevices(const ModuleModel& model) {
-  const std::int32_t count = model.count != nullptr ? model.count() : 0;
+  const std::int32_t count = std::max(model.count != nullptr ? model.count() : 0, GFDev_UnitSpan(model.type));
   // The device tables have at most 32 slots; a larger answer is not believed.
   return std::clamp<std::int32_t>(count, 0, kMaxUnitsPerModel);
 }
@@ -46,6 +47,17 @@ void ModuleManager::SizeContainer(const ModuleModel& model) {
   std::unique_ptr<ModuleContainer>& container = containers_[model.type];
   if (!container) container = model.makeContainer();
   if (container) container->Resize(count);
+}
+
+bool ModuleManager::AddModuleFor(std::uint32_t moduleType, std::uint32_t unit) {
+  const auto model = std::find_if(models_.begin(), models_.end(),
+                                  [&](const ModuleModel& entry) { return entry.type == moduleType; });
+  if (model == models_.end() || model->makeContainer == nullptr || unit >= static_cast<std::uint32_t>(kMaxUnitsPerModel)) return false;
+  std::unique_ptr<ModuleContainer>& container = containers_[moduleType];
+  if (!container) container = model->makeContainer();
+  if (!container) return false;
+  if (container->Size() <= static_cast<std::int32_t>(unit)) container->Resize(static_cast<std::int32_t>(unit) + 1);
+  return true;
 }
 
 ModuleContainer* ModuleManager::ContainerOf(std::uint32_t moduleType) const {

@@ -24,8 +24,12 @@ class ModuleManager {
   ModuleManager& operator=(const ModuleManager&) = delete;
 
   // Main thread, while no input callback is registered: sizes every model's container to the
-  // device layer's count of present units, in table order. Existing objects keep their state.
+  // device layer's count of present units (or, where numbers are kept free for absent units, to one
+  // past the highest present unit), in table order. Existing objects keep their state.
   void CreateModules();
+  // Main thread, while no input callback runs: the container grows to hold the unit, a newcomer
+  // that joined mid-flight; nobody else moves or loses state. False for a type without container.
+  bool AddModuleFor(std::uint32_t moduleType, std::uint32_t unit);
 
   // The container's size; 0 for a type without container or outside 1..19.
   std::int32_t UnitCount(std::uint32_t moduleType) const;

@@ -74,6 +74,27 @@ TEST_F(ModuleManagerTest, GrowingKeepsTheExistingObjectsAndAddsFreshOnes) {
   EXPECT_EQ(P8Like::live, 3);  // the prototype is gone again
 }
 
+// A unit that joins mid-flight gets its object while the others are in use: nobody moves (a bound
+// function may hold a module's address) and nobody loses state; a number kept free for an absent
+// unit leaves a gap filled with a fresh object.
+TEST_F(ModuleManagerTest, AMidFlightNewcomerMovesNobody) {
+  Sized(1, 0, 0);
+  P8Like* first = Find<P8Like>(kModuleGFP8, 0);
+  first->marker = 7;
+  ASSERT_TRUE(manager.AddModuleFor(kModuleGFP8, 2));
+  EXPECT_EQ(manager.UnitCount(kModuleGFP8), 3);
+  EXPECT_EQ(Find<P8Like>(kModuleGFP8, 0), first);
+  EXPECT_EQ(first->marker, 7);
+  for (std::uint32_t unit = 3; unit < static_cast<std::uint32_t>(kMaxUnitsPerModel); ++unit) {
+    ASSERT_TRUE(manager.AddModuleFor(kModuleGFP8, unit));
+  }
+  EXPECT_EQ(Find<P8Like>(kModuleGFP8, 0), first);
+  EXPECT_FALSE(manager.AddModuleFor(kModuleGFP8, kMaxUnitsPerModel));
+  EXPECT_FALSE(manager.AddModuleFor(kModuleGFATC, 0));  // no class, no object
+  ASSERT_TRUE(manager.AddModuleFor(kModuleGFP8, 1));  // already there: nothing changes
+  EXPECT_EQ(manager.UnitCount(kModuleGFP8), kMaxUnitsPerModel);
+}
+
 TEST_F(ModuleManagerTest, ShrinkingDestroysTheLastObjectsOnly) {
   Sized(0, 3, 0);
   for (std::uint32_t unit = 0; unit < 3; ++unit) Find<Gf46Like>(kModuleGF46, unit)->marker = 10 + unit;
