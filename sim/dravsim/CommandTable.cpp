@@ -93,13 +93,14 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"expect units", "expect units MODEL N", 2, 2, false, ExpectUnitsCommand},
     {"expect dialog",
      "expect dialog open|closed | title \"TEXT\" | devices \"TEXT\" | rows N | "
-     "row ROW \"CAPTION\" \"SELECTED\" | slider ROW \"CAPTION\" \"MIN\" \"VALUE\" \"MAX\"",
+     "row ROW \"CAPTION\" \"SELECTED\" | slider ROW \"CAPTION\" \"MIN\" \"VALUE\" \"MAX\" | "
+     "profile \"FROM\" \"SAVE\"",
      1, 6, false, ExpectDialogCommand},
     {"clear", "clear", 0, 0, false, PanelClearCommand},
 
     // The Assign Functions dialog
     {"dialog",
-     "dialog device N | pick ROW \"ITEM\" | colour ROW \"ITEM\" | slider ROW VALUE | close", 1, 3,
+     "dialog device N | pick ROW \"ITEM\" | colour ROW \"ITEM\" | slider ROW VALUE | save \"ITEM\" | close", 1, 3,
      false, ThenWaitForPanelOutput<DialogCommand>},
 
     // Showing

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "config/AircraftProfile.h"
 #include "config/Assignments.h"
 #include "config/IniFile.h"
 #include "config/Numbers.h"
@@ -37,6 +38,10 @@ constexpr int kRowPitch = 20;
 constexpr int kSliderPitch = 40;
 constexpr int kSliderLabelWidth = 20;
 
+// Where a unit's assignments come from, and where a pick goes, by ProfileFile (all aircraft first).
+constexpr const char* kProfileCaptions[] = {"Assigned for all aircraft", "Assigned for this aircraft"};
+constexpr const char* kSaveItems = "Save for all aircraft;Save for this aircraft;";
+
 struct FunctionRowWidgets {
   XPWidgetID caption = nullptr;
   XPWidgetID popup = nullptr;
@@ -58,6 +63,9 @@ struct DialogState {
   bool open = false;
   XPWidgetID mainWindow = nullptr;
   XPWidgetID devicePopup = nullptr;
+  XPWidgetID profileCaption = nullptr;
+  XPWidgetID savePopup = nullptr;
+  ProfileFile saveTo = ProfileFile::kAllAircraft;
   std::vector<DialogDevice> devices;
   int currentDevice = 0;
   std::uint32_t currentType = kModuleNone;
@@ -97,12 +105,47 @@ class UnitLists {
 
 // ---- reading and writing the unit's section --------------------------------------------------------
 
+void ShowWithText(XPWidgetID widget, const char* text);
+void HideWithText(XPWidgetID widget);
+
 std::string ReadSectionValue(const std::string& key, const char* defaultValue) {
-  return ReadIniString(kConfigFileName, gDialog.section.c_str(), key.c_str(), defaultValue);
+  return ReadProfileValue(gDialog.section, key, defaultValue);
 }
 
+// The first pick saved for this aircraft takes the unit's other stored values with it: once the
+// aircraft's file holds the section, the plug-in's section is no longer read for the unit.
+bool CopySectionToAircraft() {
+  const std::string from = ProfilePath(ProfileFile::kAllAircraft);
+  const std::string to = ProfilePath(ProfileFile::kThisAircraft);
+  auto copy = [&](const std::string& key) {
+    char value[kIniValueSize];
+    if (key.empty() || !ReadIniValueAtPath(from, gDialog.section.c_str(), key.c_str(), value, "")) return true;
+    return WriteIniValueAtPath(to, gDialog.section.c_str(), key.c_str(), value);
+  };
+  for (const FunctionRowWidgets& row : gDialog.functions) if (!copy(row.key)) return false;
+  for (const ColourRowWidgets& row : gDialog.colours) if (!copy(row.key)) return false;
+  for (const SliderRowWidgets& row : gDialog.sliders) if (!copy(row.key)) return false;
+  return true;
+}
+
+void ShowProfile() {
+  if (AircraftProfilePath().empty() || gDialog.currentUnit < 1) {
+    HideWithText(gDialog.profileCaption);
+    HideWithText(gDialog.savePopup);
+    return;
+  }
+  ShowWithText(gDialog.profileCaption, kProfileCaptions[static_cast<int>(SectionProfile(gDialog.section))]);
+  ShowWithText(gDialog.savePopup, kSaveItems);
+  XPSetWidgetProperty(gDialog.savePopup, kPopupCurrentItemProperty, static_cast<int>(gDialog.saveTo));
+}
+
+// Nothing reaches an aircraft's folder unless the pilot chose this aircraft.
 void WriteSectionValue(const std::string& key, const char* value) {
-  WriteIniValue(kConfigFileName, gDialog.section.c_str(), key.c_str(), value);
+  const bool toAircraft = gDialog.saveTo == ProfileFile::kThisAircraft && !AircraftProfilePath().empty();
+  if (toAircraft && SectionProfile(gDialog.section) == ProfileFile::kAllAircraft && !CopySectionToAircraft()) return;
+  const ProfileFile file = toAircraft ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
+  WriteIniValueAtPath(ProfilePath(file), gDialog.section.c_str(), key.c_str(), value);
+  ShowProfile();
 }
 
 // A unit unplugged while the dialog is open has no module object: reloading it does nothing.
@@ -128,6 +171,10 @@ int OnItemPicked(XPWidgetMessage message, XPWidgetID /*widget*/, intptr_t param1
   const int index = static_cast<int>(param2);
   if (popup == gDialog.devicePopup) {
     DevicePicked(index);
+    return 1;
+  }
+  if (popup == gDialog.savePopup) {
+    gDialog.saveTo = index == 1 ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
     return 1;
   }
   for (const FunctionRowWidgets& row : gDialog.functions) {
@@ -279,7 +326,8 @@ class ListWidths {
 // one layout whichever unit is picked.
 DialogTextWidths MeasureDialogTexts(const std::string& deviceText) {
   DialogTextWidths widths;
-  widths.device = WidestItemWidth(deviceText);
+  widths.device = std::max({WidestItemWidth(deviceText), WidestItemWidth(kSaveItems), TextWidth(kProfileCaptions[0]),
+                            TextWidth(kProfileCaptions[1])});
   widths.colourItem = WidestItemWidth(FixedListText(PickListKind::kColour));
   ListWidths lists;
   const DialogRowContext context = CurrentDialogRowContext();
@@ -384,6 +432,11 @@ void OpenAssignFunctionsDialog(int width, int height) {
   gDialog.devicePopup = CreatePopupList(left + columns.deviceLeft, top - 40, left + columns.deviceRight, top - 52, 1,
                                         deviceText.c_str(), gDialog.mainWindow, 0);
   XPAddWidgetCallback(gDialog.devicePopup, OnItemPicked);
+  gDialog.profileCaption = CreateChild(left + columns.deviceLeft, top - 60, left + columns.deviceRight, top - 72, "",
+                                       xpWidgetClass_Caption);
+  gDialog.savePopup = CreatePopupList(left + columns.deviceLeft, top - 80, left + columns.deviceRight, top - 92, 0,
+                                      kSaveItems, gDialog.mainWindow, 1);
+  XPAddWidgetCallback(gDialog.savePopup, OnItemPicked);
   CreateFunctionRows(left, top, columns);
   // After the captions, so that a colour pop-up lies in front of the caption column it sits in.
   CreateColourRows(left, top, columns);
@@ -414,6 +467,8 @@ void ShowDevicePanel(std::uint32_t moduleType, std::int32_t unit) {
   gDialog.currentType = moduleType;
   gDialog.currentUnit = unit;
   gDialog.section = AssignmentSection(moduleType, static_cast<std::uint32_t>(unit > 0 ? unit - 1 : 0));
+  gDialog.saveTo = SectionProfile(gDialog.section);  // a pick goes where the unit's section already is
+  ShowProfile();
   const UnitLists lists(moduleType);
   HideEveryRow();
   const DialogModelRows rows = RowsForModel(moduleType, CurrentDialogRowContext());
@@ -427,6 +482,8 @@ bool GetAssignDialogWidgets(AssignDialogWidgets& out) {
   if (!gDialog.open) return false;
   out.mainWindow = gDialog.mainWindow;
   out.devicePopup = gDialog.devicePopup;
+  out.profileCaption = gDialog.profileCaption;
+  out.savePopup = gDialog.savePopup;
   for (int i = 0; i < kDialogFunctionRows; ++i) {
     out.functionCaption[i] = gDialog.functions[static_cast<std::size_t>(i)].caption;
     out.functionPopup[i] = gDialog.functions[static_cast<std::size_t>(i)].popup;
