@@ -66,6 +66,7 @@ struct DialogState {
   XPWidgetID profileCaption = nullptr;
   XPWidgetID savePopup = nullptr;
   ProfileFile saveTo = ProfileFile::kAllAircraft;
+  bool unitHasRows = false;  // a unit without rows (N/A, DSBLD, the GF-DIO) has nothing to save
   std::vector<DialogDevice> devices;
   int currentDevice = 0;
   std::uint32_t currentType = kModuleNone;
@@ -129,7 +130,7 @@ bool CopySectionToAircraft() {
 }
 
 void ShowProfile() {
-  if (AircraftProfilePath().empty() || gDialog.currentUnit < 1) {
+  if (AircraftProfilePath().empty() || gDialog.currentUnit < 1 || !gDialog.unitHasRows) {
     HideWithText(gDialog.profileCaption);
     HideWithText(gDialog.savePopup);
     return;
@@ -174,7 +175,9 @@ int OnItemPicked(XPWidgetMessage message, XPWidgetID /*widget*/, intptr_t param1
     return 1;
   }
   if (popup == gDialog.savePopup) {
-    gDialog.saveTo = index == 1 ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
+    // The items are in ProfileFile's order.
+    gDialog.saveTo = index == static_cast<int>(ProfileFile::kThisAircraft) ? ProfileFile::kThisAircraft
+                                                                            : ProfileFile::kAllAircraft;
     return 1;
   }
   for (const FunctionRowWidgets& row : gDialog.functions) {
@@ -467,11 +470,12 @@ void ShowDevicePanel(std::uint32_t moduleType, std::int32_t unit) {
   gDialog.currentType = moduleType;
   gDialog.currentUnit = unit;
   gDialog.section = AssignmentSection(moduleType, static_cast<std::uint32_t>(unit > 0 ? unit - 1 : 0));
-  gDialog.saveTo = SectionProfile(gDialog.section);  // a pick goes where the unit's section already is
-  ShowProfile();
   const UnitLists lists(moduleType);
   HideEveryRow();
   const DialogModelRows rows = RowsForModel(moduleType, CurrentDialogRowContext());
+  gDialog.saveTo = SectionProfile(gDialog.section);  // a pick goes where the unit's section already is
+  gDialog.unitHasRows = !rows.functions.empty() || !rows.sliders.empty();
+  ShowProfile();
   for (const DialogFunctionRow& row : rows.functions) FillFunctionRow(row, lists.Get(row.list));
   for (const DialogFunctionRow& row : rows.colours) FillColourRow(row, lists.Get(row.list));
   for (const DialogSliderRow& row : rows.sliders) FillSliderRow(row);
