@@ -39,8 +39,10 @@ constexpr int kSliderPitch = 40;
 constexpr int kSliderLabelWidth = 20;
 
 // Where a unit's assignments come from, and where a pick goes, by ProfileFile (all aircraft first).
-constexpr const char* kProfileCaptions[] = {"Assigned for all aircraft", "Assigned for this aircraft"};
-constexpr const char* kSaveItems = "Save for all aircraft;Save for this aircraft;";
+// They fit the designed device column, below the device pop-up.
+constexpr const char* kProfileCaptions[] = {"From all aircraft", "From this aircraft"};
+constexpr const char* kSaveCaption = "Save picks for:";
+constexpr const char* kSaveItems = "all aircraft;this aircraft;";
 
 struct FunctionRowWidgets {
   XPWidgetID caption = nullptr;
@@ -64,6 +66,7 @@ struct DialogState {
   XPWidgetID mainWindow = nullptr;
   XPWidgetID devicePopup = nullptr;
   XPWidgetID profileCaption = nullptr;
+  XPWidgetID saveCaption = nullptr;
   XPWidgetID savePopup = nullptr;
   ProfileFile saveTo = ProfileFile::kAllAircraft;
   bool unitHasRows = false;  // a unit without rows (N/A, DSBLD, the GF-DIO) has nothing to save
@@ -132,10 +135,12 @@ bool CopySectionToAircraft() {
 void ShowProfile() {
   if (AircraftProfilePath().empty() || gDialog.currentUnit < 1 || !gDialog.unitHasRows) {
     HideWithText(gDialog.profileCaption);
+    HideWithText(gDialog.saveCaption);
     HideWithText(gDialog.savePopup);
     return;
   }
   ShowWithText(gDialog.profileCaption, kProfileCaptions[static_cast<int>(SectionProfile(gDialog.section))]);
+  ShowWithText(gDialog.saveCaption, kSaveCaption);
   ShowWithText(gDialog.savePopup, kSaveItems);
   XPSetWidgetProperty(gDialog.savePopup, kPopupCurrentItemProperty, static_cast<int>(gDialog.saveTo));
 }
@@ -329,8 +334,11 @@ class ListWidths {
 // one layout whichever unit is picked.
 DialogTextWidths MeasureDialogTexts(const std::string& deviceText) {
   DialogTextWidths widths;
-  widths.device = std::max({WidestItemWidth(deviceText), WidestItemWidth(kSaveItems), TextWidth(kProfileCaptions[0]),
-                            TextWidth(kProfileCaptions[1])});
+  // The profile's captions are no pop-up: they need no room for an arrow.
+  const int profileCaption = std::max({TextWidth(kProfileCaptions[0]), TextWidth(kProfileCaptions[1]),
+                                       TextWidth(kSaveCaption)});
+  widths.device = std::max({WidestItemWidth(deviceText), WidestItemWidth(kSaveItems),
+                            profileCaption - PopupWidthFor(0)});
   widths.colourItem = WidestItemWidth(FixedListText(PickListKind::kColour));
   ListWidths lists;
   const DialogRowContext context = CurrentDialogRowContext();
@@ -437,7 +445,9 @@ void OpenAssignFunctionsDialog(int width, int height) {
   XPAddWidgetCallback(gDialog.devicePopup, OnItemPicked);
   gDialog.profileCaption = CreateChild(left + columns.deviceLeft, top - 60, left + columns.deviceRight, top - 72, "",
                                        xpWidgetClass_Caption);
-  gDialog.savePopup = CreatePopupList(left + columns.deviceLeft, top - 80, left + columns.deviceRight, top - 92, 0,
+  gDialog.saveCaption = CreateChild(left + columns.deviceLeft, top - 80, left + columns.deviceRight, top - 92, "",
+                                    xpWidgetClass_Caption);
+  gDialog.savePopup = CreatePopupList(left + columns.deviceLeft, top - 100, left + columns.deviceRight, top - 112, 0,
                                       kSaveItems, gDialog.mainWindow, 1);
   XPAddWidgetCallback(gDialog.savePopup, OnItemPicked);
   CreateFunctionRows(left, top, columns);
