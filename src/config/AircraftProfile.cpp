@@ -2,7 +2,7 @@
 
 #include <XPLMPlanes.h>
 
-#include <filesystem>
+#include <string_view>
 
 namespace drav {
 namespace {
@@ -13,16 +13,26 @@ constexpr std::size_t kAircraftPathSize = 512;
 
 std::string gAircraftProfilePath;
 
+// Windows', macOS's classic and every other system's.
+bool IsSeparator(char c) { return c == '\\' || c == ':' || c == '/'; }
+
 }  // namespace
 
 void RefreshAircraftProfile() {
   char fileName[kAircraftFileNameSize] = {};
   char path[kAircraftPathSize] = {};
   XPLMGetNthAircraftModel(0, fileName, path);
+  fileName[sizeof fileName - 1] = '\0';
   path[sizeof path - 1] = '\0';
-  const std::filesystem::path aircraft(path);
-  // A bare name has no folder to look in: it would name a file beside X-Plane's working folder.
-  gAircraftProfilePath = aircraft.has_parent_path() ? (aircraft.parent_path() / kConfigFileName).string() : std::string();
+  // The path ends in the file's name after a separator of whichever kind X-Plane writes paths
+  // with: cutting the name off leaves the folder, separator included. A path without a folder
+  // before the name names nothing to look in.
+  const std::string_view aircraft(path);
+  const std::string_view name(fileName);
+  const bool inFolder = !name.empty() && aircraft.size() > name.size() && aircraft.ends_with(name) &&
+                        IsSeparator(aircraft[aircraft.size() - name.size() - 1]);
+  gAircraftProfilePath = inFolder ? std::string(aircraft.substr(0, aircraft.size() - name.size())) + kConfigFileName
+                                  : std::string();
 }
 
 const std::string& AircraftProfilePath() { return gAircraftProfilePath; }
