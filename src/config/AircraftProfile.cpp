@@ -13,6 +13,17 @@ constexpr std::size_t kAircraftPathSize = 512;
 
 std::string gAircraftProfilePath;
 
+// A load reads a unit's keys one section after another: the last section's answer is kept until
+// the outermost load ends or a file is written.
+struct SectionMemo {
+  int loads = 0;
+  bool known = false;
+  unsigned writes = 0;  // IniWriteCount when it was learnt
+  std::string section;
+  ProfileFile file = ProfileFile::kAllAircraft;
+};
+SectionMemo gMemo;
+
 // Windows', macOS's classic and every other system's.
 bool IsSeparator(char c) { return c == '\\' || c == ':' || c == '/'; }
 
@@ -39,7 +50,13 @@ const std::string& AircraftProfilePath() { return gAircraftProfilePath; }
 
 ProfileFile SectionProfile(const std::string& section) {
   if (gAircraftProfilePath.empty()) return ProfileFile::kAllAircraft;
-  return IniHasSection(gAircraftProfilePath, section.c_str()) ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
+  if (gMemo.loads > 0 && gMemo.known && gMemo.writes == IniWriteCount() && gMemo.section == section) {
+    return gMemo.file;
+  }
+  const ProfileFile file =
+      IniHasSection(gAircraftProfilePath, section.c_str()) ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
+  if (gMemo.loads > 0) gMemo = SectionMemo{gMemo.loads, true, IniWriteCount(), section, file};
+  return file;
 }
 
 std::string ProfilePath(ProfileFile file) {
@@ -60,6 +77,11 @@ std::string ReadProfileValue(const std::string& section, const std::string& key,
 
 ProfileReadSnapshot::ProfileReadSnapshot() {
   if (!gAircraftProfilePath.empty()) aircraft_.emplace(IniPath{gAircraftProfilePath});
+  ++gMemo.loads;
+}
+
+ProfileReadSnapshot::~ProfileReadSnapshot() {
+  if (--gMemo.loads == 0) gMemo.known = false;
 }
 
 }  // namespace drav

@@ -30,6 +30,9 @@ std::string ReadProfileValue(const std::string& section, const std::string& key,
 class ProfileReadSnapshot {
  public:
   ProfileReadSnapshot();
+  ~ProfileReadSnapshot();
+  ProfileReadSnapshot(const ProfileReadSnapshot&) = delete;
+  ProfileReadSnapshot& operator=(const ProfileReadSnapshot&) = delete;
 
  private:
   IniReadSnapshot global_;

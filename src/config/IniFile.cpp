@@ -172,6 +172,7 @@ struct Snapshot {
 };
 // A load reads the plug-in's file and the user's aircraft's one: two files at once at most.
 std::array<Snapshot, 2> gSnapshots;
+unsigned gWrites = 0;  // files replaced through this writer
 
 void TakeSnapshot(Snapshot& snapshot) {
   snapshot.taken = false;
@@ -512,6 +513,7 @@ bool WriteIniValueAtPath(const std::string& path, const char* section, const cha
   if (written) KeepPermissions(*target, tempPath);
   const bool replaced = written && MoveOver(tempPath, *target);
   if (!replaced) std::remove(tempPath.c_str());
+  if (replaced) ++gWrites;
   if (Snapshot* snapshot = replaced ? SnapshotOf(path) : nullptr) TakeSnapshot(*snapshot);  // later reads see it
   return replaced;
 }
@@ -527,6 +529,8 @@ IniReadSnapshot::~IniReadSnapshot() {
   snapshot.taken = false;
   snapshot.index.reset();
 }
+
+unsigned IniWriteCount() { return gWrites; }
 
 void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value) {
   WriteIniValueAtPath(PluginFilePath(fileName), section, key, value);

@@ -37,6 +37,10 @@ bool IniHasSection(const std::string& path, const char* section);
 // 16 MB are never replaced: the log and X-Plane's Log.txt say why.
 void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value);
 
+// How many files the writer has replaced so far: what was learnt of a file before a write may be
+// stale after it.
+unsigned IniWriteCount();
+
 // The same on an explicit path, without the read trace: for the tools and the tests.
 // ReadIniValueAtPath returns true when the key was found.
 bool ReadIniValueAtPath(const std::string& path, const char* section, const char* key,

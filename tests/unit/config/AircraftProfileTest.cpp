@@ -88,9 +88,9 @@ TEST_F(AircraftProfileTest, ALoadReadsBothFilesFromTheirIndexes) {
     GivenAircraftIni("[GFP8_1]\r\nFunction1=aircraft after\r\n[GFT8_1]\r\nFunction1=aircraft after\r\n");
     EXPECT_EQ(Read("GFP8_1", "Function1"), "aircraft before");
     EXPECT_EQ(Read("GFT8_1", "Function1"), "global before") << "the aircraft's index decides whose section it is";
-    // A write through the reader refreshes that file's index only.
-    drav::WriteIniValueAtPath(AircraftIni().string(), "GFP8_1", "Function2", "written");
-    EXPECT_EQ(Read("GFP8_1", "Function2"), "written");
+    // A write through the reader refreshes that file's index, and with it whose section is whose.
+    drav::WriteIniValueAtPath(AircraftIni().string(), "GFT8_1", "Function2", "written");
+    EXPECT_EQ(Read("GFT8_1", "Function2"), "written");
     EXPECT_EQ(Read("GFT8_1", "Function1"), "aircraft after");
   }
   EXPECT_EQ(Read("GFP8_1", "Function1"), "aircraft after");
