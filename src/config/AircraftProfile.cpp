@@ -75,9 +75,12 @@ std::string ReadProfileValue(const std::string& section, const std::string& key,
   return value;
 }
 
+// The outermost one takes both indexes; the nested ones (a load opens one per type and per unit)
+// only count.
 ProfileReadSnapshot::ProfileReadSnapshot() {
+  if (gMemo.loads++ > 0) return;
+  global_.emplace(kConfigFileName);
   if (!gAircraftProfilePath.empty()) aircraft_.emplace(IniPath{gAircraftProfilePath});
-  ++gMemo.loads;
 }
 
 ProfileReadSnapshot::~ProfileReadSnapshot() {

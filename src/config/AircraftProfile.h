@@ -35,7 +35,7 @@ class ProfileReadSnapshot {
   ProfileReadSnapshot& operator=(const ProfileReadSnapshot&) = delete;
 
  private:
-  IniReadSnapshot global_;
+  std::optional<IniReadSnapshot> global_;
   std::optional<IniReadSnapshot> aircraft_;
 };
 

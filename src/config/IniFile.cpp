@@ -518,7 +518,19 @@ bool WriteIniValueAtPath(const std::string& path, const char* section, const cha
   return replaced;
 }
 
-IniReadSnapshot::IniReadSnapshot(const char* fileName) : slot_(OpenSnapshot(PluginFilePath(fileName), fileName)) {}
+IniReadSnapshot::IniReadSnapshot(const char* fileName) : slot_(-1) {
+  // A nested one of a file taken by name joins it without composing the path again: a load opens
+  // one per type and per unit.
+  for (std::size_t slot = 0; slot < gSnapshots.size(); ++slot) {
+    Snapshot& snapshot = gSnapshots[slot];
+    if (snapshot.depth > 0 && fileName && snapshot.fileName == fileName) {
+      ++snapshot.depth;
+      slot_ = static_cast<int>(slot);
+      return;
+    }
+  }
+  slot_ = OpenSnapshot(PluginFilePath(fileName), fileName);
+}
 
 IniReadSnapshot::IniReadSnapshot(const IniPath& file) : slot_(OpenSnapshot(file.path, nullptr)) {}
 
