@@ -6,14 +6,18 @@
 
 #include <array>
 #include <cstdint>
+#include <fstream>
+#include <string>
 
 #include "config/Assignments.h"
+#include "config/IniFile.h"
 #include "hid/DeviceClasses.h"
 #include "hid/GFDev.h"
 #include "host/FlightLoops.h"
 #include "modules/DeviceInput.h"
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleManager.h"
+#include "host/SimHost.h"
 #include "support/CockpitRig.h"
 
 namespace {
@@ -136,9 +140,20 @@ void BM_QueuedEventToDatarefAndLights(benchmark::State& state) {
 }
 BENCHMARK(BM_QueuedEventToDatarefAndLights)->Unit(benchmark::kMicrosecond);
 
-// Every unit's section read key by key from DRAV.INI, and every unit re-registered.
+// The user's aircraft carries a DRAV.INI of its own: `sections` says whether it holds every unit's
+// section (each key is then read from it) or none (each key is still asked of both files).
+void GiveAircraftProfile(const Cockpit& cockpit, bool sections) {
+  sim::SimHost& host = sim::SimHost::Current();
+  host.SetUserAircraft("Aircraft/Bench/bench.acf");
+  std::ofstream(host.UserAircraftFile().parent_path() / kConfigFileName, std::ios::binary)
+      << (sections ? bench::CockpitIni(cockpit.units) : std::string("[CONFIG]\n"));
+}
+
+// Every unit's section read key by key from DRAV.INI, and every unit re-registered. Argument 0: the
+// aircraft has no DRAV.INI; 1: one without unit sections; 2: one with every unit's section.
 void BM_LoadAllAssignments(benchmark::State& state) {
   const bool ran = RunInCockpit(bench::FullCockpit(), [&](Cockpit& cockpit) {
+    if (state.range(0) > 0) GiveAircraftProfile(cockpit, state.range(0) == 2);
     for (auto _ : state) {
       LoadAllAssignments();
       state.PauseTiming();
@@ -148,6 +163,6 @@ void BM_LoadAllAssignments(benchmark::State& state) {
   });
   SkipUnlessRan(state, ran);
 }
-BENCHMARK(BM_LoadAllAssignments)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LoadAllAssignments)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -9,6 +9,8 @@ namespace dravsim {
 void XPlaneVersionCommand(ScenarioContext& ctx, const Invocation& call);
 void IniCommand(ScenarioContext& ctx, const Invocation& call);
 void FileCommand(ScenarioContext& ctx, const Invocation& call);
+void AircraftCommand(ScenarioContext& ctx, const Invocation& call);
+void AircraftIniCommand(ScenarioContext& ctx, const Invocation& call);
 void DatarefCommand(ScenarioContext& ctx, const Invocation& call);
 void SimCommandCommand(ScenarioContext& ctx, const Invocation& call);
 void OtherPluginCommand(ScenarioContext& ctx, const Invocation& call);
@@ -39,9 +41,11 @@ void ExpectWindowCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectNoWindowCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectScreenCommand(ScenarioContext& ctx, const Invocation& call);
 
-// ExpectFiles.cpp: checks of the plug-in folder's files.
+// ExpectFiles.cpp: checks of the plug-in folder's files and the user's aircraft's DRAV.INI.
 void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectFileCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectAircraftIniCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectAircraftFileCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectLogCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectXPlaneLogCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectNoXPlaneLogCommand(ScenarioContext& ctx, const Invocation& call);

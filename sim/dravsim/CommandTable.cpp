@@ -19,6 +19,8 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"xplane-version", "xplane-version N", 1, 1, false, XPlaneVersionCommand},
     {"ini", "ini ... end", 0, 0, true, IniCommand},
     {"file", "file NAME ... end", 1, 1, true, FileCommand},
+    {"aircraft", "aircraft PATH", 1, 1, false, AircraftCommand},
+    {"aircraft-ini", "aircraft-ini ... end", 0, 0, true, AircraftIniCommand},
     {"dataref", "dataref PATH = V | PATH[i] = V | PATH[i..j] = V | PATH absent | PATH TYPE = V | PATH",
      1, 4, false, DatarefCommand},
     {"command", "command NAME present|absent", 2, 2, false, SimCommandCommand},
@@ -66,6 +68,9 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"expect ini", "expect ini SECTION KEY = VALUE | SECTION KEY absent", 3, 4, false,
      ExpectIniCommand},
     {"expect file", "expect file NAME ... end", 1, 1, true, ExpectFileCommand},
+    {"expect aircraft-ini", "expect aircraft-ini SECTION KEY = VALUE | SECTION KEY absent | absent", 1, 4, false,
+     ExpectAircraftIniCommand},
+    {"expect aircraft-file", "expect aircraft-file ... end", 0, 0, true, ExpectAircraftFileCommand},
     {"expect log", "expect log \"LINE\"", 1, 1, false, ExpectLogCommand},
     {"expect no-log", "expect no-log \"LINE\"", 1, 1, false, ExpectNoLogCommand},
     {"expect xplane-log", "expect xplane-log \"TEXT\"", 1, 1, false, ExpectXPlaneLogCommand},
@@ -88,13 +93,14 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"expect units", "expect units MODEL N", 2, 2, false, ExpectUnitsCommand},
     {"expect dialog",
      "expect dialog open|closed | title \"TEXT\" | devices \"TEXT\" | rows N | "
-     "row ROW \"CAPTION\" \"SELECTED\" | slider ROW \"CAPTION\" \"MIN\" \"VALUE\" \"MAX\"",
+     "row ROW \"CAPTION\" \"SELECTED\" | slider ROW \"CAPTION\" \"MIN\" \"VALUE\" \"MAX\" | "
+     "profile \"FROM\" \"SAVE\"",
      1, 6, false, ExpectDialogCommand},
     {"clear", "clear", 0, 0, false, PanelClearCommand},
 
     // The Assign Functions dialog
     {"dialog",
-     "dialog device N | pick ROW \"ITEM\" | colour ROW \"ITEM\" | slider ROW VALUE | close", 1, 3,
+     "dialog device N | pick ROW \"ITEM\" | colour ROW \"ITEM\" | slider ROW VALUE | save \"ITEM\" | close", 1, 3,
      false, ThenWaitForPanelOutput<DialogCommand>},
 
     // Showing

@@ -110,13 +110,18 @@ void SliderAction(ScenarioContext& ctx, const Invocation& call, const drav::Assi
   }
 }
 
+// `dialog save "ITEM"`: where the next picks are saved.
+void SaveAction(ScenarioContext& ctx, const Invocation& call, const drav::AssignDialogWidgets& d) {
+  PickNamed(ctx, call, d.savePopup, call.args[1].text);
+}
+
 void CloseAction(ScenarioContext& ctx, const Invocation& call, const drav::AssignDialogWidgets& d) {
   if (!ctx.host.ClickCloseBox(d.mainWindow)) CommandError(ctx, call, "the window has no close box");
 }
 
 constexpr SubCommand kActions[] = {
     {"device", 1, DeviceAction}, {"pick", 2, PickAction},   {"colour", 2, ColourAction},
-    {"slider", 2, SliderAction}, {"close", 0, CloseAction},
+    {"slider", 2, SliderAction}, {"close", 0, CloseAction},  {"save", 1, SaveAction},
 };
 
 // ---- expect dialog ... --------------------------------------------------------------------------
@@ -193,9 +198,23 @@ void ExpectSlider(ScenarioContext& ctx, const Invocation& call, const drav::Assi
   }
 }
 
+// `expect dialog profile "FROM" "SAVE"`: where the unit's assignments come from and where a pick
+// goes, as shown (both empty while hidden).
+void ExpectProfile(ScenarioContext& ctx, const Invocation& call, const drav::AssignDialogWidgets& d) {
+  const auto popup = ctx.host.DescribeWidget(d.savePopup);
+  const std::vector<std::string> found = {ShownText(ctx.host, d.profileCaption),
+                                          popup && popup->visible ? ShownPopupItem(*popup) : std::string()};
+  const std::vector<std::string> expected = {call.args[1].text, call.args[2].text};
+  if (found == expected) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("dialog profile " + QuotedList(expected), QuotedList(found));
+  }
+}
+
 constexpr SubCommand kChecks[] = {
     {"title", 1, ExpectTitle}, {"devices", 1, ExpectDevices}, {"rows", 1, ExpectRows},
-    {"row", 3, ExpectRow},     {"slider", 5, ExpectSlider},
+    {"row", 3, ExpectRow},     {"slider", 5, ExpectSlider}, {"profile", 2, ExpectProfile},
 };
 
 void ExpectOpenOrClosed(ScenarioContext& ctx, bool wantOpen) {

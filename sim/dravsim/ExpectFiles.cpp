@@ -1,6 +1,7 @@
 // Checks of the plug-in folder's files: DRAV.INI through the plug-in's own INI reader, any file
 // line by line, and the log.
 #include <algorithm>
+#include <filesystem>
 
 #include "config/IniFile.h"
 #include "dravsim/CommandArgs.h"
@@ -15,17 +16,17 @@ struct IniLookup {
   std::string value;
 };
 
-IniLookup LookUpIni(const sim::SimHost& host, const std::string& section, const std::string& key) {
+IniLookup LookUpIni(const std::filesystem::path& file, const std::string& section, const std::string& key) {
   char value[drav::kIniValueSize] = {};
-  const std::string path = (host.PluginFolder() / drav::kConfigFileName).string();
+  const std::string path = file.string();
   IniLookup lookup;
   lookup.found = drav::ReadIniValueAtPath(path, section.c_str(), key.c_str(), value, "");
   lookup.value = value;
   return lookup;
 }
 
-std::string DescribeKey(const std::string& section, const std::string& key) {
-  return "ini [" + section + "] " + key;
+std::string DescribeKey(const std::string& what, const std::string& section, const std::string& key) {
+  return what + " [" + section + "] " + key;
 }
 
 // Where two line lists first differ, as a FAIL line's two halves.
@@ -72,7 +73,11 @@ std::size_t FindLineHolding(const std::vector<std::string>& lines, const std::st
 
 }  // namespace
 
-void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call) {
+namespace {
+
+// `SECTION KEY = VALUE | SECTION KEY absent` of the INI file at `file`, called `what` in a FAIL line.
+void ExpectIniAt(ScenarioContext& ctx, const Invocation& call, const std::filesystem::path& file,
+                 const std::string& what) {
   const bool absentForm = call.args.size() == 3 && IsKeyword(call.args[2], "absent");
   const bool valueForm = call.args.size() == 4 && IsKeyword(call.args[2], "=");
   if (!absentForm && !valueForm) {
@@ -81,12 +86,12 @@ void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call) {
   }
   const std::string& section = call.args[0].text;
   const std::string& key = call.args[1].text;
-  const IniLookup lookup = LookUpIni(ctx.host, section, key);
+  const IniLookup lookup = LookUpIni(file, section, key);
   if (absentForm) {
     if (!lookup.found) {
       ctx.Pass();
     } else {
-      ctx.Fail(DescribeKey(section, key) + " absent", key + " = " + Quoted(lookup.value));
+      ctx.Fail(DescribeKey(what, section, key) + " absent", key + " = " + Quoted(lookup.value));
     }
     return;
   }
@@ -94,8 +99,51 @@ void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call) {
   if (lookup.found && lookup.value == expected) {
     ctx.Pass();
   } else {
-    ctx.Fail(DescribeKey(section, key) + " = " + Quoted(expected),
+    ctx.Fail(DescribeKey(what, section, key) + " = " + Quoted(expected),
              lookup.found ? Quoted(lookup.value) : "no such key");
+  }
+}
+
+void ExpectLinesAt(ScenarioContext& ctx, const Invocation& call, const std::filesystem::path& path,
+                   const std::string& what) {
+  const auto lines = ReadLines(path);
+  if (!lines) {
+    ctx.Fail(what + " with " + std::to_string(call.block.size()) + " lines", "no such file");
+    return;
+  }
+  if (const auto difference = CompareLines(call.block, *lines)) {
+    ctx.Fail(what + " " + difference->expected, difference->found);
+  } else {
+    ctx.Pass();
+  }
+}
+
+std::filesystem::path AircraftIniPath(const sim::SimHost& host) {
+  return host.UserAircraftFile().parent_path() / drav::kConfigFileName;
+}
+
+}  // namespace
+
+void ExpectIniCommand(ScenarioContext& ctx, const Invocation& call) {
+  ExpectIniAt(ctx, call, ctx.host.PluginFolder() / drav::kConfigFileName, "ini");
+}
+
+// `expect aircraft-ini absent`: the aircraft's folder holds no DRAV.INI (nothing was written there).
+void ExpectAircraftIniCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::filesystem::path path = AircraftIniPath(ctx.host);
+  if (call.args.size() != 1) {
+    ExpectIniAt(ctx, call, path, "aircraft-ini");
+    return;
+  }
+  if (!IsKeyword(call.args[0], "absent")) {
+    UsageError(ctx, call);
+    return;
+  }
+  std::error_code error;
+  if (!std::filesystem::exists(path, error)) {
+    ctx.Pass();
+  } else {
+    ctx.Fail("no " + path.string(), "the file exists");
   }
 }
 
@@ -107,17 +155,11 @@ void ExpectFileCommand(ScenarioContext& ctx, const Invocation& call) {
     CommandError(ctx, call, error);
     return;
   }
-  const auto lines = ReadLines(*path);
-  if (!lines) {
-    ctx.Fail("file " + name + " with " + std::to_string(call.block.size()) + " lines",
-             "no such file");
-    return;
-  }
-  if (const auto difference = CompareLines(call.block, *lines)) {
-    ctx.Fail("file " + name + " " + difference->expected, difference->found);
-  } else {
-    ctx.Pass();
-  }
+  ExpectLinesAt(ctx, call, *path, "file " + name);
+}
+
+void ExpectAircraftFileCommand(ScenarioContext& ctx, const Invocation& call) {
+  ExpectLinesAt(ctx, call, AircraftIniPath(ctx.host), "aircraft-file");
 }
 
 void ExpectLogCommand(ScenarioContext& ctx, const Invocation& call) {

@@ -1,6 +1,7 @@
 // Commands that set up the simulator: its version, files, datarefs, commands, other plug-ins and
 // the optional API.
 #include <climits>
+#include <filesystem>
 
 #include "config/IniFile.h"
 #include "dravsim/CommandArgs.h"
@@ -70,6 +71,28 @@ void IniCommand(ScenarioContext& ctx, const Invocation& call) {
 
 void FileCommand(ScenarioContext& ctx, const Invocation& call) {
   WriteBlockFile(ctx, call, call.args[0].text);
+}
+
+// `aircraft PATH`: the file X-Plane reports for the user's aircraft, inside the X-Plane folder.
+void AircraftCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::filesystem::path relative(call.args[0].text);
+  bool climbs = false;
+  for (const auto& part : relative) climbs = climbs || part == "..";
+  if (!relative.has_parent_path() || relative.has_root_name() || relative.has_root_directory() || climbs) {
+    CommandError(ctx, call, "the aircraft \"" + call.args[0].text + "\" must be a file in a folder of the X-Plane folder");
+    return;
+  }
+  ctx.host.SetUserAircraft(relative);
+}
+
+// `aircraft-ini ... end`: the lines become DRAV.INI in the user's aircraft's folder.
+void AircraftIniCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::filesystem::path path = ctx.host.UserAircraftFile().parent_path() / drav::kConfigFileName;
+  if (!WriteLines(path, call.block)) {
+    CommandError(ctx, call, "cannot write " + path.string());
+    return;
+  }
+  ctx.Note(std::to_string(call.block.size()) + " lines written to the aircraft's DRAV.INI");
 }
 
 namespace {

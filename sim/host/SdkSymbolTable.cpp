@@ -4,6 +4,7 @@
 #include <XPLMDisplay.h>
 #include <XPLMGraphics.h>
 #include <XPLMMenus.h>
+#include <XPLMPlanes.h>
 #include <XPLMPlugin.h>
 #include <XPLMProcessing.h>
 #include <XPLMScenery.h>
@@ -59,6 +60,7 @@ const SdkSymbol kSdkSymbols[] = {
     SDK_SYMBOL(XPLMGetDirectorySeparator),
     SDK_SYMBOL(XPLMGetElapsedTime),
     SDK_SYMBOL(XPLMGetFontDimensions),
+    SDK_SYMBOL(XPLMGetNthAircraftModel),
     SDK_SYMBOL(XPLMGetMyID),
     SDK_SYMBOL(XPLMGetScreenSize),
     SDK_SYMBOL(XPLMGetSystemPath),

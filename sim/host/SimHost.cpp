@@ -85,6 +85,14 @@ void SimHost::SetXPlaneVersion(int version) {
   if (version < kFirstXPlane12Version) impl_->datarefs.AddOlderSimulatorDatarefs();
 }
 
+void SimHost::SetUserAircraft(const std::filesystem::path& relativeFile) {
+  impl_->userAircraft = relativeFile;
+  std::error_code ignored;  // a folder that cannot be made shows up as a missing file later
+  std::filesystem::create_directories(UserAircraftFile().parent_path(), ignored);
+}
+
+std::filesystem::path SimHost::UserAircraftFile() const { return impl_->root / impl_->userAircraft; }
+
 void SimHost::SetSystemSymbolsAvailable(bool available) { impl_->systemSymbolsAvailable = available; }
 
 int SimHost::AddOtherPlugin(const std::string& signature) { return impl_->plugins.AddOther(signature); }

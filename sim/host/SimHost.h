@@ -83,6 +83,10 @@ class SimHost {
   void SetSystemSymbolsAvailable(bool available);  // false: XPLMFindSymbol resolves nothing
   int AddOtherPlugin(const std::string& signature);  // returns its plug-in id
   void SetCommandKnown(const std::string& name, bool known);
+  // The user's aircraft file, relative to the X-Plane folder (XPLMGetNthAircraftModel(0) reports
+  // it); its folder is created. A fresh simulator has the default Cessna's, whose folder is not.
+  void SetUserAircraft(const std::filesystem::path& relativeFile);
+  std::filesystem::path UserAircraftFile() const;  // root/<the relative file>
 
   // ---- datarefs ------------------------------------------------------------------------------
   // Adds (or replaces) a simulator dataref holding zeros. False when the declaration is invalid.

@@ -20,6 +20,7 @@
 namespace sim {
 
 inline constexpr int kDefaultXPlaneVersion = 12000;
+inline constexpr const char* kDefaultUserAircraft = "Aircraft/Laminar Research/Cessna 172 SP/Cessna_172SP.acf";
 inline constexpr int kXplmVersion = 400;
 // A screen X-Plane runs at, small enough that windows placed for it fit any real screen.
 inline constexpr int kDefaultScreenWidth = 1024;
@@ -53,6 +54,8 @@ struct SimHostImpl {
   SlotTable<bool> probes;  // alive flags: probes exist, but there is no terrain to hit
 
   std::filesystem::path root;
+  // The user's aircraft file, from root: X-Plane always has one loaded.
+  std::filesystem::path userAircraft = kDefaultUserAircraft;
   std::int64_t frame = 0;
   int xplaneVersion = kDefaultXPlaneVersion;
   bool systemSymbolsAvailable = true;

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "config/AircraftProfile.h"
 #include "config/IniFile.h"
 #include "functions/CustomBindings.h"
 #include "functions/FunctionCatalogue.h"
@@ -260,12 +261,13 @@ void ReportMissingNames(const std::string& section, const std::string& key, cons
 }  // namespace
 
 void LoadAllAssignments() {
-  const IniReadSnapshot snapshot;
+  RefreshAircraftProfile();  // the aircraft X-Plane has now decides whose sections are read
+  const ProfileReadSnapshot snapshot;
   for (std::uint32_t moduleType : kAssignmentLoadOrder) LoadTypeAssignments(moduleType);
 }
 
 int LoadTypeAssignments(std::uint32_t moduleType, bool registerUnit) {
-  const IniReadSnapshot snapshot;
+  const ProfileReadSnapshot snapshot;
   const int count = Manager().UnitCount(moduleType);
   for (int unit = 0; unit < count; ++unit) {
     LoadUnitAssignments(moduleType, static_cast<std::uint32_t>(unit), registerUnit);
@@ -278,7 +280,7 @@ void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool regi
   if (Manager().FindModule(moduleType, unit, &module) != 1 || module == nullptr) return;
   UnitLoader load = FindLoader(moduleType);
   if (load == nullptr) return;
-  const IniReadSnapshot snapshot;
+  const ProfileReadSnapshot snapshot;
   load(UnitLoad{*module, unit, AssignmentSection(moduleType, unit), registerUnit});
 }
 
@@ -293,9 +295,7 @@ std::string AssignmentSection(std::uint32_t moduleType, std::uint32_t unit) {
 }
 
 std::string ReadAssignmentValue(const std::string& section, const std::string& key, const char* defaultValue) {
-  char value[kIniValueSize];
-  ReadIniValue(kConfigFileName, section.c_str(), key.c_str(), value, defaultValue != nullptr ? defaultValue : "");
-  return value;
+  return ReadProfileValue(section, key, defaultValue);
 }
 
 ResolvedAssignment ReadAssignment(const std::string& section, const AssignmentKeyGroup& group, int index,

@@ -2,6 +2,7 @@
 // what one finds is what the other rewrites.
 #include "config/IniFile.h"
 
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <climits>
@@ -160,37 +161,74 @@ void ReportTooLarge(const std::string& path, std::uintmax_t size) {
 
 // ---- the snapshot -------------------------------------------------------------------------------
 
-// The index of one file that reads use while an IniReadSnapshot lives (main thread only, like every
-// caller of the reader).
+// The index of one file that reads use while an IniReadSnapshot of it lives (main thread only, like
+// every caller of the reader).
 struct Snapshot {
   int depth = 0;
   bool taken = false;  // false: the file could not be read; reads go to the file
-  std::string fileName;
+  std::string fileName;  // empty for a snapshot made by path
   std::string path;
   std::optional<IniIndex> index;  // empty: there is no such file, or one too large to read
 };
-Snapshot gSnapshot;
+// A load reads the plug-in's file and the user's aircraft's one: two files at once at most.
+std::array<Snapshot, 2> gSnapshots;
+unsigned gWrites = 0;  // files replaced through this writer
 
-void TakeSnapshot() {
-  gSnapshot.taken = false;
-  gSnapshot.index.reset();
-  FileBytes file = ReadFileBytes(gSnapshot.path);
+void TakeSnapshot(Snapshot& snapshot) {
+  snapshot.taken = false;
+  snapshot.index.reset();
+  FileBytes file = ReadFileBytes(snapshot.path);
   switch (file.result) {
     case FileRead::kUnreadable:
       return;
     case FileRead::kTooLarge:
-      ReportTooLarge(gSnapshot.path, file.size);
+      ReportTooLarge(snapshot.path, file.size);
       break;
     case FileRead::kRead:
-      gSnapshot.index.emplace(std::move(file.bytes));
+      snapshot.index.emplace(std::move(file.bytes));
       break;
     case FileRead::kMissing:
       break;
   }
-  gSnapshot.taken = true;
+  snapshot.taken = true;
 }
 
-bool SnapshotCovers(const std::string& path) { return gSnapshot.depth > 0 && gSnapshot.taken && gSnapshot.path == path; }
+// The live snapshot of the file, if one covers it.
+Snapshot* SnapshotOf(const std::string& path) {
+  for (Snapshot& snapshot : gSnapshots) {
+    if (snapshot.depth > 0 && snapshot.taken && snapshot.path == path) return &snapshot;
+  }
+  return nullptr;
+}
+
+// The live snapshot taken by name, for reads that name the file rather than its path.
+const Snapshot* SnapshotNamed(const char* fileName) {
+  if (fileName == nullptr) return nullptr;
+  for (const Snapshot& snapshot : gSnapshots) {
+    if (snapshot.depth > 0 && !snapshot.fileName.empty() && snapshot.fileName == fileName) return &snapshot;
+  }
+  return nullptr;
+}
+
+// Joins a live snapshot of the path, or takes a free slot; -1 when every slot holds another file.
+int OpenSnapshot(const std::string& path, const char* fileName) {
+  for (std::size_t slot = 0; slot < gSnapshots.size(); ++slot) {
+    if (gSnapshots[slot].depth > 0 && gSnapshots[slot].path == path) {
+      ++gSnapshots[slot].depth;
+      return static_cast<int>(slot);
+    }
+  }
+  for (std::size_t slot = 0; slot < gSnapshots.size(); ++slot) {
+    Snapshot& snapshot = gSnapshots[slot];
+    if (snapshot.depth > 0) continue;
+    snapshot.depth = 1;
+    snapshot.fileName = fileName ? fileName : "";
+    snapshot.path = path;
+    TakeSnapshot(snapshot);
+    return static_cast<int>(slot);
+  }
+  return -1;
+}
 
 std::string SectionTag(const char* section) { return std::string("[") + section + "]"; }
 std::string KeyPrefix(const char* key) { return std::string(key) + "="; }
@@ -207,9 +245,9 @@ std::string_view ViewOf(const char* text) {
 }
 
 bool FindValue(const std::string& path, const char* section, const char* key, char* out) {
-  if (SnapshotCovers(path)) {
-    if (!gSnapshot.index) return false;
-    const std::optional<std::string_view> value = gSnapshot.index->Find(section, key);
+  if (Snapshot* snapshot = SnapshotOf(path)) {
+    if (!snapshot->index) return false;
+    const std::optional<std::string_view> value = snapshot->index->Find(section, key);
     if (value) CopyValue(out, *value);
     return value.has_value();
   }
@@ -411,20 +449,32 @@ bool ReadIniValueAtPath(const std::string& path, const char* section, const char
   return found;
 }
 
-void ReadIniValue(const char* fileName, const char* section, const char* key, char* outValue,
-                  const char* defaultValue) {
+void ReadIniValueTraced(const std::string& path, const char* shownName, const char* section, const char* key,
+                        char* outValue, const char* defaultValue) {
   if (!outValue) return;
-  // During a load the snapshot's file is known by name: no path is composed for each key.
-  const bool snapshotFile = gSnapshot.depth > 0 && fileName && gSnapshot.fileName == fileName;
-  const bool found = snapshotFile ? ReadIniValueAtPath(gSnapshot.path, section, key, outValue, defaultValue)
-                                  : ReadIniValueAtPath(PluginFilePath(fileName), section, key, outValue, defaultValue);
+  const bool found = ReadIniValueAtPath(path, section, key, outValue, defaultValue);
   // The DEBUG switches are read before the log is set up and never trace.
   const bool traced = gDebug.DebugEnabled == 1 && gDebug.DebugFunctionAssignments == 1 && section &&
                       std::strcmp(section, "DEBUG") != 0;
   if (!traced) return;
   LogFormat("file: %s, found: %d, section: %s, key: %s, value: %s, default: %s",
-            fileName ? fileName : "", found ? 1 : 0, SectionTag(section).c_str(), key ? key : "",
+            shownName ? shownName : "", found ? 1 : 0, SectionTag(section).c_str(), key ? key : "",
             outValue, defaultValue ? defaultValue : "");
+}
+
+void ReadIniValue(const char* fileName, const char* section, const char* key, char* outValue,
+                  const char* defaultValue) {
+  // During a load the snapshot's file is known by name: no path is composed for each key.
+  const Snapshot* snapshot = SnapshotNamed(fileName);
+  ReadIniValueTraced(snapshot ? snapshot->path : PluginFilePath(fileName), fileName, section, key, outValue,
+                     defaultValue);
+}
+
+bool IniHasSection(const std::string& path, const char* section) {
+  if (section == nullptr) return false;
+  if (Snapshot* snapshot = SnapshotOf(path)) return snapshot->index && snapshot->index->HasSection(section);
+  FileBytes file = ReadFileBytes(path);
+  return file.result == FileRead::kRead && IniIndex(std::move(file.bytes)).HasSection(section);
 }
 
 std::string ReadIniString(const char* fileName, const char* section, const char* key,
@@ -463,22 +513,36 @@ bool WriteIniValueAtPath(const std::string& path, const char* section, const cha
   if (written) KeepPermissions(*target, tempPath);
   const bool replaced = written && MoveOver(tempPath, *target);
   if (!replaced) std::remove(tempPath.c_str());
-  if (replaced && SnapshotCovers(path)) TakeSnapshot();  // later reads see what was written
+  if (replaced) ++gWrites;
+  if (Snapshot* snapshot = replaced ? SnapshotOf(path) : nullptr) TakeSnapshot(*snapshot);  // later reads see it
   return replaced;
 }
 
-IniReadSnapshot::IniReadSnapshot(const char* fileName) {
-  if (gSnapshot.depth++ > 0) return;  // the outermost one decides which file is copied
-  gSnapshot.fileName = fileName ? fileName : "";
-  gSnapshot.path = PluginFilePath(fileName);
-  TakeSnapshot();
+IniReadSnapshot::IniReadSnapshot(const char* fileName) : slot_(-1) {
+  // A nested one of a file taken by name joins it without composing the path again: a load opens
+  // one per type and per unit.
+  for (std::size_t slot = 0; slot < gSnapshots.size(); ++slot) {
+    Snapshot& snapshot = gSnapshots[slot];
+    if (snapshot.depth > 0 && fileName && snapshot.fileName == fileName) {
+      ++snapshot.depth;
+      slot_ = static_cast<int>(slot);
+      return;
+    }
+  }
+  slot_ = OpenSnapshot(PluginFilePath(fileName), fileName);
 }
 
+IniReadSnapshot::IniReadSnapshot(const IniPath& file) : slot_(OpenSnapshot(file.path, nullptr)) {}
+
 IniReadSnapshot::~IniReadSnapshot() {
-  if (--gSnapshot.depth > 0) return;
-  gSnapshot.taken = false;
-  gSnapshot.index.reset();
+  if (slot_ < 0) return;
+  Snapshot& snapshot = gSnapshots[static_cast<std::size_t>(slot_)];
+  if (--snapshot.depth > 0) return;
+  snapshot.taken = false;
+  snapshot.index.reset();
 }
+
+unsigned IniWriteCount() { return gWrites; }
 
 void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value) {
   WriteIniValueAtPath(PluginFilePath(fileName), section, key, value);

@@ -23,11 +23,23 @@ void ReadIniValue(const char* fileName, const char* section, const char* key, ch
 std::string ReadIniString(const char* fileName, const char* section, const char* key,
                           const char* defaultValue);
 
+// ReadIniValue on an explicit path; the trace names the file as `shownName`.
+void ReadIniValueTraced(const std::string& path, const char* shownName, const char* section, const char* key,
+                        char* outValue, const char* defaultValue);
+
+// Whether a line of the file opens the section (the rule every read uses). A missing, unreadable or
+// too large file holds none.
+bool IniHasSection(const std::string& path, const char* section);
+
 // Stores one value; an empty value removes an existing key line (a missing key is stored empty).
 // The file is replaced in one step, so a write that fails leaves the old file as it was. A file
 // that is a link is replaced where the link leads. A read-only file, a UTF-16 file and one over
 // 16 MB are never replaced: the log and X-Plane's Log.txt say why.
 void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value);
+
+// How many files the writer has replaced so far: what was learnt of a file before a write may be
+// stale after it.
+unsigned IniWriteCount();
 
 // The same on an explicit path, without the read trace: for the tools and the tests.
 // ReadIniValueAtPath returns true when the key was found.
@@ -40,14 +52,22 @@ bool WriteIniValueAtPath(const std::string& path, const char* section, const cha
 // While one lives, reads of the file come from an index of it (IniIndex.h) made from one read when
 // the first was made: a load of every unit's assignments reads hundreds of keys, and scanning the
 // file for each one took a tenth of a frame. What is found is exactly what the file would give; a
-// write through this reader refreshes the index. Snapshots nest (an inner one of another file is
-// not taken). Main thread only.
+// write through this reader refreshes the index. Snapshots of one file nest; two files can be held
+// at once (the plug-in's and an aircraft's), and a third is simply read from the file. Main thread
+// only.
+struct IniPath {
+  std::string path;
+};
 class IniReadSnapshot {
  public:
   explicit IniReadSnapshot(const char* fileName = kConfigFileName);
+  explicit IniReadSnapshot(const IniPath& file);
   ~IniReadSnapshot();
   IniReadSnapshot(const IniReadSnapshot&) = delete;
   IniReadSnapshot& operator=(const IniReadSnapshot&) = delete;
+
+ private:
+  int slot_;  // -1: no index was taken for this one
 };
 
 // Numbers are parsed from the leading decimal text of a value; no number gives 0.

@@ -24,6 +24,8 @@ class IniIndex {
   // The stored value (at most one line, up to kIniMaxLineLength characters), or nothing. The view
   // lives as long as the index. Not const: the key tables of a section are made on first use.
   std::optional<std::string_view> Find(std::string_view section, std::string_view key);
+  // Whether a line opens the section, by the same rule Find uses.
+  bool HasSection(std::string_view section) const { return SectionLine(section).has_value(); }
 
  private:
   // The values of one section for keys of one length, sorted by key text; of equal keys only the

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "config/AircraftProfile.h"
 #include "config/Assignments.h"
 #include "host/CommandTables.h"
 #include "host/HostState.h"
@@ -37,7 +38,9 @@ void RebindThrottleQuadrants() {
 }
 
 void UserAircraftLoaded() {
-  ModulesInitialised = 0;  // the next refresh tick reloads every assignment
+  ModulesInitialised = 0;  // the next refresh tick reloads every assignment, from the new aircraft's profile
+  RefreshAircraftProfile();
+  RefreshAssignDialog();  // an open dialog shows where the new aircraft's assignments come from
   RebindThrottleQuadrants();
 }
 

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "config/AircraftProfile.h"
 #include "config/Assignments.h"
 #include "config/CustomBindingSyntax.h"
 #include "config/IniFile.h"
@@ -39,6 +40,12 @@ constexpr int kRowPitch = 20;
 constexpr int kSliderPitch = 40;
 constexpr int kSliderLabelWidth = 20;
 
+// Where a unit's assignments come from, and where a pick goes, by ProfileFile (all aircraft first).
+// They fit the designed device column, below the device pop-up.
+constexpr const char* kProfileCaptions[] = {"From all aircraft", "From this aircraft"};
+constexpr const char* kSaveCaption = "Save picks for:";
+constexpr const char* kSaveItems = "all aircraft;this aircraft;";
+
 struct FunctionRowWidgets {
   XPWidgetID caption = nullptr;
   XPWidgetID popup = nullptr;
@@ -60,6 +67,11 @@ struct DialogState {
   bool open = false;
   XPWidgetID mainWindow = nullptr;
   XPWidgetID devicePopup = nullptr;
+  XPWidgetID profileCaption = nullptr;
+  XPWidgetID saveCaption = nullptr;
+  XPWidgetID savePopup = nullptr;
+  ProfileFile saveTo = ProfileFile::kAllAircraft;
+  bool unitHasRows = false;  // a unit without rows (N/A, DSBLD, the GF-DIO) has nothing to save
   std::vector<DialogDevice> devices;
   int currentDevice = 0;
   std::uint32_t currentType = kModuleNone;
@@ -103,12 +115,49 @@ class UnitLists {
 
 // ---- reading and writing the unit's section --------------------------------------------------------
 
+void ShowWithText(XPWidgetID widget, const char* text);
+void HideWithText(XPWidgetID widget);
+
 std::string ReadSectionValue(const std::string& key, const char* defaultValue) {
-  return ReadIniString(kConfigFileName, gDialog.section.c_str(), key.c_str(), defaultValue);
+  return ReadProfileValue(gDialog.section, key, defaultValue);
 }
 
+// The first pick saved for this aircraft takes the unit's other stored values with it: once the
+// aircraft's file holds the section, the plug-in's section is no longer read for the unit.
+bool CopySectionToAircraft() {
+  const std::string from = ProfilePath(ProfileFile::kAllAircraft);
+  const std::string to = ProfilePath(ProfileFile::kThisAircraft);
+  auto copy = [&](const std::string& key) {
+    char value[kIniValueSize];
+    if (key.empty() || !ReadIniValueAtPath(from, gDialog.section.c_str(), key.c_str(), value, "")) return true;
+    return WriteIniValueAtPath(to, gDialog.section.c_str(), key.c_str(), value);
+  };
+  for (const FunctionRowWidgets& row : gDialog.functions) if (!copy(row.key)) return false;
+  for (const ColourRowWidgets& row : gDialog.colours) if (!copy(row.key)) return false;
+  for (const SliderRowWidgets& row : gDialog.sliders) if (!copy(row.key)) return false;
+  return true;
+}
+
+void ShowProfile() {
+  if (AircraftProfilePath().empty() || gDialog.currentUnit < 1 || !gDialog.unitHasRows) {
+    HideWithText(gDialog.profileCaption);
+    HideWithText(gDialog.saveCaption);
+    HideWithText(gDialog.savePopup);
+    return;
+  }
+  ShowWithText(gDialog.profileCaption, kProfileCaptions[static_cast<int>(SectionProfile(gDialog.section))]);
+  ShowWithText(gDialog.saveCaption, kSaveCaption);
+  ShowWithText(gDialog.savePopup, kSaveItems);
+  XPSetWidgetProperty(gDialog.savePopup, kPopupCurrentItemProperty, static_cast<int>(gDialog.saveTo));
+}
+
+// Nothing reaches an aircraft's folder unless the pilot chose this aircraft.
 void WriteSectionValue(const std::string& key, const char* value) {
-  WriteIniValue(kConfigFileName, gDialog.section.c_str(), key.c_str(), value);
+  const bool toAircraft = gDialog.saveTo == ProfileFile::kThisAircraft && !AircraftProfilePath().empty();
+  if (toAircraft && SectionProfile(gDialog.section) == ProfileFile::kAllAircraft && !CopySectionToAircraft()) return;
+  const ProfileFile file = toAircraft ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
+  WriteIniValueAtPath(ProfilePath(file), gDialog.section.c_str(), key.c_str(), value);
+  ShowProfile();
 }
 
 // A unit unplugged while the dialog is open has no module object: reloading it does nothing.
@@ -187,6 +236,12 @@ int OnItemPicked(XPWidgetMessage message, XPWidgetID /*widget*/, intptr_t param1
   const int index = static_cast<int>(param2);
   if (popup == gDialog.devicePopup) {
     DevicePicked(index);
+    return 1;
+  }
+  if (popup == gDialog.savePopup) {
+    // The items are in ProfileFile's order.
+    gDialog.saveTo = index == static_cast<int>(ProfileFile::kThisAircraft) ? ProfileFile::kThisAircraft
+                                                                            : ProfileFile::kAllAircraft;
     return 1;
   }
   for (const FunctionRowWidgets& row : gDialog.functions) {
@@ -350,7 +405,11 @@ class ListWidths {
 // one layout whichever unit is picked.
 DialogTextWidths MeasureDialogTexts(const std::string& deviceText) {
   DialogTextWidths widths;
-  widths.device = WidestItemWidth(deviceText);
+  // The profile's captions are no pop-up: they need no room for an arrow.
+  const int profileCaption = std::max({TextWidth(kProfileCaptions[0]), TextWidth(kProfileCaptions[1]),
+                                       TextWidth(kSaveCaption)});
+  widths.device = std::max({WidestItemWidth(deviceText), WidestItemWidth(kSaveItems),
+                            profileCaption - PopupWidthFor(0)});
   widths.colourItem = WidestItemWidth(FixedListText(PickListKind::kColour));
   ListWidths lists;
   const DialogRowContext context = CurrentDialogRowContext();
@@ -464,6 +523,13 @@ void OpenAssignFunctionsDialog(int width, int height) {
   gDialog.devicePopup = CreatePopupList(left + columns.deviceLeft, top - 40, left + columns.deviceRight, top - 52, 1,
                                         deviceText.c_str(), gDialog.mainWindow, 0);
   XPAddWidgetCallback(gDialog.devicePopup, OnItemPicked);
+  gDialog.profileCaption = CreateChild(left + columns.deviceLeft, top - 60, left + columns.deviceRight, top - 72, "",
+                                       xpWidgetClass_Caption);
+  gDialog.saveCaption = CreateChild(left + columns.deviceLeft, top - 80, left + columns.deviceRight, top - 92, "",
+                                    xpWidgetClass_Caption);
+  gDialog.savePopup = CreatePopupList(left + columns.deviceLeft, top - 100, left + columns.deviceRight, top - 112, 0,
+                                      kSaveItems, gDialog.mainWindow, 1);
+  XPAddWidgetCallback(gDialog.savePopup, OnItemPicked);
   CreateFunctionRows(left, top, columns);
   // After the captions, so that a colour pop-up lies in front of the caption column it sits in.
   CreateColourRows(left, top, columns);
@@ -498,6 +564,9 @@ void ShowDevicePanel(std::uint32_t moduleType, std::int32_t unit) {
   const UnitLists lists(moduleType);
   HideEveryRow();
   const DialogModelRows rows = RowsForModel(moduleType, CurrentDialogRowContext());
+  gDialog.saveTo = SectionProfile(gDialog.section);  // a pick goes where the unit's section already is
+  gDialog.unitHasRows = !rows.functions.empty() || !rows.sliders.empty();
+  ShowProfile();
   for (const DialogFunctionRow& row : rows.functions) FillFunctionRow(row, lists.Get(row.list));
   for (const DialogFunctionRow& row : rows.colours) FillColourRow(row, lists.Get(row.list));
   for (const DialogSliderRow& row : rows.sliders) FillSliderRow(row);
@@ -508,6 +577,8 @@ bool GetAssignDialogWidgets(AssignDialogWidgets& out) {
   if (!gDialog.open) return false;
   out.mainWindow = gDialog.mainWindow;
   out.devicePopup = gDialog.devicePopup;
+  out.profileCaption = gDialog.profileCaption;
+  out.savePopup = gDialog.savePopup;
   for (int i = 0; i < kDialogFunctionRows; ++i) {
     out.functionCaption[i] = gDialog.functions[static_cast<std::size_t>(i)].caption;
     out.functionPopup[i] = gDialog.functions[static_cast<std::size_t>(i)].popup;

@@ -38,6 +38,8 @@ struct AssignDialogSliderWidgets {
 struct AssignDialogWidgets {
   XPWidgetID mainWindow = nullptr;
   XPWidgetID devicePopup = nullptr;
+  XPWidgetID profileCaption = nullptr;  // where the unit's assignments come from
+  XPWidgetID savePopup = nullptr;       // where a pick is saved: this aircraft or all aircraft
   XPWidgetID functionCaption[kDialogFunctionRows] = {};
   XPWidgetID functionPopup[kDialogFunctionRows] = {};
   XPWidgetID colourPopup[kDialogColourRows] = {};

@@ -1,4 +1,5 @@
 // Commands, messages, symbols, versions, paths and the plug-in lifecycle of the simulator host.
+#include <XPLMPlanes.h>
 #include <XPLMPlugin.h>
 #include <XPLMUtilities.h>
 
@@ -194,6 +195,22 @@ TEST_F(SimHostTest, SystemPathIsBoundedTo512Bytes) {
   XPLMGetSystemPath(path);
   EXPECT_EQ(std::strlen(path), 511u);
   EXPECT_EQ(path[512], 'x');  // nothing written past the documented buffer
+}
+
+TEST_F(SimHostTest, TheUserAircraftIsReportedByNameAndFullPathAndNoOtherIs) {
+  char name[256];
+  char path[512];
+  XPLMGetNthAircraftModel(0, name, path);
+  EXPECT_STREQ(name, "Cessna_172SP.acf");  // X-Plane always has a user's aircraft
+  host().SetUserAircraft("Aircraft/Jets/Test Jet/jet.acf");
+  XPLMGetNthAircraftModel(0, name, path);
+  EXPECT_STREQ(name, "jet.acf");
+  std::filesystem::path expected = root() / "Aircraft" / "Jets" / "Test Jet" / "jet.acf";
+  EXPECT_EQ(std::string(path), expected.make_preferred().string());
+  EXPECT_TRUE(std::filesystem::is_directory(root() / "Aircraft" / "Jets" / "Test Jet"));
+  XPLMGetNthAircraftModel(1, name, path);
+  EXPECT_STREQ(name, "");
+  EXPECT_STREQ(path, "");
 }
 
 TEST_F(SimHostTest, DebugStringAppendsToTheLog) {

@@ -1,0 +1,42 @@
+// Per-aircraft profiles: a DRAV.INI in the folder of the user's aircraft supplies the unit sections
+// it holds, the plug-in's own DRAV.INI the rest. DEBUG and CONFIG are read from the plug-in's file
+// only (they never ask here). Main thread only.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "config/IniFile.h"
+
+namespace drav {
+
+enum class ProfileFile { kAllAircraft, kThisAircraft };
+
+// Asks X-Plane which aircraft is the user's (XPLMGetNthAircraftModel(0)) and remembers its
+// folder's DRAV.INI. Called when an aircraft loads and before every full load.
+void RefreshAircraftProfile();
+// The aircraft's DRAV.INI; empty while X-Plane reports no aircraft.
+const std::string& AircraftProfilePath();
+
+// The file holding the section's assignments: this aircraft's when a line of it opens the section.
+ProfileFile SectionProfile(const std::string& section);
+// That file's full path (the aircraft's is empty while there is no aircraft).
+std::string ProfilePath(ProfileFile file);
+
+// The stored value of the section's key, from the file SectionProfile names, else the default.
+std::string ReadProfileValue(const std::string& section, const std::string& key, const char* defaultValue);
+
+// Both files indexed while it lives (see IniReadSnapshot).
+class ProfileReadSnapshot {
+ public:
+  ProfileReadSnapshot();
+  ~ProfileReadSnapshot();
+  ProfileReadSnapshot(const ProfileReadSnapshot&) = delete;
+  ProfileReadSnapshot& operator=(const ProfileReadSnapshot&) = delete;
+
+ private:
+  std::optional<IniReadSnapshot> global_;
+  std::optional<IniReadSnapshot> aircraft_;
+};
+
+}  // namespace drav
