@@ -40,7 +40,9 @@ class Session {
  public:
   Session(const DravsimOptions& options, const DravsimIo& io,
           const sim::PluginEntryPoints& plugin)
-      : options_(options), io_(io), runner_(io.out, RunnerOptions{options.quiet, plugin, io.colour, options.uhid, options.platform}) {}
+      : options_(options),
+        io_(io),
+        runner_(io.out, RunnerOptions{options.quiet, plugin, io.colour, options.uhid, options.platform}) {}
 
   template <typename Source>
   void RunInFreshSimulator(std::string_view name, Source& source) {
@@ -87,7 +89,8 @@ std::optional<DravsimOptions> ParseCommandLine(std::span<const std::string_view>
       }
       options.root = std::filesystem::path(args[++i]);
     } else if (arg == "--hid") {
-      if (i + 1 == args.size() || (args[i + 1] != "virtual" && args[i + 1] != "uhid" && args[i + 1] != "platform")) {
+      const auto known = [](std::string_view kind) { return kind == "virtual" || kind == "uhid" || kind == "platform"; };
+      if (i + 1 == args.size() || !known(args[i + 1])) {
         error = "--hid needs virtual, uhid or platform";
         return std::nullopt;
       }

@@ -8,7 +8,8 @@ namespace dravsim {
 
 namespace {
 
-constexpr const char* kMadeElsewhere = "with --hid platform the panels are made by another program, not by the scenario";
+constexpr const char* kMadeElsewhere =
+    "with --hid platform the panels are made by another program, not by the scenario";
 
 class ForeignPanelHardware : public PanelHardware {
  public:

@@ -37,7 +37,7 @@ class TextLineSource : public LineSource {
 class StreamLineSource : public LineSource {
  public:
   // With a prompt stream, "> " is shown before each command and "... " before each block line.
-  // Without one, `answers` (the output) is flushed before each read, so that a program feeding
+  // `answers` (the output), when given, is flushed before each read, so that a program feeding
   // commands through a pipe sees what each one printed before it sends the next.
   StreamLineSource(std::istream& in, std::ostream* prompt, std::ostream* answers = nullptr)
       : in_(in), prompt_(prompt), answers_(answers) {}

@@ -150,7 +150,9 @@ void SendInputReport(ScenarioContext& ctx, const Invocation& call, const PanelUn
   // say): the kernel hands the report to whoever reads the node, and there is no layer to wait for.
   if (ctx.options.uhid && !ctx.plugin.started) {
     ctx.Note(Hex(report) + " for another program");
-    if (!ctx.hid->SendInput(unit.path, std::move(report))) CommandError(ctx, call, "the uhid device refused the report");
+    if (!ctx.hid->SendInput(unit.path, std::move(report))) {
+      CommandError(ctx, call, "the uhid device refused the report");
+    }
     return;
   }
   const auto slot = LayerSlot(ctx, unit);
