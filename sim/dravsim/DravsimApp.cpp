@@ -11,9 +11,11 @@
 namespace dravsim {
 
 const char* const kDravsimUsage =
-    "usage: dravsim [--quiet] [--root DIR] [--hid virtual|uhid] [--locale NAME] FILE...\n"
+    "usage: dravsim [--quiet] [--root DIR] [--hid virtual|uhid|platform] [--locale NAME] FILE...\n"
     "           run scenario files, each in a fresh simulator; with uhid (Linux, /dev/uhid) the\n"
-    "           panels are kernel HID devices and the plug-in reaches them through hidraw\n"
+    "           panels are kernel HID devices and the plug-in reaches them through hidraw; with\n"
+    "           platform the plug-in meets whatever devices the system has (made by another\n"
+    "           program, such as a uhid board), and scenarios cannot plug panels of their own\n"
     "       dravsim [--quiet] [--root DIR]\n"
     "           run the built-in demo scenario\n"
     "       dravsim [--quiet] [--root DIR] --interactive\n"
@@ -38,7 +40,9 @@ class Session {
  public:
   Session(const DravsimOptions& options, const DravsimIo& io,
           const sim::PluginEntryPoints& plugin)
-      : options_(options), io_(io), runner_(io.out, RunnerOptions{options.quiet, plugin, io.colour, options.uhid}) {}
+      : options_(options),
+        io_(io),
+        runner_(io.out, RunnerOptions{options.quiet, plugin, io.colour, options.uhid, options.platform}) {}
 
   template <typename Source>
   void RunInFreshSimulator(std::string_view name, Source& source) {
@@ -85,11 +89,13 @@ std::optional<DravsimOptions> ParseCommandLine(std::span<const std::string_view>
       }
       options.root = std::filesystem::path(args[++i]);
     } else if (arg == "--hid") {
-      if (i + 1 == args.size() || (args[i + 1] != "virtual" && args[i + 1] != "uhid")) {
-        error = "--hid needs virtual or uhid";
+      const auto known = [](std::string_view kind) { return kind == "virtual" || kind == "uhid" || kind == "platform"; };
+      if (i + 1 == args.size() || !known(args[i + 1])) {
+        error = "--hid needs virtual, uhid or platform";
         return std::nullopt;
       }
       options.uhid = args[++i] == "uhid";
+      options.platform = args[i] == "platform";
     } else if (arg == "--locale") {
       if (i + 1 == args.size()) {
         error = "--locale needs a locale name";
@@ -127,7 +133,7 @@ int RunDravsim(const DravsimOptions& options, const DravsimIo& io,
   Session session(options, io, plugin);
   if (options.interactive) {
     if (io.promptForInput) io.out << kInteractiveWelcome;
-    StreamLineSource source(io.in, io.promptForInput ? &io.out : nullptr);
+    StreamLineSource source(io.in, io.promptForInput ? &io.out : nullptr, &io.out);
     session.RunInFreshSimulator(kInteractiveName, source);
   } else if (options.files.empty()) {
     TextLineSource source(DemoScenarioText());

@@ -21,6 +21,7 @@ struct DravsimOptions {
   bool interactive = false;
   bool help = false;
   bool uhid = false;  // `--hid uhid`: the panels are uhid devices
+  bool platform = false;  // `--hid platform`: the panels are devices another program made
   std::optional<std::filesystem::path> root;  // the X-Plane folder, instead of a temporary one
   std::optional<std::string> locale;          // the process's locale, as a user's X-Plane may run in
   std::vector<std::string> files;             // none: the built-in demo

@@ -19,6 +19,7 @@ bool TextLineSource::Next(std::string& line, LineKind /*kind*/) {
 
 bool StreamLineSource::Next(std::string& line, LineKind kind) {
   if (prompt_ != nullptr) *prompt_ << (kind == LineKind::Command ? "> " : "... ") << std::flush;
+  if (answers_ != nullptr) answers_->flush();
   if (!std::getline(in_, line)) {
     if (prompt_ != nullptr) *prompt_ << '\n' << std::flush;
     return false;

@@ -37,12 +37,16 @@ class TextLineSource : public LineSource {
 class StreamLineSource : public LineSource {
  public:
   // With a prompt stream, "> " is shown before each command and "... " before each block line.
-  StreamLineSource(std::istream& in, std::ostream* prompt) : in_(in), prompt_(prompt) {}
+  // `answers` (the output), when given, is flushed before each read, so that a program feeding
+  // commands through a pipe sees what each one printed before it sends the next.
+  StreamLineSource(std::istream& in, std::ostream* prompt, std::ostream* answers = nullptr)
+      : in_(in), prompt_(prompt), answers_(answers) {}
   bool Next(std::string& line, LineKind kind) override;
 
  private:
   std::istream& in_;
   std::ostream* prompt_;
+  std::ostream* answers_;
 };
 
 void StripLineEnd(std::string& line);

@@ -146,6 +146,15 @@ void SendInputReport(ScenarioContext& ctx, const Invocation& call, const PanelUn
                                 unit.name + " reads " + std::to_string(unit.inputLength));
     return;
   }
+  // A uhid board whose plug-in never started feeds another program (a Windows build under Wine,
+  // say): the kernel hands the report to whoever reads the node, and there is no layer to wait for.
+  if (ctx.options.uhid && !ctx.plugin.started) {
+    ctx.Note(Hex(report) + " for another program");
+    if (!ctx.hid->SendInput(unit.path, std::move(report))) {
+      CommandError(ctx, call, "the uhid device refused the report");
+    }
+    return;
+  }
   const auto slot = LayerSlot(ctx, unit);
   if (!slot) {
     CommandError(ctx, call, unit.name + " is not open in the device layer");

@@ -56,5 +56,8 @@ std::unique_ptr<PanelHardware> MakeVirtualPanelHardware();
 // uhid devices; null (with `error` set) where there is no /dev/uhid or it cannot be opened. The
 // device layer is left on the platform's backend.
 std::unique_ptr<PanelHardware> MakeUhidPanelHardware(std::string& error);
+// No panels of the scenario's own: the device layer stays on the platform's backend and meets the
+// devices the system has, which another program made (a uhid board seen through Wine's HID bus, say).
+std::unique_ptr<PanelHardware> MakeForeignPanelHardware();
 
 }  // namespace dravsim

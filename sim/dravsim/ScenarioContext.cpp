@@ -23,7 +23,11 @@ ScenarioResult& ScenarioResult::operator+=(const ScenarioResult& other) {
 ScenarioContext::ScenarioContext(sim::SimHost& simHost, std::ostream& output, std::string name,
                                  const RunnerOptions& runnerOptions)
     : host(simHost), out(output), options(runnerOptions), name_(std::move(name)) {
-  hardware_ = options.uhid ? MakeUhidPanelHardware(hardwareError) : MakeVirtualPanelHardware();
+  if (options.platform) {
+    hardware_ = MakeForeignPanelHardware();
+  } else {
+    hardware_ = options.uhid ? MakeUhidPanelHardware(hardwareError) : MakeVirtualPanelHardware();
+  }
   hid = hardware_.get();
   // A feature read that a unit's writer does for the main thread is given ample time here: on a
   // loaded machine under a sanitizer an answering unit must never look stalled to a scenario.

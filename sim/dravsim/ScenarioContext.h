@@ -28,6 +28,7 @@ struct RunnerOptions {
   sim::PluginEntryPoints plugin;  // all null: no plug-in, the plug-in commands are errors
   bool colour = false;  // `show` colours lights and digits with terminal escape codes
   bool uhid = false;    // the panels are uhid devices and the plug-in uses the platform's backend
+  bool platform = false;  // the plug-in uses the platform's backend on devices made elsewhere
 };
 
 // The plug-in's lifecycle as the scenario drove it; the runner uses it to refuse calls that the

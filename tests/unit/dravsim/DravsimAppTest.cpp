@@ -153,6 +153,27 @@ TEST_F(DravsimAppTest, InteractiveWithoutATerminalShowsNoPrompt) {
   EXPECT_EQ(out_.str(), "1 passed, 0 failed\n");
 }
 
+// With the panels made by another program, a scenario that plugs one of its own is set aside with
+// the reason, not run against a board that does not exist.
+TEST_F(DravsimAppTest, PlatformPanelsAreMadeElsewhereSoAPlugSetsTheScenarioAside) {
+  std::string error;
+  const auto parsed = Parse({"--hid", "platform", "a.scn"}, error);
+  ASSERT_TRUE(parsed) << error;
+  EXPECT_TRUE(parsed->platform);
+  EXPECT_FALSE(parsed->uhid);
+  EXPECT_FALSE(Parse({"--hid", "wine"}, error));
+  EXPECT_EQ(error, "--hid needs virtual, uhid or platform");
+
+  DravsimOptions options = *parsed;
+  options.quiet = true;
+  options.files = {WriteScenario("plug.scn", "boot\nplug GF-P8 as p8\nexpect units GF-P8 1\n")};
+  RunApp(options);
+  EXPECT_NE(out_.str().find("plug.scn:2: SKIPPED with --hid platform the panels are made by another program"),
+            std::string::npos)
+      << out_.str();
+  EXPECT_EQ(out_.str().find("FAIL"), std::string::npos) << out_.str();
+}
+
 // Needs the plug-in itself: the demo boots it, watches the splash window come and go and checks
 // what it logs.
 TEST_F(DravsimAppTest, BuiltInDemoPassesWithTheRealPlugin) {
