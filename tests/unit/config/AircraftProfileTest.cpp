@@ -31,7 +31,8 @@ class AircraftProfileTest : public drav_test::PluginFolderTest {
   }
 
   std::filesystem::path AircraftIni() const {
-    return sim::SimHost::Current().UserAircraftFile().parent_path() / "DRAV.INI";
+    // In the separators of the system, as X-Plane reports its paths.
+    return (sim::SimHost::Current().UserAircraftFile().parent_path() / "DRAV.INI").make_preferred();
   }
   void GivenAircraftIni(const std::string& bytes) const { drav_test::WriteBytes(AircraftIni(), bytes); }
 
