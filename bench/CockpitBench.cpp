@@ -10,7 +10,7 @@
 #include "config/Assignments.h"
 #include "hid/DeviceClasses.h"
 #include "hid/GFDev.h"
-#include "host/FlightLoops.h"
+#include "plugin/FlightLoops.h"
 #include "modules/DeviceInput.h"
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleManager.h"

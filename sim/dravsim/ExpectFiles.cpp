@@ -2,7 +2,7 @@
 // line by line, and the log.
 #include <algorithm>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 #include "dravsim/CommandArgs.h"
 #include "dravsim/CommandHandlers.h"
 #include "dravsim/PluginFiles.h"

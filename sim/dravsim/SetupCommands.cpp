@@ -2,7 +2,7 @@
 // the optional API.
 #include <climits>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 #include "dravsim/CommandArgs.h"
 #include "dravsim/CommandHandlers.h"
 #include "dravsim/DatarefSyntax.h"

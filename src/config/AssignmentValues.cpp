@@ -6,7 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace drav {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "hid/GFDev.h"
-#include "host/Log.h"
+#include "base/Log.h"
 
 namespace drav {
 

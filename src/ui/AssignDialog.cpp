@@ -11,9 +11,10 @@
 #include <vector>
 
 #include "config/Assignments.h"
-#include "config/IniFile.h"
-#include "config/Numbers.h"
-#include "modules/ModuleTypes.h"
+#include "base/IniFile.h"
+#include "base/Numbers.h"
+#include "base/Version.h"
+#include "hid/ModuleTypes.h"
 #include "ui/DialogDeviceList.h"
 #include "ui/DialogLayout.h"
 #include "ui/DialogRows.h"
@@ -27,7 +28,7 @@ namespace drav {
 
 namespace {
 
-constexpr const char* kDialogTitle = "Drav 2.63 (MR) : Assign Functions";
+constexpr const char* kDialogTitle = "Drav " DRAV_VERSION " (MR) : Assign Functions";
 constexpr const char* kInitialCaption = "*init*";
 constexpr const char* kInitialSliderLabel = "---";
 // The dialog is laid out for the screen it was designed on.

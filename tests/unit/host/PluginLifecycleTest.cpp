@@ -9,13 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "host/CommandTables.h"
-#include "host/HostState.h"
-#include "host/OptionalXplmApi.h"
-#include "host/Plugin.h"
-#include "host/Settings.h"
+#include "modules/CommandTables.h"
+#include "base/HostState.h"
+#include "base/OptionalXplmApi.h"
+#include "plugin/Plugin.h"
+#include "base/Settings.h"
+#include "base/Version.h"
 #include "host/SimHost.h"
-#include "host/SplashWindow.h"
+#include "plugin/SplashWindow.h"
 #include "ui/AssignDialog.h"
 #include "modules/GearPanel.h"
 #include "../TestFolders.h"
@@ -68,7 +69,7 @@ TEST_F(PluginLifecycleTest, StartIdentifiesThePlugin) {
   started_ = true;
   EXPECT_EQ(host().PluginName(), "DRAV");
   EXPECT_EQ(host().PluginSignature(), "merrow.projects.drav");
-  EXPECT_EQ(host().PluginDescription(), "Drav plugin 2.63 (MR).");
+  EXPECT_EQ(host().PluginDescription(), "Drav plugin " DRAV_VERSION " (MR).");
   EXPECT_EQ(gSimulatorVersions.xplaneVersion, 12000);
 }
 
