@@ -9,7 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "functions/PanelDirectory.h"
+#include "hid/ModuleTypes.h"
 #include "modules/CommandTables.h"
+#include "modules/ModuleManager.h"
 #include "base/HostState.h"
 #include "base/OptionalXplmApi.h"
 #include "plugin/Plugin.h"
@@ -71,6 +74,23 @@ TEST_F(PluginLifecycleTest, StartIdentifiesThePlugin) {
   EXPECT_EQ(host().PluginSignature(), "merrow.projects.drav");
   EXPECT_EQ(host().PluginDescription(), "Drav plugin " DRAV_VERSION " (MR).");
   EXPECT_EQ(gSimulatorVersions.xplaneVersion, 12000);
+}
+
+// ModuleSelect functions and the display brightness reach the radios and unit counts only through
+// the directory the plug-in hands down; without it a bound radio button would silently do nothing.
+TEST_F(PluginLifecycleTest, TheFunctionLayerIsHandedThePanelsFromStartToStop) {
+  EXPECT_EQ(CurrentPanelDirectory(), nullptr);
+  Boot();
+  const PanelDirectory* panels = CurrentPanelDirectory();
+  ASSERT_NE(panels, nullptr);
+  for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
+    EXPECT_EQ(panels->UnitCount(type), TheModuleManager().UnitCount(type)) << type;
+  }
+  host().Disable();
+  enabled_ = false;
+  host().Stop();
+  started_ = false;
+  EXPECT_EQ(CurrentPanelDirectory(), nullptr);
 }
 
 TEST_F(PluginLifecycleTest, StartReadsTheSettingsOnce) {
