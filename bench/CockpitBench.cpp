@@ -10,10 +10,10 @@
 #include <string>
 
 #include "config/Assignments.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 #include "hid/DeviceClasses.h"
 #include "hid/GFDev.h"
-#include "host/FlightLoops.h"
+#include "plugin/FlightLoops.h"
 #include "modules/DeviceInput.h"
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleManager.h"

@@ -10,7 +10,7 @@
 #include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
 #include "hid/ModelTable.h"
-#include "host/FlightLoops.h"
+#include "plugin/FlightLoops.h"
 #include "modules/InputEventQueue.h"
 #include "support/CountingBackend.h"
 

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace {
 

@@ -37,7 +37,7 @@ drav_import_library(drav_xpwidgets_import XPWidgets_64.dll)
 
 # The plug-in DLL: the simulator's two libraries, and exactly the five entry points exported.
 function(drav_link_windows_plugin target)
-  target_sources(${target} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/src/host/exports.def")
+  target_sources(${target} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/src/plugin/exports.def")
   target_link_libraries(${target} PRIVATE drav_xplm_import drav_xpwidgets_import opengl32)
   # No stray export from a static library's dllexport: only what exports.def names.
   target_link_options(${target} PRIVATE -Wl,--exclude-all-symbols)

@@ -1,9 +1,12 @@
 #include "dravsim/DemoScenario.h"
 
+#include "base/Version.h"
+
 namespace dravsim {
 
 // A short flight with four panels, shown after each step. Every step also checks what it shows,
-// so the demo doubles as an end-to-end test (it runs in the test suite).
+// so the demo doubles as an end-to-end test (it runs in the test suite). The version comes from the
+// build, so that the demo follows it.
 std::string_view DemoScenarioText() {
   return R"SCN(# The built-in demo: the Drav plug-in inside the simulator host.
 echo "== The pilot's DRAV.INI: a radio stack in COM1 and NAV1 modes, a button box for the lights =="
@@ -34,9 +37,9 @@ echo "== X-Plane loads the plug-in: XPluginStart builds the menu and the splash 
 echo "== XPluginEnable starts the device layer and registers the three flight loops =="
 boot
 expect log "+++ LOGGING STARTED +++"
-expect log "Drav plugin 2.63 (MR)."
+expect log "Drav plugin )SCN" DRAV_VERSION R"SCN( (MR)."
 run 1.1
-expect window "Drav cockpit panels for X-Plane - the Drav developers - 2026 - 2.63 (MR)"
+expect window "Drav cockpit panels for X-Plane - the Drav developers - 2026 - )SCN" DRAV_VERSION R"SCN( (MR)"
 expect units GF-166 1
 expect units GF-P8 1
 expect units GF-MCP 1

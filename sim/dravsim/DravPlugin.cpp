@@ -1,6 +1,6 @@
 #include "dravsim/DravPlugin.h"
 
-#include "host/Plugin.h"
+#include "plugin/Plugin.h"
 
 namespace dravsim {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 #include "dravsim/CommandArgs.h"
 #include "dravsim/CommandHandlers.h"
 #include "dravsim/PluginFiles.h"

@@ -3,7 +3,7 @@
 #include <climits>
 #include <filesystem>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 #include "dravsim/CommandArgs.h"
 #include "dravsim/CommandHandlers.h"
 #include "dravsim/DatarefSyntax.h"

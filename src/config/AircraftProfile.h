@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace drav {
 

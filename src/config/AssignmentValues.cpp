@@ -6,8 +6,8 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "config/CustomBindingSyntax.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
+#include "functions/CustomBindingSyntax.h"
 #include "functions/CustomBindings.h"
 
 namespace drav {

@@ -2,12 +2,13 @@
 
 #include <cstdio>
 
+#include "base/IniFile.h"
 #include "config/AircraftProfile.h"
-#include "config/IniFile.h"
+#include "config/AssignmentValues.h"
 #include "functions/CustomBindings.h"
 #include "functions/FunctionCatalogue.h"
-#include "host/HostState.h"
-#include "host/Log.h"
+#include "base/HostState.h"
+#include "base/Log.h"
 #include "modules/GF_Abstract_Module.h"
 #include "modules/GFLGT2_Module.h"
 #include "modules/GFLGT_Module.h"
@@ -15,9 +16,12 @@
 #include "modules/GFDIO_Module.h"
 #include "modules/GFWCP_Module.h"
 #include "modules/ModuleManager.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
+
+// A switch-type name is read as its index, which is the GF-DIO's own number for that type.
+static_assert(kGFDIOButton == 0 && kGFDIOSwitch2Way == 1 && kGFDIOSwitch3Way == 2 && kGFDIOSelector == 3);
 
 namespace {
 
@@ -210,7 +214,8 @@ void LoadGFDIO(const UnitLoad& load) {
   for (int index = 0; index < KeyCount(kGFDIOSwitchTypeKeys); ++index) {
     const std::string value = ReadAssignmentValue(load.section, KeyName(kGFDIOSwitchTypeKeys, index),
                                                   KeyDefault(kGFDIOSwitchTypeKeys, index));
-    board->SetSwitchType(KeyNumber(kGFDIOSwitchTypeKeys, index) - 1, GFDIO_Module::ParseSwitchType(value.c_str()));
+    const auto switchType = static_cast<std::uint8_t>(ParseSwitchTypeName(value.c_str()));
+    board->SetSwitchType(KeyNumber(kGFDIOSwitchTypeKeys, index) - 1, switchType);
   }
   AssignGFDIOGroup(load, *board, kGFDIOOutputKeys, &GFDIO_Module::AssignOutputFunction);
   board->SetDisplay();

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "config/Assignments.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace drav {
 

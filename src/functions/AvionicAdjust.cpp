@@ -10,10 +10,10 @@
 #include "functions/DatarefBinding.h"
 #include "functions/DigitField.h"
 #include "functions/FunctionObjects.h"
-#include "host/HostState.h"
-#include "host/OptionalXplmApi.h"
-#include "host/Settings.h"
-#include "modules/ModuleTypes.h"
+#include "base/HostState.h"
+#include "base/OptionalXplmApi.h"
+#include "base/Settings.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 namespace {

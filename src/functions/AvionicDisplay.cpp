@@ -12,12 +12,12 @@
 #include <limits>
 #include <utility>
 
-#include "config/Numbers.h"
+#include "base/Numbers.h"
 #include "functions/CustomBindings.h"
 #include "functions/DatarefBinding.h"
 #include "functions/DisplayBrightness.h"
 #include "functions/FunctionObjects.h"
-#include "host/HostState.h"
+#include "base/HostState.h"
 
 namespace drav {
 namespace {

@@ -10,10 +10,10 @@
 #include <string>
 #include <unordered_map>
 
-#include "config/Numbers.h"
+#include "base/Numbers.h"
 #include "functions/AvionicDisplay.h"
 #include "functions/DatarefBinding.h"
-#include "host/OptionalXplmApi.h"
+#include "base/OptionalXplmApi.h"
 
 namespace drav {
 

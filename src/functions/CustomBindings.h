@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-#include "config/CustomBindingSyntax.h"
+#include "functions/CustomBindingSyntax.h"
 #include "functions/FunctionCatalogue.h"
 #include "functions/FunctionObjects.h"
 

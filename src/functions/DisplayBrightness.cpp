@@ -1,9 +1,9 @@
 #include "functions/DisplayBrightness.h"
 
 #include "functions/AvionicDisplay.h"
+#include "functions/PanelDirectory.h"
 #include "hid/GFDev.h"
-#include "modules/ModuleManager.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 
@@ -68,7 +68,10 @@ std::int32_t ValueFor(const BrightnessWriter& writer, std::int32_t level) {
 
 }  // namespace
 
-std::int32_t ManagedUnitCount(std::uint32_t moduleType) { return TheModuleManager().UnitCount(moduleType); }
+std::int32_t ManagedUnitCount(std::uint32_t moduleType) {
+  const PanelDirectory* panels = CurrentPanelDirectory();
+  return panels != nullptr ? panels->UnitCount(moduleType) : 0;
+}
 
 std::span<const BrightnessReader> BrightnessReadOrder() { return kReadOrder; }
 std::span<const BrightnessWriter> BrightnessWriteOrder() { return kWriteOrder; }

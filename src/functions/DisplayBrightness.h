@@ -23,7 +23,7 @@ struct BrightnessWriter {
 
 inline constexpr std::int32_t kBrightnessScaleTop = 15;
 
-// Units of a model; the plug-in asks its module manager.
+// Units of a model; the plug-in asks the panel directory it was handed.
 using UnitCounter = std::int32_t (*)(std::uint32_t moduleType);
 std::int32_t ManagedUnitCount(std::uint32_t moduleType);
 

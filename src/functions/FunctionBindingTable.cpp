@@ -6,7 +6,7 @@
 #include "functions/FamilyBindingTable.h"
 #include "functions/SimulatorEquivalents.h"
 #include "functions/SwitchBindingTable.h"
-#include "host/HostState.h"
+#include "base/HostState.h"
 
 namespace drav {
 

@@ -13,11 +13,11 @@
 #include "functions/AvionicFunctionTable.h"
 #include "functions/CustomBindings.h"
 #include "functions/FunctionBindingTable.h"
+#include "functions/PanelDirectory.h"
 #include "functions/RadioTargets.h"
 #include "functions/SimulatorEquivalents.h"
-#include "host/HostState.h"
-#include "host/OptionalXplmApi.h"
-#include "modules/GF_Abstract_Module.h"
+#include "base/HostState.h"
+#include "base/OptionalXplmApi.h"
 
 namespace drav {
 
@@ -86,7 +86,7 @@ bool ApplyAction(SwitchFunction& record, std::int32_t action, std::int32_t value
 }
 
 void SelectOnRadio(const SwitchFunction& record) {
-  GF_Abstract_AvionicDevice* radio = FindRadioModule(record.targetModuleKind, record.targetUnit);
+  RadioModule* radio = FindRadioModule(record.targetModuleKind, record.targetUnit);
   if (radio == nullptr) return;
   if (record.targetFunction == kCom1Com2Toggle || record.targetFunction == kNav1Nav2Toggle) {
     const FunctionId other =
@@ -157,7 +157,7 @@ void WriteBindings(SwitchFunction& record, std::int32_t forceOn) {
 // ---- refresh ----------------------------------------------------------------------------------
 
 void RefreshModuleSelect(SwitchFunction& record) {
-  GF_Abstract_AvionicDevice* radio = FindRadioModule(record.targetModuleKind, record.targetUnit);
+  RadioModule* radio = FindRadioModule(record.targetModuleKind, record.targetUnit);
   if (radio == nullptr) return;
   const FunctionId current = radio->GetCurrentFunction();
   const bool isToggle = record.targetFunction == kCom1Com2Toggle || record.targetFunction == kNav1Nav2Toggle;

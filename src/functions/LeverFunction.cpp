@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/Settings.h"
+#include "base/Settings.h"
 
 namespace drav {
 

@@ -3,15 +3,14 @@
 #include <iterator>
 
 #include "functions/FunctionObjects.h"
-#include "modules/GF_Abstract_Module.h"
-#include "modules/ModuleManager.h"
-#include "modules/ModuleTypes.h"
+#include "functions/PanelDirectory.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 
 namespace {
 
-const ModuleManager* gRadioManager = nullptr;
+const PanelDirectory* gPanelDirectory = nullptr;
 
 // RadioModuleKind to the module type of that model, by position.
 constexpr ModuleType kRadioModuleTypes[] = {kModuleGF45, kModuleGF46, kModuleGF166};
@@ -34,23 +33,17 @@ constexpr RadioPair kRadioPairs[] = {
     {kNav1Nav2Toggle, 20, 23, true},   // NAV1_DUAL / NAV2_DUAL
 };
 
-const ModuleManager& RadioManager() { return gRadioManager != nullptr ? *gRadioManager : TheModuleManager(); }
-
 }  // namespace
 
-void SetRadioModuleManager(const ModuleManager* manager) { gRadioManager = manager; }
+void SetPanelDirectory(const PanelDirectory* directory) { gPanelDirectory = directory; }
+const PanelDirectory* CurrentPanelDirectory() { return gPanelDirectory; }
 
-GF_Abstract_AvionicDevice* FindRadioModule(std::int32_t moduleKind, std::int32_t unit) {
-  if (moduleKind < 0 || moduleKind >= static_cast<std::int32_t>(std::size(kRadioModuleTypes)) || unit < 0) {
+RadioModule* FindRadioModule(std::int32_t moduleKind, std::int32_t unit) {
+  if (moduleKind < 0 || moduleKind >= static_cast<std::int32_t>(std::size(kRadioModuleTypes)) || unit < 0 ||
+      gPanelDirectory == nullptr) {
     return nullptr;
   }
-  GF_Abstract_Module* module = nullptr;
-  if (RadioManager().FindModule(kRadioModuleTypes[moduleKind], static_cast<std::uint32_t>(unit), &module) != 1) {
-    return nullptr;
-  }
-  // A checked cast: a model table that put something else under a radio's type must not be
-  // treated as a radio.
-  return dynamic_cast<GF_Abstract_AvionicDevice*>(module);
+  return gPanelDirectory->FindRadio(kRadioModuleTypes[moduleKind], static_cast<std::uint32_t>(unit));
 }
 
 FunctionId ToggleCounterpart(FunctionId toggle, FunctionId current, std::int32_t moduleKind) {

@@ -8,21 +8,17 @@
 
 namespace drav {
 
-class GF_Abstract_AvionicDevice;
-class ModuleManager;
+class RadioModule;
 
 inline constexpr FunctionId kNav1Nav2Toggle = 27;
 inline constexpr FunctionId kCom1Com2Toggle = 28;
 inline constexpr FunctionId kFuncInst = 85;
 inline constexpr FunctionId kFuncAp = 86;
 
-// Where the radio modules are looked up: nullptr (the default) is the plug-in's own manager. For
-// tests, which build a manager of their own. Main thread only.
-void SetRadioModuleManager(const ModuleManager* manager);
-
 // The radio module of moduleKind (RadioModuleKind: GF-45, GF-46, GF-166) and unit, or nullptr when
-// the kind is unknown, the unit is not connected or its object is not a radio.
-GF_Abstract_AvionicDevice* FindRadioModule(std::int32_t moduleKind, std::int32_t unit);
+// the kind is unknown, the unit is not connected or its object is not a radio. Asks the directory
+// that SetPanelDirectory handed over.
+RadioModule* FindRadioModule(std::int32_t moduleKind, std::int32_t unit);
 
 // The function a toggle selects when current is shown: the same function on the other radio, or 0
 // when current has no counterpart (the DUAL pair only on a GF-166).

@@ -9,8 +9,8 @@
 
 #include "functions/DatarefBinding.h"
 #include "functions/SwitchBindingTable.h"
-#include "host/HostState.h"
-#include "host/OptionalXplmApi.h"
+#include "base/HostState.h"
+#include "base/OptionalXplmApi.h"
 
 namespace drav {
 

@@ -28,7 +28,7 @@
 #include "hid/GFDev.h"
 #include "hid/ModelTable.h"
 #include "hid/backend/HidBackend.h"
-#include "host/Log.h"
+#include "base/Log.h"
 
 namespace drav {
 

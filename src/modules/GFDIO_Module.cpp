@@ -1,10 +1,9 @@
 #include "modules/GFDIO_Module.h"
 
-#include "config/AssignmentValues.h"
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "modules/PanelPower.h"
 
 namespace drav {
@@ -213,10 +212,6 @@ void GFDIO_Module::AssignOutputFunction(const char* key, std::int32_t functionId
 std::int32_t GFDIO_Module::GetInputFunctionId(const char* key) const {
   const std::int32_t index = IndexOfKey(key, kGFDIOInputs);
   return index < 0 ? 0 : GetFunctionId(inputFunctions[index]);
-}
-
-std::uint8_t GFDIO_Module::ParseSwitchType(const char* name) {
-  return static_cast<std::uint8_t>(ParseSwitchTypeName(name));
 }
 
 void GFDIO_Module::SetSwitchType(std::int32_t input, std::uint8_t switchType) {

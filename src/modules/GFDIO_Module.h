@@ -59,8 +59,6 @@ class GFDIO_Module : public GF_Abstract_Module {
   // The function id of the input's function; 0 for a number outside 1..56.
   std::int32_t GetInputFunctionId(const char* key) const;
 
-  // "BUTTON", "SWITCH2WAY", "SWITCH3WAY", "SELECTOR" (exact); anything else is a button.
-  static std::uint8_t ParseSwitchType(const char* name);
   // input 0..55; a type outside 0..3 is stored as a button.
   void SetSwitchType(std::int32_t input, std::uint8_t switchType);
   std::uint8_t SwitchType(std::int32_t input) const;

@@ -4,11 +4,11 @@
 
 #include "functions/AvionicAdjust.h"
 #include "hid/GFDev.h"
-#include "host/HostState.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/HostState.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 

@@ -3,8 +3,8 @@
 #include "functions/AvionicAdjust.h"
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "modules/PanelPower.h"
 
 namespace drav {

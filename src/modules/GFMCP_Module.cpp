@@ -7,8 +7,8 @@
 #include "functions/AvionicDisplay.h"
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "modules/McpDisplaySlot.h"
 #include "modules/PanelPower.h"
 

@@ -1,10 +1,10 @@
 #include "modules/GFMESM_Module.h"
 
 #include "hid/GFDev.h"
-#include "host/CommandTables.h"
-#include "host/Log.h"
-#include "host/OptionalXplmApi.h"
-#include "host/Settings.h"
+#include "modules/CommandTables.h"
+#include "base/Log.h"
+#include "base/OptionalXplmApi.h"
+#include "base/Settings.h"
 
 namespace drav {
 

@@ -2,8 +2,8 @@
 
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 
 namespace drav {
 

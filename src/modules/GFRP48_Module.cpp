@@ -3,9 +3,9 @@
 #include "functions/AvionicAdjust.h"
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
-#include "host/Log.h"
-#include "host/Settings.h"
-#include "modules/ModuleTypes.h"
+#include "base/Log.h"
+#include "base/Settings.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 

@@ -6,7 +6,7 @@
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
 #include "functions/RadioTargets.h"
-#include "host/Log.h"
+#include "base/Log.h"
 #include "modules/PanelPower.h"
 
 namespace drav {

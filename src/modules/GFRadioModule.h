@@ -9,7 +9,7 @@
 #include "functions/FunctionObjects.h"
 #include "modules/GF_Abstract_Module.h"
 #include "modules/ModuleMechanics.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 

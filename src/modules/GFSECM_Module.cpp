@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "hid/GFDev.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
 
 namespace drav {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "hid/InputRecords.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 
 namespace drav {
 

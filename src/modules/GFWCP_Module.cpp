@@ -3,8 +3,8 @@
 #include "functions/FunctionCatalogue.h"
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
-#include "host/CommandTables.h"
-#include "host/OptionalXplmApi.h"
+#include "modules/CommandTables.h"
+#include "base/OptionalXplmApi.h"
 #include "modules/PanelPower.h"
 
 namespace drav {

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "functions/PanelDirectory.h"
+
 namespace drav {
 
 // The catalogue's PREV and NEXT: for a radio module they do not name a function to show but step
@@ -54,13 +56,11 @@ class GF_Abstract_Module {
 };
 
 // The radio modules (GF-45, GF-46, GF-166): one current function chosen from up to eight modes.
-class GF_Abstract_AvionicDevice : public GF_Abstract_Module {
+// They are the RadioModule that the function layer's ModuleSelect functions drive.
+class GF_Abstract_AvionicDevice : public GF_Abstract_Module, public RadioModule {
  public:
-  // The function id of what the current mode shows; 0 when nothing is selected.
-  virtual std::int32_t GetCurrentFunction() = 0;
-  // Makes functionId the current function; PREV and NEXT step through the mode table instead
-  // (a model calls StepMode for them).
-  virtual void SelectFunction(std::int32_t functionId) = 0;
+  // Both bases name it; one declaration here keeps the call unambiguous.
+  void SetDisplay() override = 0;
 
   // For PREV and NEXT: steps modeIndex to the previous or next used mode (wrapping; the current
   // mode itself ends the search when it is the only one used), then SelectFunction of that mode's

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "XPLMDataAccess.h"
-#include "host/HostState.h"
+#include "base/HostState.h"
 #include "modules/ModuleMechanics.h"
 
 namespace drav {

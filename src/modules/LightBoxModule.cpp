@@ -1,7 +1,7 @@
 #include "modules/LightBoxModule.h"
 
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "modules/PanelPower.h"
 
 namespace drav {

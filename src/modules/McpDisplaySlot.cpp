@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "functions/FunctionObjects.h"
-#include "host/Log.h"
+#include "base/Log.h"
 
 namespace drav {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "modules/GF_Abstract_Module.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 

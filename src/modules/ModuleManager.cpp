@@ -4,7 +4,7 @@
 
 #include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
-#include "host/Log.h"
+#include "base/Log.h"
 
 namespace drav {
 

@@ -11,7 +11,7 @@
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleContainer.h"
 #include "modules/ModuleModelTable.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 

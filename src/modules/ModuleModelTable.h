@@ -6,7 +6,7 @@
 #include <span>
 
 #include "modules/ModuleContainer.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 

@@ -12,10 +12,11 @@
 
 #include "config/AircraftProfile.h"
 #include "config/Assignments.h"
-#include "config/CustomBindingSyntax.h"
-#include "config/IniFile.h"
-#include "config/Numbers.h"
-#include "modules/ModuleTypes.h"
+#include "base/IniFile.h"
+#include "base/Numbers.h"
+#include "base/Version.h"
+#include "functions/CustomBindingSyntax.h"
+#include "hid/ModuleTypes.h"
 #include "ui/DialogDeviceList.h"
 #include "ui/DialogLayout.h"
 #include "ui/CustomRowItem.h"
@@ -30,7 +31,7 @@ namespace drav {
 
 namespace {
 
-constexpr const char* kDialogTitle = "Drav 2.63 (MR) : Assign Functions";
+constexpr const char* kDialogTitle = "Drav " DRAV_VERSION " (MR) : Assign Functions";
 constexpr const char* kInitialCaption = "*init*";
 constexpr const char* kInitialSliderLabel = "---";
 // The dialog is laid out for the screen it was designed on.

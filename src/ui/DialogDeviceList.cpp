@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "host/HostState.h"
+#include "base/HostState.h"
 #include "modules/ModuleManager.h"
 
 namespace drav {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 

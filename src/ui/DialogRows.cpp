@@ -4,9 +4,9 @@
 #include <span>
 
 #include "config/AssignmentKeys.h"
-#include "config/IniFile.h"
-#include "host/HostState.h"
-#include "modules/ModuleTypes.h"
+#include "base/IniFile.h"
+#include "base/HostState.h"
+#include "hid/ModuleTypes.h"
 #include "ui/FunctionPickLists.h"
 
 namespace drav {

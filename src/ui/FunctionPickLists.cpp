@@ -2,9 +2,9 @@
 
 #include <cstdio>
 
-#include "host/HostState.h"
+#include "base/HostState.h"
 #include "modules/ModuleManager.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 #include "ui/PickListTables.h"
 
 namespace drav {

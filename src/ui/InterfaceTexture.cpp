@@ -4,7 +4,7 @@
 
 #include <GL/gl.h>
 
-#include "host/HostState.h"
+#include "base/HostState.h"
 
 namespace drav {
 

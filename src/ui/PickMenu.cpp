@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/OptionalXplmApi.h"
+#include "base/OptionalXplmApi.h"
 #include "ui/InterfaceTexture.h"
 #include "ui/MenuColours.h"
 #include "ui/PickMenuLayout.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/OptionalXplmApi.h"
+#include "base/OptionalXplmApi.h"
 #include "ui/ItemList.h"
 
 namespace drav {

@@ -18,7 +18,7 @@
 #include "hid/DeviceClasses.h"
 #include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
-#include "host/FlightLoops.h"
+#include "plugin/FlightLoops.h"
 #include "host/SimHost.h"
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleManager.h"

@@ -7,7 +7,7 @@
 
 #include "FuzzCheck.h"
 #include "config/AssignmentValues.h"
-#include "config/CustomBindingSyntax.h"
+#include "functions/CustomBindingSyntax.h"
 #include "functions/CustomBindings.h"
 #include "ui/CustomRowItem.h"
 

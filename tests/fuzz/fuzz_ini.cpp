@@ -14,7 +14,7 @@
 #include <string>
 
 #include "FuzzCheck.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "FuzzCheck.h"
-#include "config/IniIndex.h"
+#include "base/IniIndex.h"
 
 namespace {
 

@@ -6,6 +6,7 @@ set -euo pipefail
 compiler="$1"
 source_dir="$2"
 work="$3"
+generated="$4"  # the headers the build generates (base/Version.h)
 rm -rf "$work"
 mkdir -p "$work"
 cp "$source_dir"/sdk/*.h "$work"/
@@ -16,6 +17,6 @@ fi
 callers=$(grep -rl 'XPLMDrawString(' "$source_dir/src")
 for file in $callers; do
   "$compiler" -std=c++20 -fsyntax-only -DLIN=1 -DAPL=0 -DIBM=0 -DXPLM200=1 -DXPLM210=1 -DXPLM_DEPRECATED=1 \
-    -I"$work" -I"$source_dir/src" "$file"
+    -I"$work" -I"$source_dir/src" -I"$generated" "$file"
 done
 echo "ok: $(echo "$callers" | wc -l) drawing sources build against char* text"

@@ -8,7 +8,7 @@
 
 #include "PluginFolderSupport.h"
 #include "config/AircraftProfile.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 #include "host/SimHost.h"
 
 namespace {

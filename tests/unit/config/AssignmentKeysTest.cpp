@@ -8,8 +8,8 @@
 #include "config/AssignmentKeys.h"
 #include "config/Assignments.h"
 #include "functions/FunctionCatalogue.h"
-#include "host/HostState.h"
-#include "modules/ModuleTypes.h"
+#include "base/HostState.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 namespace {

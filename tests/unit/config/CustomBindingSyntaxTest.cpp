@@ -5,7 +5,7 @@
 #include <string>
 
 #include "config/AssignmentValues.h"
-#include "config/CustomBindingSyntax.h"
+#include "functions/CustomBindingSyntax.h"
 #include "functions/CustomBindings.h"
 
 namespace drav {

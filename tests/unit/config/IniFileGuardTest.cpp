@@ -8,7 +8,7 @@
 #include <string>
 
 #include "PluginFolderSupport.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <climits>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace {
 

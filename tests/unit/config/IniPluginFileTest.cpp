@@ -4,7 +4,7 @@
 #include <string>
 
 #include "PluginFolderSupport.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace {
 

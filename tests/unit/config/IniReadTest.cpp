@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "IniTestSupport.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace {
 

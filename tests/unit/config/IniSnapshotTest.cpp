@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "PluginFolderSupport.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace {
 

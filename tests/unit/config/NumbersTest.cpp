@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "config/Numbers.h"
+#include "base/Numbers.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <string>
 
 #include "IniTestSupport.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "host/SimHost.h"
 
 namespace drav_test {

@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "PluginFolderSupport.h"
-#include "config/IniFile.h"
-#include "host/Settings.h"
+#include "base/IniFile.h"
+#include "base/Settings.h"
 
 namespace {
 

@@ -18,7 +18,7 @@
 #include <string>
 
 #include "../config/IniTestSupport.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "../config/PluginFolderSupport.h"
-#include "host/Log.h"
+#include "base/Log.h"
 
 namespace {
 

@@ -15,11 +15,11 @@
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
 #include "functions/FunctionObjects.h"
-#include "host/HostState.h"
-#include "host/OptionalXplmApi.h"
-#include "host/Settings.h"
+#include "base/HostState.h"
+#include "base/OptionalXplmApi.h"
+#include "base/Settings.h"
 #include "host/SimHost.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 namespace {

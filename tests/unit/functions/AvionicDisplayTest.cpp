@@ -16,7 +16,7 @@
 #include "functions/AvionicDisplay.h"
 #include "functions/DatarefBinding.h"
 #include "functions/FunctionObjects.h"
-#include "host/HostState.h"
+#include "base/HostState.h"
 
 namespace drav::functiontest {
 namespace {

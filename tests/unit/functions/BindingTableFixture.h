@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "functions/FunctionObjects.h"
-#include "host/HostState.h"
+#include "base/HostState.h"
 #include "host/SimHost.h"
 
 namespace drav::tabletest {

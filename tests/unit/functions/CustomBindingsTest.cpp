@@ -7,7 +7,7 @@
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
 #include "functions/CustomBindings.h"
-#include "host/OptionalXplmApi.h"
+#include "base/OptionalXplmApi.h"
 
 namespace drav::functiontest {
 namespace {

@@ -12,7 +12,7 @@
 #include "functions/AvionicDisplay.h"
 #include "functions/DisplayBrightness.h"
 #include "hid/GFDev.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 namespace {

@@ -9,6 +9,7 @@
 #include "FunctionTestSupport.h"
 #include "modules/GF_Abstract_Module.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModulePanelDirectory.h"
 
 namespace drav::functiontest {
 namespace {
@@ -81,7 +82,7 @@ class ModuleSelect : public FunctionTest {
   void SetUp() override {
     FunctionTest::SetUp();
     manager.CreateModules();
-    SetRadioModuleManager(&manager);
+    SetPanelDirectory(&panels);
   }
 
   template <class T>
@@ -95,6 +96,7 @@ class ModuleSelect : public FunctionTest {
   Gf46& gf46(std::uint32_t unit) { return Radio<Gf46>(kModuleGF46, unit); }
 
   ModuleManager manager{kRadioModels};
+  ModulePanelDirectory panels{manager};
 };
 
 // ---- selecting -------------------------------------------------------------------------------
@@ -248,7 +250,8 @@ TEST_F(ModuleSelect, UnknownModuleKindsAndUnitsFindNothing) {
 TEST_F(FunctionTest, AModuleThatIsNotARadioIsNeverSelectedOn) {
   ModuleManager broken{kBrokenModels};
   broken.CreateModules();
-  SetRadioModuleManager(&broken);
+  const ModulePanelDirectory brokenPanels{broken};
+  SetPanelDirectory(&brokenPanels);
   SwitchFunction record = Build(kCom1Active, 0, kRadioGF46);
   record.state = 1;
   ExecuteFunction(record, kActionToggle, 0, 0);

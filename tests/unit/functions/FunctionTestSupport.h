@@ -12,8 +12,9 @@
 #include <vector>
 
 #include "functions/FunctionObjects.h"
+#include "functions/PanelDirectory.h"
 #include "functions/RadioTargets.h"
-#include "host/HostState.h"
+#include "base/HostState.h"
 #include "host/SimHost.h"
 
 namespace drav::functiontest {
@@ -31,7 +32,7 @@ class FunctionTest : public ::testing::Test {
 
   void TearDown() override {
     X737Mode = 0;
-    SetRadioModuleManager(nullptr);
+    SetPanelDirectory(nullptr);
     host().Reset({});
     std::error_code ignored;
     std::filesystem::remove_all(root_, ignored);

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "FunctionTestSupport.h"
-#include "host/Settings.h"
+#include "base/Settings.h"
 
 namespace drav {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "BindingTableFixture.h"
 #include "functions/SimulatorEquivalents.h"
-#include "host/OptionalXplmApi.h"
+#include "base/OptionalXplmApi.h"
 
 namespace drav::tabletest {
 namespace {

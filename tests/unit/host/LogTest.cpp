@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "../config/PluginFolderSupport.h"
-#include "host/Log.h"
+#include "base/Log.h"
 
 namespace {
 

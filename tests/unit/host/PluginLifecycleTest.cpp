@@ -9,13 +9,17 @@
 #include <string>
 #include <vector>
 
-#include "host/CommandTables.h"
-#include "host/HostState.h"
-#include "host/OptionalXplmApi.h"
-#include "host/Plugin.h"
-#include "host/Settings.h"
+#include "functions/PanelDirectory.h"
+#include "hid/ModuleTypes.h"
+#include "modules/CommandTables.h"
+#include "modules/ModuleManager.h"
+#include "base/HostState.h"
+#include "base/OptionalXplmApi.h"
+#include "plugin/Plugin.h"
+#include "base/Settings.h"
+#include "base/Version.h"
 #include "host/SimHost.h"
-#include "host/SplashWindow.h"
+#include "plugin/SplashWindow.h"
 #include "ui/AssignDialog.h"
 #include "modules/GearPanel.h"
 #include "../TestFolders.h"
@@ -68,8 +72,25 @@ TEST_F(PluginLifecycleTest, StartIdentifiesThePlugin) {
   started_ = true;
   EXPECT_EQ(host().PluginName(), "DRAV");
   EXPECT_EQ(host().PluginSignature(), "merrow.projects.drav");
-  EXPECT_EQ(host().PluginDescription(), "Drav plugin 2.63 (MR).");
+  EXPECT_EQ(host().PluginDescription(), "Drav plugin " DRAV_VERSION " (MR).");
   EXPECT_EQ(gSimulatorVersions.xplaneVersion, 12000);
+}
+
+// ModuleSelect functions and the display brightness reach the radios and unit counts only through
+// the directory the plug-in hands down; without it a bound radio button would silently do nothing.
+TEST_F(PluginLifecycleTest, TheFunctionLayerIsHandedThePanelsFromStartToStop) {
+  EXPECT_EQ(CurrentPanelDirectory(), nullptr);
+  Boot();
+  const PanelDirectory* panels = CurrentPanelDirectory();
+  ASSERT_NE(panels, nullptr);
+  for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
+    EXPECT_EQ(panels->UnitCount(type), TheModuleManager().UnitCount(type)) << type;
+  }
+  host().Disable();
+  enabled_ = false;
+  host().Stop();
+  started_ = false;
+  EXPECT_EQ(CurrentPanelDirectory(), nullptr);
 }
 
 TEST_F(PluginLifecycleTest, StartReadsTheSettingsOnce) {

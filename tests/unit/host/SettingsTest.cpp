@@ -4,7 +4,7 @@
 #include <string>
 
 #include "../config/PluginFolderSupport.h"
-#include "host/Settings.h"
+#include "base/Settings.h"
 
 namespace {
 

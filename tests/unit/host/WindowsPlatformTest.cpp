@@ -13,10 +13,10 @@
 #include <vector>
 
 #include "../config/PluginFolderSupport.h"
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 #include "hid/backend/Win32HidBackend.h"
-#include "host/Log.h"
-#include "host/OptionalXplmApi.h"
+#include "base/Log.h"
+#include "base/OptionalXplmApi.h"
 
 namespace {
 

@@ -18,10 +18,11 @@
 #include "../hid/VirtualPanels.h"
 #include "dravsim/PanelOutputs.h"
 #include "functions/RadioTargets.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "host/SimHost.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModulePanelDirectory.h"
 #include "modules/PanelPower.h"
 #include "../TestFolders.h"
 
@@ -134,7 +135,7 @@ class GF166ModuleTest : public testing::VirtualPanelsTest {
 
   void TearDown() override {
     VirtualPanelsTest::TearDown();
-    SetRadioModuleManager(nullptr);
+    SetPanelDirectory(nullptr);
     gDebug = DebugSwitches{};
     gSettings = GlobalSettings{};
     ResetPanelPowerLookups();
@@ -332,7 +333,8 @@ TEST_F(GF166ModuleTest, ButtonSelectsOnItsOwnUnit) {
   static const ModuleModel kModels[] = {{kModuleGF166, &GFDev_GF166_Count, &MakeModuleVector<GF166_Module>}};
   ModuleManager manager{kModels};
   manager.CreateModules();
-  SetRadioModuleManager(&manager);
+  const ModulePanelDirectory panels{manager};
+  SetPanelDirectory(&panels);
   GF_Abstract_Module* found = nullptr;
   ASSERT_EQ(manager.FindModule(kModuleGF166, 0, &found), 1);
   auto& module = *dynamic_cast<GF166_Module*>(found);

@@ -4,7 +4,7 @@
 
 #include "LightBoxTestSupport.h"
 #include "functions/FunctionCatalogue.h"
-#include "host/HostState.h"
+#include "base/HostState.h"
 #include "hid/InputRecords.h"
 
 namespace drav {

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "LightBoxTestSupport.h"
-#include "host/HostState.h"
+#include "base/HostState.h"
 #include "modules/GearPanel.h"
 
 namespace drav::geartest {

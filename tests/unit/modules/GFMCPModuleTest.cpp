@@ -11,7 +11,7 @@
 
 #include "McpPanelFixture.h"
 #include "modules/McpDisplaySlot.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 namespace {

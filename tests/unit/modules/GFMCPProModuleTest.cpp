@@ -12,8 +12,8 @@
 
 #include "McpPanelFixture.h"
 #include "functions/AvionicDisplay.h"
-#include "host/OptionalXplmApi.h"
-#include "modules/ModuleTypes.h"
+#include "base/OptionalXplmApi.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 namespace {

@@ -8,8 +8,8 @@
 #include "LightBoxTestSupport.h"
 #include "functions/FunctionCatalogue.h"
 #include "hid/InputRecords.h"
-#include "host/CommandTables.h"
-#include "host/OptionalXplmApi.h"
+#include "modules/CommandTables.h"
+#include "base/OptionalXplmApi.h"
 
 namespace drav {
 namespace {

@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "hid/InputRecords.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "host/SimHost.h"
 #include "../TestFolders.h"
 

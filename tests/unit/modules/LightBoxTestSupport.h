@@ -14,8 +14,8 @@
 #include <system_error>
 #include <vector>
 
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "host/SimHost.h"
 #include "modules/PanelPower.h"
 #include "../TestFolders.h"

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "ModuleTestSupport.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "host/SimHost.h"
 #include "modules/ModuleManager.h"
 #include "modules/ModuleMechanics.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Settings.h"
+#include "base/Settings.h"
 
 namespace drav {
 namespace {

@@ -1,4 +1,4 @@
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 
 #include <gtest/gtest.h>
 

@@ -17,9 +17,9 @@
 
 #include "../hid/VirtualPanels.h"
 #include "dravsim/PanelOutputs.h"
-#include "host/HostState.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/HostState.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 #include "host/SimHost.h"
 #include "modules/GFRadioModule.h"
 #include "modules/PanelPower.h"

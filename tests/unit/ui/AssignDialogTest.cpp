@@ -10,9 +10,10 @@
 #include <string>
 
 #include "UiTestSupport.h"
-#include "config/IniFile.h"
-#include "host/HostState.h"
-#include "modules/ModuleTypes.h"
+#include "base/IniFile.h"
+#include "base/HostState.h"
+#include "base/Version.h"
+#include "hid/ModuleTypes.h"
 #include "ui/AssignDialog.h"
 #include "ui/PopupList.h"
 
@@ -74,7 +75,7 @@ TEST_F(AssignDialogTest, OpensCentredOnTheDesignScreenWithItsTitleAndCloseBox) {
 
   ASSERT_TRUE(OpenAssignDialog(650, 650));
   const AssignDialogWidgets widgets = Widgets();
-  EXPECT_EQ(Text(widgets.mainWindow), "Drav 2.63 (MR) : Assign Functions");
+  EXPECT_EQ(Text(widgets.mainWindow), "Drav " DRAV_VERSION " (MR) : Assign Functions");
   EXPECT_EQ(XPGetWidgetProperty(widgets.mainWindow, xpProperty_MainWindowHasCloseBoxes, nullptr), 1);
   // At least as wide as asked (wider when its texts need it), centred on the design screen.
   const sim::ScreenRect window = Geometry(widgets.mainWindow);

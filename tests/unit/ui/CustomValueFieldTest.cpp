@@ -9,8 +9,8 @@
 #include <string>
 
 #include "UiTestSupport.h"
-#include "config/IniFile.h"
-#include "modules/ModuleTypes.h"
+#include "base/IniFile.h"
+#include "hid/ModuleTypes.h"
 #include "ui/AssignDialog.h"
 #include "ui/CustomRowItem.h"
 #include "ui/ItemList.h"

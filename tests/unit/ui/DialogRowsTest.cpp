@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 #include "ui/DialogRows.h"
 
 namespace drav {

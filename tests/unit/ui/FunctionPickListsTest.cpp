@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "functions/FunctionCatalogue.h"
-#include "modules/ModuleTypes.h"
+#include "hid/ModuleTypes.h"
 #include "ui/DialogRows.h"
 #include "ui/FunctionPickLists.h"
 #include "ui/ItemList.h"

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "UiTestSupport.h"
-#include "host/OptionalXplmApi.h"
+#include "base/OptionalXplmApi.h"
 #include "ui/TextMeasure.h"
 
 namespace drav {

@@ -10,8 +10,8 @@
 #include <system_error>
 #include <vector>
 
-#include "host/HostState.h"
-#include "host/OptionalXplmApi.h"
+#include "base/HostState.h"
+#include "base/OptionalXplmApi.h"
 #include "host/SimHost.h"
 #include "ui/AssignDialog.h"
 #include "ui/MenuColours.h"

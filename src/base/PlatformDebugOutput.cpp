@@ -1,4 +1,4 @@
-#include "host/PlatformDebugOutput.h"
+#include "base/PlatformDebugOutput.h"
 
 #ifdef _WIN32
 #ifndef WIN32_LEAN_AND_MEAN

@@ -1,6 +1,6 @@
 // The plug-in's INI reader and writer. Both walk the file under the line rules of IniLines.h, so
 // what one finds is what the other rewrites.
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 #include <array>
 #include <cerrno>
@@ -16,10 +16,10 @@
 #include <string_view>
 
 #include "XPLMUtilities.h"
-#include "config/IniIndex.h"
-#include "config/IniLines.h"
-#include "host/Log.h"
-#include "host/Settings.h"
+#include "base/IniIndex.h"
+#include "base/IniLines.h"
+#include "base/Log.h"
+#include "base/Settings.h"
 
 #ifdef _WIN32
 #ifndef WIN32_LEAN_AND_MEAN

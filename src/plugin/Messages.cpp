@@ -1,12 +1,12 @@
-#include "host/Messages.h"
+#include "plugin/Messages.h"
 
 #include <cstdint>
 
 #include "config/AircraftProfile.h"
 #include "config/Assignments.h"
-#include "host/CommandTables.h"
-#include "host/HostState.h"
-#include "host/OptionalXplmApi.h"
+#include "modules/CommandTables.h"
+#include "base/HostState.h"
+#include "base/OptionalXplmApi.h"
 #include "modules/GFTQ6_Module.h"
 #include "modules/ModuleManager.h"
 #include "ui/AssignDialog.h"

@@ -1,4 +1,4 @@
-#include "host/HostState.h"
+#include "base/HostState.h"
 
 namespace drav {
 

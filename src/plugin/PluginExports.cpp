@@ -1,7 +1,7 @@
 // The five entry points the simulator's plug-in manager looks for, exported under the SDK's names.
 #include <XPLMDefs.h>
 
-#include "host/Plugin.h"
+#include "plugin/Plugin.h"
 
 #ifdef _WIN32
 #include <windows.h>

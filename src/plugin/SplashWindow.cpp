@@ -1,13 +1,15 @@
-#include "host/SplashWindow.h"
+#include "plugin/SplashWindow.h"
 
 #include <XPLMDisplay.h>
 #include <XPLMGraphics.h>
 
 #include <cstdio>
 
+#include "base/Version.h"
+
 namespace drav {
 
-const char* const kSplashText = "Drav cockpit panels for X-Plane - the Drav developers - 2026 - 2.63 (MR)";
+const char* const kSplashText = "Drav cockpit panels for X-Plane - the Drav developers - 2026 - " DRAV_VERSION " (MR)";
 
 namespace {
 

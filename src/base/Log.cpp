@@ -1,7 +1,7 @@
 // The log file. Lines come from the main thread and from the device layer's input thread; one lock
 // around the append keeps them whole and in one order. Logging never reports a failure: a line
 // that cannot be written is lost.
-#include "host/Log.h"
+#include "base/Log.h"
 
 #include <XPLMUtilities.h>
 
@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-#include "config/IniFile.h"
-#include "host/PlatformDebugOutput.h"
-#include "host/Settings.h"
+#include "base/IniFile.h"
+#include "base/PlatformDebugOutput.h"
+#include "base/Settings.h"
 
 namespace drav {
 namespace {

@@ -1,11 +1,11 @@
-#include "host/TakeoverDatarefs.h"
+#include "plugin/TakeoverDatarefs.h"
 
 #include <XPLMDataAccess.h>
 
 #include <atomic>
 
-#include "host/HostState.h"
-#include "host/Log.h"
+#include "base/HostState.h"
+#include "base/Log.h"
 #include "ui/AssignDialog.h"
 
 namespace drav {

@@ -1,10 +1,10 @@
-#include "host/PluginMenu.h"
+#include "plugin/PluginMenu.h"
 
 #include <XPLMMenus.h>
 
 #include <cstdint>
 
-#include "host/PluginActions.h"
+#include "plugin/PluginActions.h"
 
 namespace drav {
 

@@ -1,4 +1,4 @@
-#include "host/FlightLoops.h"
+#include "plugin/FlightLoops.h"
 
 #include <XPLMPlugin.h>
 #include <XPLMProcessing.h>
@@ -6,11 +6,11 @@
 #include "config/Assignments.h"
 #include "functions/CustomDatarefs.h"
 #include "hid/DeviceLayerControl.h"
-#include "host/HostState.h"
-#include "host/Log.h"
-#include "host/Settings.h"
-#include "host/SplashWindow.h"
-#include "host/TakeoverDatarefs.h"
+#include "base/HostState.h"
+#include "base/Log.h"
+#include "base/Settings.h"
+#include "plugin/SplashWindow.h"
+#include "plugin/TakeoverDatarefs.h"
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleManager.h"
 

@@ -1,10 +1,10 @@
-#include "host/PluginCommands.h"
+#include "plugin/PluginCommands.h"
 
 #include <array>
 #include <cstdint>
 
-#include "host/OptionalXplmApi.h"
-#include "host/PluginActions.h"
+#include "base/OptionalXplmApi.h"
+#include "plugin/PluginActions.h"
 
 namespace drav {
 

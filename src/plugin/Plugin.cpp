@@ -1,4 +1,4 @@
-#include "host/Plugin.h"
+#include "plugin/Plugin.h"
 
 #include <XPLMDataAccess.h>
 #include <XPLMUtilities.h>
@@ -9,27 +9,29 @@
 #include "functions/CustomDatarefs.h"
 #include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
-#include "host/CommandTables.h"
-#include "host/FlightLoops.h"
-#include "host/HostState.h"
-#include "host/Log.h"
-#include "host/Messages.h"
-#include "host/OptionalXplmApi.h"
-#include "host/PluginCommands.h"
-#include "host/PluginMenu.h"
-#include "host/Settings.h"
-#include "host/SplashWindow.h"
-#include "host/TakeoverDatarefs.h"
+#include "modules/CommandTables.h"
+#include "plugin/FlightLoops.h"
+#include "base/HostState.h"
+#include "base/Log.h"
+#include "plugin/Messages.h"
+#include "base/OptionalXplmApi.h"
+#include "plugin/PluginCommands.h"
+#include "plugin/PluginMenu.h"
+#include "base/Settings.h"
+#include "base/Version.h"
+#include "plugin/SplashWindow.h"
+#include "plugin/TakeoverDatarefs.h"
 #include "modules/DeviceInput.h"
 #include "modules/ModuleManager.h"
-#include "modules/ModuleTypes.h"
+#include "modules/ModulePanelDirectory.h"
+#include "hid/ModuleTypes.h"
 #include "functions/DisplayBrightness.h"
 #include "modules/GearPanel.h"
 #include "ui/AssignDialog.h"
 #include "modules/PanelPower.h"
 #include "config/Assignments.h"
 #include "config/UnitNumbers.h"
-#include "host/PluginActions.h"
+#include "plugin/PluginActions.h"
 
 namespace drav {
 
@@ -37,11 +39,14 @@ namespace {
 
 constexpr const char* kPluginName = "DRAV";
 constexpr const char* kPluginSignature = "merrow.projects.drav";
-constexpr const char* kPluginDescription = "Drav plugin 2.63 (MR).";
+constexpr const char* kPluginDescription = "Drav plugin " DRAV_VERSION " (MR).";
 constexpr std::size_t kEntryBufferSize = 256;  // the simulator's name, signature, description buffers
 
 void* gModuleInstance = nullptr;  // the DLL's instance handle on Windows (PluginExports.cpp)
 bool gPanelsRunning = false;      // between the device layer's start at enable and its stop
+
+// How the function layer reaches the radios and counts units: through the plug-in's manager.
+const ModulePanelDirectory gPanelDirectory{TheModuleManager()};
 
 // The device layer and the module objects for the units it finds.
 void StartPanels() {
@@ -108,6 +113,7 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   ResetPanelPowerLookups();
   ResetGearLightLookups();  // a restart in the same process looks the gear datarefs up again
   ResetDisplayBrightnessLevel();
+  SetPanelDirectory(&gPanelDirectory);
   XPLMGetVersions(&gSimulatorVersions.xplaneVersion, &gSimulatorVersions.xplmVersion,
                   &gSimulatorVersions.hostId);
   std::snprintf(outName, kEntryBufferSize, "%s", kPluginName);
@@ -134,6 +140,7 @@ void PluginStop() {
   CloseAssignDialog();  // its widgets belong to this load; a later start must find it closed
   DestroySplashWindow();
   UnregisterTakeoverDatarefs();
+  SetPanelDirectory(nullptr);
 }
 
 int PluginEnable() {

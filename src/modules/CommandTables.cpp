@@ -1,6 +1,6 @@
-#include "host/CommandTables.h"
+#include "modules/CommandTables.h"
 
-#include "host/OptionalXplmApi.h"
+#include "base/OptionalXplmApi.h"
 
 namespace drav {
 

@@ -1,4 +1,4 @@
-#include "config/CustomBindingSyntax.h"
+#include "functions/CustomBindingSyntax.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,8 +1,8 @@
 // The DEBUG switches and the CONFIG settings, read from DRAV.INI at start and at a reload. Each read is a
 // table row, so adding a setting is one line.
-#include "host/Settings.h"
+#include "base/Settings.h"
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace drav {
 

@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <string_view>
 
-#include "config/IniFile.h"
+#include "base/IniFile.h"
 
 namespace drav::ini {
 

@@ -1,11 +1,11 @@
-#include "host/PluginActions.h"
+#include "plugin/PluginActions.h"
 
 #include "config/Assignments.h"
-#include "host/HostState.h"
-#include "host/Log.h"
-#include "host/Plugin.h"
-#include "host/PluginMenu.h"
-#include "host/Settings.h"
+#include "base/HostState.h"
+#include "base/Log.h"
+#include "plugin/Plugin.h"
+#include "plugin/PluginMenu.h"
+#include "base/Settings.h"
 #include "modules/ModuleManager.h"
 #include "ui/AssignDialog.h"
 

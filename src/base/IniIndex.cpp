@@ -1,8 +1,8 @@
-#include "config/IniIndex.h"
+#include "base/IniIndex.h"
 
 #include <algorithm>
 
-#include "config/IniLines.h"
+#include "base/IniLines.h"
 
 namespace drav {
 namespace {

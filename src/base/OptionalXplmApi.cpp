@@ -1,4 +1,4 @@
-#include "host/OptionalXplmApi.h"
+#include "base/OptionalXplmApi.h"
 
 #include <cstdio>
 #include <string>
