@@ -161,44 +161,10 @@ INSTANTIATE_TEST_SUITE_P(Formats, AvionicDisplayCase, ::testing::ValuesIn(kDispl
 
 // ---- formats with a second input -----------------------------------------------------------------
 
-TEST_F(AvionicDisplayTest, SpeedShowsKnotsOrMachByTheCompanionDataref) {
-  SetValue(kApSpeedIsMach, 0);
-  SetValue(kApSpeed, 250);
-  EXPECT_EQ(Shown(65), "  250");
-  SetValue(kApSpeed, 80.9);
-  EXPECT_EQ(Shown(65), "  080");
-
-  SetValue(kApSpeedIsMach, 1);
-  SetValue(kApSpeed, 0.82);
-  EXPECT_EQ(Shown(65), "  0.82");
-  SetValue(kApSpeed, 1.5);
-  EXPECT_EQ(Shown(65), "  1.50");
-}
-
 TEST_F(AvionicDisplayTest, SpeedTextsApplyAsNumbers) {
   AvionicFunction& speed = Avionic(65);
   EXPECT_EQ(Applied(speed, "  0.78"), Events{Write(kApSpeed, "0.78")});
   EXPECT_EQ(Applied(speed, "  250"), Events{Write(kApSpeed, "250")});
-}
-
-TEST_F(AvionicDisplayTest, AltimeterShowsInchesWithoutTheMetricHandle) {
-  SetValue(kBarometer, 29.92);
-  EXPECT_EQ(Shown(68), " 29.92");
-}
-
-TEST_F(AvionicDisplayTest, AltimeterFollowsTheMetricPressureSwitch) {
-  SetValue(kBarometer, 29.92);
-  SelectMetricPressure(0);
-  EXPECT_EQ(Shown(68), " 29.92");
-
-  SelectMetricPressure(1);
-  EXPECT_EQ(Shown(68), " 1013");  // 29.92 x 33.8653 = 1013.25, no decimals
-  SetValue(kBarometer, 30.12);
-  EXPECT_EQ(Shown(68), " 1020");  // 1020.02
-  SetValue(kBarometer, 28.0);
-  EXPECT_EQ(Shown(68), "  948");  // 948.23, padded to four
-  // The conversion is for the eye only: the simulator still holds inches.
-  EXPECT_FLOAT_EQ(static_cast<float>(host().GetDatarefValue(kBarometer).value_or(0)), 28.0f);
 }
 
 TEST_F(AvionicDisplayTest, AltimeterTextAppliesUnconverted) {
@@ -246,37 +212,6 @@ TEST_F(AvionicDisplayTest, AnUnterminatedTextIsReadNoFurtherThanNineCharacters) 
 }
 
 // ---- the standby/active flip ---------------------------------------------------------------------
-
-TEST_F(AvionicDisplayTest, SwapWritesEachTextToTheOtherFrequency) {
-  SetValue(kCom1, 11850);
-  SetValue(kCom1Standby, 12130);
-  AvionicFunction& active = Avionic(9);
-  AvionicFunction& standby = Avionic(10);
-  FormatAvionicDisplay(active);
-  FormatAvionicDisplay(standby);
-  host().ClearEvents();
-
-  SwapAvionicDisplays(active, standby);
-
-  EXPECT_STREQ(active.text, "121.30");
-  EXPECT_STREQ(standby.text, "118.50");
-  EXPECT_EQ(host().Events(), (Events{Write(kCom1, "12130"), Write(kCom1Standby, "11850")}));
-  EXPECT_EQ(host().GetDatarefValue(kCom1).value_or(-1), 12130);
-  EXPECT_EQ(host().GetDatarefValue(kCom1Standby).value_or(-1), 11850);
-}
-
-TEST_F(AvionicDisplayTest, SwappingTwiceRestoresBothFrequencies) {
-  SetValue(kNav1, 10850);
-  SetValue("sim/cockpit/radios/nav1_stdby_freq_hz", 11330);
-  AvionicFunction& active = Avionic(18);
-  AvionicFunction& standby = Avionic(19);
-  FormatAvionicDisplay(active);
-  FormatAvionicDisplay(standby);
-  SwapAvionicDisplays(active, standby);
-  SwapAvionicDisplays(active, standby);
-  EXPECT_EQ(host().GetDatarefValue(kNav1).value_or(-1), 10850);
-  EXPECT_EQ(host().GetDatarefValue("sim/cockpit/radios/nav1_stdby_freq_hz").value_or(-1), 11330);
-}
 
 // ---- no value, no text ---------------------------------------------------------------------------
 

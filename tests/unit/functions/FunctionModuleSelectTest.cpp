@@ -101,51 +101,6 @@ class ModuleSelect : public FunctionTest {
 
 // ---- selecting -------------------------------------------------------------------------------
 
-TEST_F(ModuleSelect, AButtonBoundToARadioFunctionSelectsItAndRedraws) {
-  SwitchFunction com1 = Build(kCom1Active, 0, kRadioGF45);
-  ASSERT_EQ(com1.kind, kModuleSelect);
-  EXPECT_EQ(com1.targetFunction, kCom1Active);
-  EXPECT_TRUE(Run(com1, kActionToggle).empty()) << "selecting touches no simulator data";
-  EXPECT_EQ(gf45().selected, std::vector<std::int32_t>{kCom1Active});
-  EXPECT_EQ(gf45().setDisplayCalls, 1);
-  EXPECT_EQ(GetFunctionState(com1), 0) << "the light follows at the next refresh";
-  EXPECT_EQ(Refreshed(com1), 1);
-}
-
-TEST_F(ModuleSelect, AReleaseSelectsNothing) {
-  SwitchFunction com1 = Build(kCom1Active, 0, kRadioGF45);
-  ExecuteFunction(com1, kActionRelease, 0, 0);
-  EXPECT_TRUE(gf45().selected.empty());
-  EXPECT_EQ(gf45().setDisplayCalls, 0);
-}
-
-TEST_F(ModuleSelect, EveryOtherActionSelectsWithoutChangingTheState) {
-  SwitchFunction com1 = Build(kCom1Active, 0, kRadioGF45);
-  for (std::int32_t action : {kActionOff, kActionOn, kActionToggle, kActionSet}) {
-    ExecuteFunction(com1, action, 1, 0);
-    EXPECT_EQ(GetFunctionState(com1), 0);
-  }
-  EXPECT_EQ(gf45().selected.size(), 4u);
-}
-
-TEST_F(ModuleSelect, TheTargetUnitIsTheOneSelected) {
-  SwitchFunction secondUnit = Build(kCom2Standby, 1, kRadioGF46);
-  ExecuteFunction(secondUnit, kActionToggle, 0, 0);
-  EXPECT_TRUE(gf46(0).selected.empty());
-  EXPECT_EQ(gf46(1).selected, std::vector<std::int32_t>{kCom2Standby});
-}
-
-TEST_F(ModuleSelect, TheMultiFunctionListsSelectEvenWhereADisplayIsOffered) {
-  AvionicFunction* const untouched = SharedAvionicFunction(kCom1Active);
-  AvionicFunction* display = untouched;
-  SwitchFunction record;
-  CreateFunction(kFuncInst, &display, record, 0, kRadioGF166);
-  EXPECT_EQ(record.kind, kModuleSelect);
-  EXPECT_EQ(display, untouched);
-  ExecuteFunction(record, kActionToggle, 0, 0);
-  EXPECT_EQ(gf166().selected, std::vector<std::int32_t>{kFuncInst});
-}
-
 // ---- the radio toggles -------------------------------------------------------------------------
 
 TEST_F(ModuleSelect, ComToggleSelectsTheSameFunctionOnTheOtherRadio) {
@@ -196,12 +151,6 @@ TEST_F(ModuleSelect, NavToggleIgnoresTheComFunctions) {
 }
 
 // ---- lighting ---------------------------------------------------------------------------------
-
-TEST_F(ModuleSelect, TheBuilderLightsTheButtonOfTheCurrentFunctionAtOnce) {
-  gf46(0).current = kCom2Active;
-  EXPECT_EQ(GetFunctionState(Build(kCom2Active, 0, kRadioGF46)), 1);
-  EXPECT_EQ(GetFunctionState(Build(kCom1Active, 0, kRadioGF46)), 0);
-}
 
 TEST_F(ModuleSelect, Gf166TogglesLightWhileTheSecondRadioIsShown) {
   SwitchFunction comToggle = Build(kCom1Com2Toggle, 0, kRadioGF166);

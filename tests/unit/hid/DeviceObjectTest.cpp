@@ -98,20 +98,6 @@ class DeviceObjectTest : public ::testing::Test {
 
 // ---- the queue and the strategy that drops ----------------------------------------------------------
 
-TEST_F(DeviceObjectTest, TwentySixthLightReportOfABlockedWriterOverridesTheOldestAndTheRestGoInOrder) {
-  auto object = Make(2);  // GF-P8: not started, so its writer cannot take anything yet
-  for (std::uint8_t i = 0; i < 25; ++i) Queue(*object, {2, i});
-  EXPECT_TRUE(object->Enqueue(Bytes{2, 25}));
-  object->Open();
-  ASSERT_TRUE(Idle(*object));
-  auto sent = Sent();
-  ASSERT_EQ(sent.size(), 25u);
-  for (std::uint8_t i = 0; i < 25; ++i) {
-    EXPECT_EQ(sent[i].bytes, (Bytes{2, static_cast<std::uint8_t>(i + 1)}));
-    EXPECT_EQ(sent[i].kind, VirtualSentReport::Kind::Feature);
-  }
-}
-
 TEST_F(DeviceObjectTest, FeatureDropStrategyLosesAFailedReportAndGoesOn) {
   auto object = Make(2);  // GF-P8
   object->Open();
@@ -127,45 +113,6 @@ TEST_F(DeviceObjectTest, FeatureDropStrategyLosesAFailedReportAndGoesOn) {
 }
 
 // ---- retrying strategies ----------------------------------------------------------------------------
-
-TEST_F(DeviceObjectTest, FeatureRetryResendsTheFailedReportFirstOnAFreshHandle) {
-  auto object = Make(8);  // GF-46
-  object->Open();
-  Fail(VirtualFault::Write, true);
-  Queue(*object, {6, 1});
-  Queue(*object, {6, 2});
-  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 4; }));
-  EXPECT_TRUE(Sent().empty());  // tried again and again, nothing given up (both are sent below)
-  Fail(VirtualFault::Write, false);
-  ASSERT_TRUE(Idle(*object));
-  ASSERT_EQ(Sent().size(), 2u);
-  EXPECT_EQ(SentBytes(0), (Bytes{6, 1}));
-  EXPECT_EQ(SentBytes(1), (Bytes{6, 2}));
-}
-
-TEST_F(DeviceObjectTest, FeatureRetryThriceDropsAfterThreeFailuresInARowUntilASendSucceeds) {
-  auto object = Make(5);  // GF-166
-  object->Open();
-  Fail(VirtualFault::Write, true);
-  Queue(*object, {7, 1});
-  ASSERT_TRUE(Idle(*object));
-  EXPECT_EQ(counting_.Attempts(), 3);
-  Queue(*object, {7, 2});  // still failing: dropped at its first failure
-  ASSERT_TRUE(Idle(*object));
-  EXPECT_EQ(counting_.Attempts(), 4);
-
-  Fail(VirtualFault::Write, false);
-  Queue(*object, {7, 3});
-  ASSERT_TRUE(Idle(*object));
-  EXPECT_EQ(counting_.Attempts(), 5);
-
-  Fail(VirtualFault::Write, true);  // the success reset the count: three tries again
-  Queue(*object, {7, 4});
-  ASSERT_TRUE(Idle(*object));
-  EXPECT_EQ(counting_.Attempts(), 8);
-  ASSERT_EQ(Sent().size(), 1u);
-  EXPECT_EQ(SentBytes(0), (Bytes{7, 3}));
-}
 
 TEST_F(DeviceObjectTest, OutputRetrySendsOutputReportsAndKeepsAFailedOne) {
   auto object = Make(15);  // GF-FMC

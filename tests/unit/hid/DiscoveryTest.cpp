@@ -13,42 +13,6 @@ constexpr std::uint32_t kGF46 = 8, kGFMCP = 6, kGFP8 = 2, kGFWCP = 18, kGFDIO = 
 
 class DiscoveryTest : public testing::VirtualPanelsTest {};
 
-TEST_F(DiscoveryTest, UnitsAreNumberedInEnumerationOrderPerModel) {
-  Plug(kGF46, "/dev/v/radio-a");
-  Plug(kGFP8, "/dev/v/switches");
-  Plug(kGF46, "/dev/v/radio-b");
-  StartLayer();
-  EXPECT_EQ(GFDev_GF46_Count(), 2);
-  EXPECT_EQ(GFDev_GFP8_Count(), 1);
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 0), "/DEV/V/RADIO-A");
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 1), "/DEV/V/RADIO-B");
-  EXPECT_EQ(GFDev_UnitPath(kGFP8, 0), "/DEV/V/SWITCHES");
-  std::int32_t unit = 7;
-  EXPECT_EQ(GFDev_FindUnitByPath(kGF46, "/dev/v/RADIO-b", &unit), 0);  // case does not matter
-  EXPECT_EQ(unit, 1);
-  EXPECT_EQ(GFDev_FindUnitByPath(kGFP8, "/dev/v/radio-b", &unit), 3);
-  EXPECT_EQ(unit, -1);
-  EXPECT_EQ(GFDev_FindUnitByPath(16, "/dev/v/radio-b", &unit), 3);
-}
-
-TEST_F(DiscoveryTest, ForeignDevicesAndUnknownProductsAreIgnored) {
-  VirtualUnitSpec keyboard = testing::SpecOf(kGF46);
-  keyboard.vendorId = 0x046D;  // another vendor with a product id of ours
-  ASSERT_TRUE(Panels().Plug("/dev/v/keyboard", keyboard));
-  VirtualUnitSpec unknown = testing::SpecOf(kGF46);
-  unknown.productId = 0x0099;
-  ASSERT_TRUE(Panels().Plug("/dev/v/unknown", unknown));
-  VirtualUnitSpec tpm = testing::SpecOf(16);  // GF-TPM: no product id in the table
-  ASSERT_TRUE(Panels().Plug("/dev/v/tpm", tpm));
-  StartLayer();
-  for (const PanelModel& model : PanelModels()) EXPECT_EQ(GFDev_PresentUnitCount(model.moduleType), 0);
-
-  VirtualUnitSpec late = keyboard;
-  ASSERT_TRUE(Panels().Plug("/dev/v/mouse", late));
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GF46_Count(), 0);
-}
-
 // Two units last seen at one port (behind a hub that reports one location): the serial decides which
 // of them came back, whatever path each gets now.
 TEST_F(DiscoveryTest, TheSerialDecidesBetweenTwoUnitsOfOnePort) {
@@ -81,61 +45,6 @@ TEST_F(DiscoveryTest, TheSerialDecidesBetweenTwoUnitsOfOnePort) {
   EXPECT_EQ(GFDev_GFP8_Count(), 2);
   EXPECT_EQ(GFDev_UnitPath(kGFP8, 0), "/DEV/V/N8");
   EXPECT_EQ(GFDev_UnitPath(kGFP8, 2), "") << "no newcomer was made";
-}
-
-TEST_F(DiscoveryTest, UnplugKeepsTheSlotAndReplugRestartsTheSameUnit) {
-  const std::string first = Plug(kGF46, "/dev/v/radio-a");
-  const std::string second = Plug(kGF46, "/dev/v/radio-b");
-  StartLayer();
-  ASSERT_TRUE(Panels().Unplug(first));
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GF46_Count(), 1);
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 0), "/DEV/V/RADIO-A");  // absent, slot kept
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 1), "/DEV/V/RADIO-B");
-  EXPECT_EQ(GFDev_GF46_SetDisplay1(0, "ABCD"), 3);
-
-  ASSERT_TRUE(Panels().Replug(first));
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GF46_Count(), 2);
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 0), "/DEV/V/RADIO-A");
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 2), "");  // no second object was made
-
-  // The restarted unit reads and writes again, under its old number.
-  SendInputAndWait(kGF46, 0, first, {0, 0x02, 0x00, 0x10});
-  auto records = CallbackRecorder::Instance().Records();
-  ASSERT_EQ(records.size(), 1u);
-  EXPECT_EQ(records[0].unit, 0);
-  EXPECT_EQ(GFDev_GF46_SetBrightness(0, 9), 0);
-  ASSERT_TRUE(OutputIdle());
-  ASSERT_EQ(Panels().Sent(first).size(), 1u);
-  EXPECT_EQ(Panels().Sent(first)[0].bytes, (Bytes{6, 9}));
-}
-
-TEST_F(DiscoveryTest, NewcomerTakesTheFirstEmptySlotNotAnAbsentUnits) {
-  const std::string first = Plug(kGF46, "/dev/v/radio-a");
-  Plug(kGF46, "/dev/v/radio-b");
-  StartLayer();
-  ASSERT_TRUE(Panels().Unplug(first));
-  GFDev_ProcessDeviceChanges();
-  Plug(kGF46, "/dev/v/radio-c");
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 2), "/DEV/V/RADIO-C");
-  EXPECT_EQ(GFDev_GF46_Count(), 2);
-}
-
-TEST_F(DiscoveryTest, FullTableRefusesAnotherUnitAtEnumerationAndArrival) {
-  for (int i = 0; i < 5; ++i) Plug(kGFMCP, "/dev/v/mcp" + std::to_string(i));
-  StartLayer();
-  EXPECT_EQ(GFDev_GFMCP_Count(), 4);
-  EXPECT_EQ(GFDev_FindUnitByPath(kGFMCP, "/dev/v/mcp4", nullptr), 3);
-
-  ASSERT_TRUE(Panels().Unplug("/dev/v/mcp1"));
-  GFDev_ProcessDeviceChanges();
-  Plug(kGFMCP, "/dev/v/mcp5");  // four are known, one of them absent
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GFMCP_Count(), 3);
-  EXPECT_EQ(GFDev_FindUnitByPath(kGFMCP, "/dev/v/mcp5", nullptr), 3);
-  EXPECT_EQ(GFDev_UnitPath(kGFMCP, 1), "/DEV/V/MCP1");
 }
 
 TEST_F(DiscoveryTest, StartingTwiceLeavesOneObjectPerUnit) {
@@ -178,43 +87,6 @@ TEST_F(DiscoveryTest, UnitThatCannotBeOpenedIsSkipped) {
   Panels().SetFault(path, VirtualFault::Open, true);
   StartLayer();
   EXPECT_EQ(GFDev_GF46_Count(), 0);
-}
-
-TEST_F(DiscoveryTest, UnitsOpenedAfterEntrySendTheirFirstOutputs) {
-  const std::string wcp = Plug(kGFWCP, "/dev/v/wcp");
-  const std::string dio = Plug(kGFDIO, "/dev/v/dio");
-  Panels().SetFeatureAnswer(wcp, 4, {4, 0x5A});
-  Panels().SetFeatureAnswer(dio, 4, {4, 1, 2, 3, 4, 5, 6, 7});
-  StartLayer();
-  ASSERT_TRUE(OutputIdle());
-  auto wcpSent = Panels().Sent(wcp);
-  ASSERT_EQ(wcpSent.size(), 12u);  // brightness 15 on six lights, then six lights off
-  for (std::size_t i = 0; i < 12; ++i) {
-    EXPECT_EQ(wcpSent[i].kind, VirtualSentReport::Kind::Output);
-    EXPECT_EQ(wcpSent[i].bytes, (Bytes{2, static_cast<std::uint8_t>(i % 6 + 1), 0, 0, 0}));
-  }
-  auto dioSent = Panels().Sent(dio);
-  ASSERT_EQ(dioSent.size(), 1u);
-  EXPECT_EQ(dioSent[0].bytes, (Bytes{2, 0, 0, 0, 0, 0, 0, 0}));  // the device's output length
-
-  std::uint8_t switches = 0;
-  EXPECT_EQ(GFDev_GFWCP_GetSwitches(0, &switches), 0);
-  EXPECT_EQ(switches, 0x5A);
-  std::uint8_t states[7] = {};
-  EXPECT_EQ(GFDev_GFDIO_GetState(0, &states[0], &states[1], &states[2], &states[3], &states[4], &states[5],
-                                 &states[6]),
-            0);
-  EXPECT_EQ(states[6], 7);
-
-  // Replugged, these units are restarted without repeating their first outputs.
-  Panels().ClearSent();
-  Panels().Unplug(wcp);
-  GFDev_ProcessDeviceChanges();
-  Panels().Replug(wcp);
-  GFDev_ProcessDeviceChanges();
-  ASSERT_TRUE(OutputIdle());
-  EXPECT_TRUE(Panels().Sent(wcp).empty());
-  EXPECT_EQ(GFDev_GFWCP_Count(), 1);
 }
 
 TEST_F(DiscoveryTest, ExtendedInfoReportsSerialAndOutputLengthWhereTheModelHasThem) {
