@@ -147,12 +147,15 @@ class UhidUnit {
     if (stopFd_ >= 0) close(stopFd_);
     fd_ = stopFd_ = -1;
     WaitForNodeGone();
+    lastNode_ = node_;
     node_.clear();
   }
 
   bool Present() const { return fd_ >= 0; }
   void SetPhys(std::string phys) { phys_ = std::move(phys); }
   const std::string& Node() const { return node_; }
+  // Where the device layer last knew the unit: after an unplug, where its removal notice is awaited.
+  const std::string& LastNode() const { return node_.empty() ? lastNode_ : node_; }
   const drav::VirtualUnitSpec& Spec() const { return spec_; }
 
   bool SendInput(const std::vector<std::uint8_t>& report) {
@@ -349,6 +352,7 @@ class UhidUnit {
   int stopFd_ = -1;
   std::thread server_;
   std::string node_;
+  std::string lastNode_;
   std::uint64_t inputSent_ = 0;
 
   mutable std::mutex mutex_;
@@ -454,7 +458,7 @@ class UhidPanelHardware : public PanelHardware {
   }
   std::string LayerPath(const std::string& key) const override {
     const UhidUnit* unit = Find(key);
-    return unit == nullptr ? std::string() : UpperCased(unit->Node());
+    return unit == nullptr ? std::string() : UpperCased(unit->LastNode());
   }
   bool NoticesLag() const override { return true; }
   std::string Unsupported(const drav::VirtualUnitSpec& spec) const override {
