@@ -7,13 +7,17 @@
 #include <windows.h>
 #include <dbt.h>
 
+#include <atomic>
+#include <chrono>
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "../config/PluginFolderSupport.h"
 #include "base/IniFile.h"
+#include "hid/InputCallbackGate.h"
 #include "hid/backend/Win32HidBackend.h"
 #include "base/Log.h"
 #include "base/OptionalXplmApi.h"
@@ -143,6 +147,71 @@ TEST(WindowsInputMutexTest, TheLayersMutexIsFoundByItsName) {
   EXPECT_EQ(WaitForSingleObject(mutex, 1000), WAIT_OBJECT_0) << "nobody holds it while no input runs";
   EXPECT_TRUE(ReleaseMutex(mutex));
   CloseHandle(mutex);
+}
+
+// When the name yields no mutex (here an event holds it), the process's own gate still lets one
+// input callback in at a time: the single-producer queue never sees two at once.
+TEST(WindowsInputMutexTest, ANameHeldByAnotherKindOfObjectLeavesTheProcessGateInCharge) {
+  const char* name = "DravTest_GateNameTakenByAnEvent";
+  HANDLE squatter = CreateEventA(nullptr, TRUE, FALSE, name);
+  ASSERT_NE(squatter, nullptr);
+  drav::InputCallbackGate gate(name);
+  EXPECT_FALSE(gate.HasNamedMutex());
+  std::atomic<int> inside{0};
+  std::atomic<int> mostInside{0};
+  int entries = 0;  // guarded by the gate alone
+  std::vector<std::thread> threads;
+  for (int t = 0; t < 4; ++t) {
+    threads.emplace_back([&] {
+      for (int i = 0; i < 5000; ++i) {
+        ASSERT_TRUE(gate.TryEnterFor(std::chrono::seconds(5)));
+        const int now = ++inside;
+        int seen = mostInside.load();
+        while (now > seen && !mostInside.compare_exchange_weak(seen, now)) {
+        }
+        ++entries;
+        --inside;
+        gate.Leave();
+      }
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  EXPECT_EQ(mostInside.load(), 1);
+  EXPECT_EQ(entries, 20000);
+  CloseHandle(squatter);
+}
+
+// Whoever else holds the named mutex (another program, or a copy of the layer that hangs) is
+// waited for only within the caller's limit; the main thread's turn goes on with the process's gate
+// after its own limit; once the mutex is free again the gate takes it as before.
+TEST(WindowsInputMutexTest, AMutexHeldElsewhereIsWaitedForOnlyWithinALimit) {
+  const char* name = "DravTest_GateHeldElsewhere";
+  HANDLE release = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+  HANDLE held = CreateEventA(nullptr, TRUE, FALSE, nullptr);
+  std::thread holder([&] {
+    HANDLE mutex = CreateMutexA(nullptr, TRUE, name);
+    SetEvent(held);
+    WaitForSingleObject(release, INFINITE);
+    ReleaseMutex(mutex);
+    CloseHandle(mutex);
+  });
+  ASSERT_EQ(WaitForSingleObject(held, 5000), WAIT_OBJECT_0);
+  drav::InputCallbackGate gate(name);
+  ASSERT_TRUE(gate.HasNamedMutex());
+
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_FALSE(gate.TryEnterFor(std::chrono::milliseconds(100)));
+  gate.Enter();  // the main thread's turn: bounded, then the process's gate alone
+  gate.Leave();
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+
+  SetEvent(release);
+  holder.join();
+  // Every failed or bounded turn above left the process's gate free, or this would time out too.
+  EXPECT_TRUE(gate.TryEnterFor(std::chrono::seconds(2))) << "the freed mutex is taken again";
+  gate.Leave();
+  CloseHandle(held);
+  CloseHandle(release);
 }
 
 TEST(Win32HidBackendTest, EnumeratesTheSameListTwiceWithNoEmptyPath) {
