@@ -216,11 +216,14 @@ TEST_F(DeviceObjectTest, StopFlushesEachQueuedReportOnceEvenWhenTheUnitIsGone) {
 TEST_F(DeviceObjectTest, FlushSendsWhatIsLeftWhileTheUnitIsThere) {
   auto object = Make(8);
   object->Open();
-  Fail(VirtualFault::Write, true);
+  // The writer is held inside its first write until the stop has been asked for, so the second
+  // report is certainly still queued when the loop ends and only the flush can send it.
+  Fail(VirtualFault::Block, true);
   Queue(*object, {3, 1});
   Queue(*object, {3, 2});
-  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 1; }));
-  Fail(VirtualFault::Write, false);
+  ASSERT_TRUE(WaitUntil([&] { return panels_.BlockedWrites(path_) == 1; }));
+  object->RequestStop();
+  Fail(VirtualFault::Block, false);
   object->Stop();
   auto sent = Sent();
   ASSERT_EQ(sent.size(), 2u);  // each exactly once, in order

@@ -66,6 +66,7 @@ TEST_F(GFDevAccessTest, BrightnessGetterReadsTheUnitAndWritesOnlyOnSuccess) {
   const std::string mcp = Plug(6, "/dev/v/mcp");
   StartLayer();
   Panels().SetFeatureAnswer(mcp, 12, {12, 11});
+  const testing::PatientFeatureReads patient;
   std::uint16_t brightness = 0;
   EXPECT_EQ(GFDev_GFMCP_GetBrightness(0, &brightness), 0);
   EXPECT_EQ(brightness, 11);

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "hid/DeviceLayerControl.h"
+#include "hid/DeviceObject.h"
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "hid/ModelTable.h"
@@ -107,6 +108,20 @@ class CallbackRecorder {
  private:
   mutable std::mutex mutex_;
   std::vector<DeliveredRecord> records_;
+};
+
+// The brightness getter waits only a few milliseconds for the unit's writer; a loaded machine
+// (sanitizers, parallel tests) may wake the writer later. A test that checks what the read
+// answered, rather than how long the getter waited, gives it time while this object lives.
+class PatientFeatureReads {
+ public:
+  PatientFeatureReads() : before_(FeatureReadWait()) { SetFeatureReadWait(std::chrono::seconds(2)); }
+  ~PatientFeatureReads() { SetFeatureReadWait(before_); }
+  PatientFeatureReads(const PatientFeatureReads&) = delete;
+  PatientFeatureReads& operator=(const PatientFeatureReads&) = delete;
+
+ private:
+  std::chrono::milliseconds before_;
 };
 
 // Installs a fresh virtual backend; the layer is stopped and the platform's backend restored after.
