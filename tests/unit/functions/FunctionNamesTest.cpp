@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -33,7 +34,11 @@ std::string MemberName(FunctionId first, const std::string& firstLabel, const st
 
 std::vector<std::string> Numbered(int count, bool twoDigits) {
   std::vector<std::string> labels;
-  for (int n = 1; n <= count; ++n) labels.push_back((twoDigits && n < 10 ? "0" : "") + std::to_string(n));
+  for (int n = 1; n <= count; ++n) {
+    char label[16];
+    std::snprintf(label, sizeof label, twoDigits ? "%02d" : "%d", n);
+    labels.emplace_back(label);
+  }
   return labels;
 }
 
