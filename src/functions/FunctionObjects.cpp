@@ -353,7 +353,8 @@ void CreateFunction(FunctionId id, AvionicFunction** avionicOut, SwitchFunction&
     return;
   }
   const FunctionGroup group = GetFunctionGroup(id);
-  // A button bound to an avionic function selects that function on a radio module.
+  // A button bound to an avionic function selects that function on a radio module. One bound to
+  // NADA gets a selection of nothing, which its function id 0 keeps from ever running.
   if ((id == kNada || group == FunctionGroup::kAvionic) && avionicOut == nullptr) {
     MakeModuleSelect(record, id, unit, moduleKind);
     return;
