@@ -9,22 +9,29 @@ namespace {
 
 constexpr std::int32_t kNoSecondCode = 0;
 
-// Columns: first id, last id, builder, code (of the first id), code for state 1, act on release,
-// light dataref.
+// A row of one function.
+constexpr CommandBindingRow One(FunctionId id, CommandBuild build, std::int32_t code,
+                                std::int32_t codeForOn = kNoSecondCode, std::int32_t actOnRelease = 0,
+                                const char* lightPath = nullptr) {
+  return {id, id, build, code, codeForOn, actOnRelease, lightPath};
+}
+
+// Columns: function (or first and last id of a range), builder, code (of the first id), code for
+// state 1, act on release, light dataref.
 constexpr CommandBindingRow kCommandBindings[] = {
     // AP_DISENGAGE without X737Mode: the press disconnects (59), the release sends button 0.
-    {89, 89, CommandBuild::kButtonPair, 0, 59, 1, nullptr},
+    One(kFnAP_DISENGAGE, CommandBuild::kButtonPair, 0, 59, 1),
     // XPDR_IDENT: the key stroke idents; the light shows the transponder's ident flag.
-    {153, 153, CommandBuild::kKeyStrokeWithLight, 93, kNoSecondCode, 0, "sim/cockpit/radios/transponder_id"},
+    One(kFnXPDR_IDENT, CommandBuild::kKeyStrokeWithLight, 93, kNoSecondCode, 0, "sim/cockpit/radios/transponder_id"),
     // ENG_1_START .. ENG_8_START: engine n holds button n+1.
-    {253, 260, CommandBuild::kHeldButton, 2, kNoSecondCode, 0, nullptr},
-    {261, 261, CommandBuild::kHeldButton, 1, kNoSecondCode, 0, nullptr},  // ENG_ALL_START
+    {kFnENG_1_START, kFnENG_8_START, CommandBuild::kHeldButton, 2, kNoSecondCode, 0, nullptr},
+    One(kFnENG_ALL_START, CommandBuild::kHeldButton, 1),
     // FLAPS_UP_DOWN: a switch turned on moves the flaps one notch up, turned off one notch down.
-    {424, 424, CommandBuild::kButtonPair, 48, 47, 0, nullptr},
-    {425, 425, CommandBuild::kButton, 48, kNoSecondCode, 0, nullptr},     // FLAPS_EXTEND_1
-    {426, 426, CommandBuild::kButton, 47, kNoSecondCode, 0, nullptr},     // FLAPS_RETRACT_1
-    {428, 428, CommandBuild::kKeyStroke, 72, kNoSecondCode, 0, nullptr},  // ELEV_TRIM_NOSE_UP
-    {429, 429, CommandBuild::kKeyStroke, 71, kNoSecondCode, 0, nullptr},  // ELEV_TRIM_NOSE_DOWN
+    One(kFnFLAPS_UP_DOWN, CommandBuild::kButtonPair, 48, 47),
+    One(kFnFLAPS_EXTEND_1, CommandBuild::kButton, 48),
+    One(kFnFLAPS_RETRACT_1, CommandBuild::kButton, 47),
+    One(kFnELEV_TRIM_NOSE_UP, CommandBuild::kKeyStroke, 72),
+    One(kFnELEV_TRIM_NOSE_DOWN, CommandBuild::kKeyStroke, 71),
 };
 
 }  // namespace

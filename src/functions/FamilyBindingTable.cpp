@@ -21,61 +21,68 @@ constexpr FamilyScheme kWcp = FamilyScheme::kFourEngines;
 // Columns: first ids, scheme, numbered members with an object, ALL range (offset, count), path,
 // type, on, off.
 constexpr FamilyBindingRow kFamilies[] = {
-    {{244}, kEng, 8, 0, kAllEight, "sim/flightmodel/engine/ENGN_mixt", kFltA, 1, 0},  // ENG_#_FUEL_RUN_CUTOFF
+    {{kFnENG_1_FUEL_RUN_CUTOFF}, kEng, 8, 0, kAllEight, "sim/flightmodel/engine/ENGN_mixt", kFltA, 1, 0},
     // ENG_ALL_FUEL_PUMP is FUEL_PUMP, ENG_ALL_GENERATOR is ALTERNATOR_MASTER (single bindings).
-    {{262}, kEng, 8, 0, kNoAll, "sim/cockpit/engine/fuel_pump_on", kIntA, 1, 0},  // ENG_#_FUEL_PUMP
-    {{271}, kEng, 8, 0, kAllEight, "sim/cockpit/engine/igniters_on", kIntA, 1, 0},  // ENG_#_IGNITER
-    {{280}, kEng, 8, 0, kNoAll, "sim/cockpit/electrical/generator_on", kIntA, 1, 0},  // ENG_#_GENERATOR
+    {{kFnENG_1_FUEL_PUMP}, kEng, 8, 0, kNoAll, "sim/cockpit/engine/fuel_pump_on", kIntA, 1, 0},
+    {{kFnENG_1_IGNITER}, kEng, 8, 0, kAllEight, "sim/cockpit/engine/igniters_on", kIntA, 1, 0},
+    {{kFnENG_1_GENERATOR}, kEng, 8, 0, kNoAll, "sim/cockpit/electrical/generator_on", kIntA, 1, 0},
     // Only two inverters exist: engines 3..8 do nothing and ALL covers elements 0 and 1.
-    {{289}, kEng, 2, 0, 2, "sim/cockpit/engine/inverter_on", kIntA, 1, 0},  // ENG_#_INVERTER
+    {{kFnENG_1_INVERTER}, kEng, 2, 0, 2, "sim/cockpit/engine/inverter_on", kIntA, 1, 0},
     // Cowl flaps: only ALL, and "on" closes them (0), "off" opens them (1).
-    {{298}, kEng, 0, 0, kAllEight, "sim/flightmodel/engine/ENGN_cowl", kFltA, 0, 1},  // ENG_#_COWL_FLAPS
+    {{kFnENG_1_COWL_FLAPS}, kEng, 0, 0, kAllEight, "sim/flightmodel/engine/ENGN_cowl", kFltA, 0, 1},
     // ENG_#_CARB_HEAT: only ALL, which is CARB_HEAT (single binding).
-    {{316}, kEng, 8, 0, kAllEight, "sim/cockpit/engine/fadec_on", kIntA, 1, 0},  // ENG_#_FADEC
-    {{325}, kEng, 8, 0, kAllEight, "sim/cockpit2/engine/actuators/governor_on", kIntA, 1, 0},  // ENG_#_GOVERNOR
-    // ENG_#_ANTI_ICE_ENGINE_AIR
-    {{334}, kEng, 8, 0, kAllEight, "sim/cockpit/switches/anti_ice_engine_air", kFltA, 1, 0},
-    // ENG_#_AFTERBURNER_ENABLED
-    {{343}, kEng, 8, 0, kAllEight, "sim/cockpit2/engine/actuators/afterburner_enabled", kIntA, 1, 0},
-    // ENG_#_AUTO_IGNITE_ON
-    {{352}, kEng, 8, 0, kAllEight, "sim/cockpit2/engine/actuators/auto_ignite_on", kIntA, 1, 0},
-    {{361}, kEng, 8, 0, kAllEight, "sim/cockpit2/engine/actuators/primer_on", kIntA, 1, 0},  // ENG_#_PRIMER_ON
-    // ENG_#_FIRE_EXTINGUISHER_ON
-    {{370}, kEng, 8, 0, kAllEight, "sim/cockpit2/engine/actuators/fire_extinguisher_on", kIntA, 1, 0},
-    {{379}, kEng, 8, 0, kAllEight, "sim/cockpit/electrical/battery_array_on", kIntA, 1, 0},  // SYS_#_BATTERY
+    {{kFnENG_1_FADEC}, kEng, 8, 0, kAllEight, "sim/cockpit/engine/fadec_on", kIntA, 1, 0},
+    {{kFnENG_1_GOVERNOR}, kEng, 8, 0, kAllEight, "sim/cockpit2/engine/actuators/governor_on", kIntA, 1, 0},
+    {{kFnENG_1_ANTI_ICE_ENGINE_AIR}, kEng, 8, 0, kAllEight, "sim/cockpit/switches/anti_ice_engine_air", kFltA, 1, 0},
+    {{kFnENG_1_AFTERBURNER_ENABLED}, kEng, 8, 0, kAllEight,
+     "sim/cockpit2/engine/actuators/afterburner_enabled", kIntA, 1, 0},
+    {{kFnENG_1_AUTO_IGNITE_ON}, kEng, 8, 0, kAllEight, "sim/cockpit2/engine/actuators/auto_ignite_on", kIntA, 1, 0},
+    {{kFnENG_1_PRIMER_ON}, kEng, 8, 0, kAllEight, "sim/cockpit2/engine/actuators/primer_on", kIntA, 1, 0},
+    {{kFnENG_1_FIRE_EXTINGUISHER_ON}, kEng, 8, 0, kAllEight,
+     "sim/cockpit2/engine/actuators/fire_extinguisher_on", kIntA, 1, 0},
+    {{kFnSYS_1_BATTERY}, kEng, 8, 0, kAllEight, "sim/cockpit/electrical/battery_array_on", kIntA, 1, 0},
     // The magneto families: only ALL; the on values are the key positions off 0, left 1, right 2,
     // both 3.
-    {{388}, kEng, 0, 0, kAllEight, "sim/cockpit/engine/ignition_on", kIntA, 3, 0},  // ENG_#_MAGNETO
-    {{397}, kEng, 0, 0, kAllEight, "sim/cockpit/engine/ignition_on", kIntA, 1, 0},  // ENG_#_MAGNETO_LEFT
-    {{406}, kEng, 0, 0, kAllEight, "sim/cockpit/engine/ignition_on", kIntA, 2, 0},  // ENG_#_MAGNETO_RIGHT
-    {{415}, kEng, 0, 0, kAllEight, "sim/cockpit/engine/ignition_on", kIntA, 0, 0},  // ENG_#_MAGNETO_OFF
-    // LANDING_LIGHTS_SWITCH01..16; LANDING_LIGHTS_SWITCH_ALL is a single binding.
-    {{188}, FamilyScheme::kLandingLights, 16, 0, kNoAll, "sim/cockpit2/switches/landing_lights_switch", kFltA, 1,
-     0},
+    {{kFnENG_1_MAGNETO}, kEng, 0, 0, kAllEight, "sim/cockpit/engine/ignition_on", kIntA, 3, 0},
+    {{kFnENG_1_MAGNETO_LEFT}, kEng, 0, 0, kAllEight, "sim/cockpit/engine/ignition_on", kIntA, 1, 0},
+    {{kFnENG_1_MAGNETO_RIGHT}, kEng, 0, 0, kAllEight, "sim/cockpit/engine/ignition_on", kIntA, 2, 0},
+    {{kFnENG_1_MAGNETO_OFF}, kEng, 0, 0, kAllEight, "sim/cockpit/engine/ignition_on", kIntA, 0, 0},
+    // LANDING_LIGHTS_SWITCH_ALL is a single binding.
+    {{kFnLANDING_LIGHTS_SWITCH01}, FamilyScheme::kLandingLights, 16, 0, kNoAll,
+     "sim/cockpit2/switches/landing_lights_switch", kFltA, 1, 0},
     // The GF-WCP's engine annunciators. ALT_WARN, DC_GEN and GEN_OFF are three names of one light.
-    {{488, 508, 520}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/generator_off", kIntA, 1, 0},
-    {{492}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/auto_feather_arm", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_ALT_WARN, kFnWCP_ENGN1_DC_GEN, kFnWCP_ENGN1_GEN_OFF}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/generator_off", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_AUTO_FEATHER}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/auto_feather_arm", kIntA, 1, 0},
     // WCP_ENGN#_AUX_FUEL_PUMP is ENG_1_FUEL_PUMP .. ENG_4_FUEL_PUMP.
-    {{496}, kWcp, 4, 0, kNoAll, "sim/cockpit/engine/fuel_pump_on", kIntA, 1, 0},
-    {{500}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/bleed_air_fail", kIntA, 1, 0},
-    {{504}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/bleed_air_off", kIntA, 1, 0},
-    {{512}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/engine_fires", kIntA, 1, 0},
-    {{516}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/fuel_pressure_low", kIntA, 1, 0},
-    {{524}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/ice_vane_fail", kIntA, 1, 0},
-    {{528}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/igniter_on", kIntA, 1, 0},
-    {{532}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/oil_pressure_low", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_AUX_FUEL_PUMP}, kWcp, 4, 0, kNoAll, "sim/cockpit/engine/fuel_pump_on", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_BLEED_AIR_FAIL}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/bleed_air_fail", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_BLEED_AIR_OFF}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/bleed_air_off", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_ENG_FIRE}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/engine_fires", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_FUEL_PRESS_LOW}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/fuel_pressure_low", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_ICE_VANE}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/ice_vane_fail", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_IGNITER_ON}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/igniter_on", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_OIL_PRESS_LOW}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/oil_pressure_low", kIntA, 1, 0},
     // Lit while the ignition key is at START (4); switching it off returns the key to BOTH (3).
-    {{536}, kWcp, 4, 0, kNoAll, "sim/cockpit2/engine/actuators/ignition_key", kIntA, 4, 3},
-    {{562}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/oil_temperature_high", kIntA, 1, 0},
-    {{566}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/chip_detected", kIntA, 1, 0},
-    {{570}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/reverser_on", kIntA, 1, 0},
-    {{574}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/burner_on", kIntA, 1, 0},
-    {{578}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/N1_low", kIntA, 1, 0},
-    {{582}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/N1_high", kIntA, 1, 0},
-    {{586}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/reverser_not_ready", kIntA, 1, 0},
-    {{590}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/ice_vane_extend", kIntA, 1, 0},
-    // WCP_FUEL_TANK1_TRANSFER .. WCP_FUEL_TANK9_TRANSFER
-    {{594}, FamilyScheme::kFuelTanks, 9, 0, kNoAll, "sim/cockpit/warnings/annunciators/fuel_transfer", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_STARTER_ENERGISED}, kWcp, 4, 0, kNoAll, "sim/cockpit2/engine/actuators/ignition_key", kIntA, 4, 3},
+    {{kFnWCP_ENGN1_OIL_TEMP_HIGH}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/oil_temperature_high", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_CHIP_DETECT}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/chip_detected", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_REVERSER_DEPLOYED}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/reverser_on", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_AFTERBURNER_ON}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/burner_on", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_N1_LOW}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/N1_low", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_N1_HIGH}, kWcp, 4, 0, kNoAll, "sim/cockpit/warnings/annunciators/N1_high", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_REVERSER_NOT_READY}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/reverser_not_ready", kIntA, 1, 0},
+    {{kFnWCP_ENGN1_ICE_VANE_EXTENDED}, kWcp, 4, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/ice_vane_extend", kIntA, 1, 0},
+    {{kFnWCP_FUEL_TANK1_TRANSFER}, FamilyScheme::kFuelTanks, 9, 0, kNoAll,
+     "sim/cockpit/warnings/annunciators/fuel_transfer", kIntA, 1, 0},
 };
 
 // "drav/autopilot_state/" followed by the lower-case rest of each AP_STATE_ name, in id order. The

@@ -37,7 +37,7 @@ struct FamilyBindingRow {
 std::span<const FamilyBindingRow> FamilyBindingRows();
 
 // The autopilot state functions: one int dataref each, from AP_STATE_AUTO_THROTTLE_ENGAGE on.
-inline constexpr FunctionId kFirstAutopilotState = 440;
+inline constexpr FunctionId kFirstAutopilotState = kFnAP_STATE_AUTO_THROTTLE_ENGAGE;
 std::span<const char* const> AutopilotStatePaths();
 
 // The member binding of id, by family or as an autopilot state function. False when id is in no

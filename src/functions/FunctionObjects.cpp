@@ -29,8 +29,10 @@ constexpr std::int32_t kMaxBindings = 2;
 constexpr std::int32_t kNoTargetUnit = -1;
 constexpr std::int32_t kListModuleKind = kRadioGF166;
 
-constexpr FunctionId kFuncInstSlots[] = {70, 68, 63, 61, 62, 4};  // DISP_BRIGHTNESS .. ADF1_CARD
-constexpr FunctionId kFuncApSlots[] = {64, 63, 65, 66, 67};       // AP_NAV_COURSE_ADJ .. AP_VERT_SPEED_ADJ
+constexpr FunctionId kFuncInstSlots[] = {kFnDISP_BRIGHTNESS, kFnALTIMETER, kFnAP_HEADING_ADJ, kFnOBS1, kFnOBS2,
+                                         kFnADF1_CARD};
+constexpr FunctionId kFuncApSlots[] = {kFnAP_NAV_COURSE_ADJ, kFnAP_HEADING_ADJ, kFnAP_SPEED_ADJ, kFnAP_ALTITUDE_ADJ,
+                                       kFnAP_VERT_SPEED_ADJ};
 
 std::int32_t BindingsInUse(const SwitchFunction& record) {
   return std::clamp(record.bindingCount, std::int32_t{0}, kMaxBindings);
@@ -350,17 +352,20 @@ void CreateFunction(FunctionId id, AvionicFunction** avionicOut, SwitchFunction&
     BuildCustomFunction(id, avionicOut, record);
     return;
   }
-  // A button bound to an avionic function selects that function on a radio module.
-  if (id < kMaxAvionic && avionicOut == nullptr) {
+  const FunctionGroup group = GetFunctionGroup(id);
+  // A button bound to an avionic function selects that function on a radio module. One bound to
+  // NADA gets a selection of nothing, which its function id 0 keeps from ever running.
+  if ((id == kNada || group == FunctionGroup::kAvionic) && avionicOut == nullptr) {
     MakeModuleSelect(record, id, unit, moduleKind);
     return;
   }
-  // The levers belong to the throttle quadrant's own handling; the boundary 611 is nothing.
-  if (id >= kMaxSubsystem) return;
   if (id == kNada) {
-    if (avionicOut != nullptr) *avionicOut = nullptr;
+    *avionicOut = nullptr;
     return;
   }
+  // The levers belong to the throttle quadrant's own handling; the bounds and ids outside the
+  // catalogue are nothing.
+  if (group != FunctionGroup::kAvionic && group != FunctionGroup::kSwitch) return;
   if (IsAlwaysModuleSelect(id)) {
     MakeModuleSelect(record, id, unit, moduleKind);
     return;

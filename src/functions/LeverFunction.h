@@ -13,11 +13,11 @@
 namespace drav {
 
 // The catalogue ids the levers treat specially.
-inline constexpr FunctionId kLeverSpeedBrake = 87;
-inline constexpr FunctionId kLeverFlaps = 612;
-inline constexpr FunctionId kLeverFirstThrottle = 613;   // ENG_1_THROTTLE .. ENG_8_THROTTLE
-inline constexpr FunctionId kLeverFirstMixture = 622;    // ENG_1_MIXTURE .. ENG_8_MIXTURE
-inline constexpr FunctionId kLeverFirstPropPitch = 631;  // ENG_1_PROP_PITCH .. ENG_8_PROP_PITCH
+inline constexpr FunctionId kLeverSpeedBrake = kFnSPEED_BRAKE;
+inline constexpr FunctionId kLeverFlaps = kFnFLAPS;
+inline constexpr FunctionId kLeverFirstThrottle = kFnENG_1_THROTTLE;     // .. ENG_8_THROTTLE
+inline constexpr FunctionId kLeverFirstMixture = kFnENG_1_MIXTURE;       // .. ENG_8_MIXTURE
+inline constexpr FunctionId kLeverFirstPropPitch = kFnENG_1_PROP_PITCH;  // .. ENG_8_PROP_PITCH
 inline constexpr std::int32_t kLeverEngineCount = 8;
 
 // A reverse or beta point that switches its zone off.

@@ -25,12 +25,12 @@ struct RadioPair {
 };
 
 constexpr RadioPair kRadioPairs[] = {
-    {kCom1Com2Toggle, 9, 12, false},   // COM1_ACTIVE / COM2_ACTIVE
-    {kCom1Com2Toggle, 10, 13, false},  // COM1_STANDBY / COM2_STANDBY
-    {kCom1Com2Toggle, 11, 14, true},   // COM1_DUAL / COM2_DUAL
-    {kNav1Nav2Toggle, 18, 21, false},  // NAV1_ACTIVE / NAV2_ACTIVE
-    {kNav1Nav2Toggle, 19, 22, false},  // NAV1_STANDBY / NAV2_STANDBY
-    {kNav1Nav2Toggle, 20, 23, true},   // NAV1_DUAL / NAV2_DUAL
+    {kCom1Com2Toggle, kFnCOM1_ACTIVE, kFnCOM2_ACTIVE, false},
+    {kCom1Com2Toggle, kFnCOM1_STANDBY, kFnCOM2_STANDBY, false},
+    {kCom1Com2Toggle, kFnCOM1_DUAL, kFnCOM2_DUAL, true},
+    {kNav1Nav2Toggle, kFnNAV1_ACTIVE, kFnNAV2_ACTIVE, false},
+    {kNav1Nav2Toggle, kFnNAV1_STANDBY, kFnNAV2_STANDBY, false},
+    {kNav1Nav2Toggle, kFnNAV1_DUAL, kFnNAV2_DUAL, true},
 };
 
 }  // namespace

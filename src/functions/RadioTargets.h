@@ -10,10 +10,10 @@ namespace drav {
 
 class RadioModule;
 
-inline constexpr FunctionId kNav1Nav2Toggle = 27;
-inline constexpr FunctionId kCom1Com2Toggle = 28;
-inline constexpr FunctionId kFuncInst = 85;
-inline constexpr FunctionId kFuncAp = 86;
+inline constexpr FunctionId kNav1Nav2Toggle = kFnNAV1_NAV2_TOGGLE;
+inline constexpr FunctionId kCom1Com2Toggle = kFnCOM1_COM2_TOGGLE;
+inline constexpr FunctionId kFuncInst = kFnFUNC_INST;
+inline constexpr FunctionId kFuncAp = kFnFUNC_AP;
 
 // The radio module of moduleKind (RadioModuleKind: GF-45, GF-46, GF-166) and unit, or nullptr when
 // the kind is unknown, the unit is not connected or its object is not a radio. Asks the directory

@@ -31,13 +31,13 @@ struct DualRadio {
 };
 
 constexpr DualRadio kDualRadios[] = {
-    {3, 2},    // ADF1_DUAL, ADF1_STANDBY
-    {7, 6},    // ADF2_DUAL, ADF2_STANDBY
-    {11, 10},  // COM1_DUAL, COM1_STANDBY
-    {14, 13},  // COM2_DUAL, COM2_STANDBY
-    {17, 16},  // DME_DUAL, DME_STANDBY
-    {20, 19},  // NAV1_DUAL, NAV1_STANDBY
-    {23, 22},  // NAV2_DUAL, NAV2_STANDBY
+    {kFnADF1_DUAL, kFnADF1_STANDBY},
+    {kFnADF2_DUAL, kFnADF2_STANDBY},
+    {kFnCOM1_DUAL, kFnCOM1_STANDBY},
+    {kFnCOM2_DUAL, kFnCOM2_STANDBY},
+    {kFnDME_DUAL, kFnDME_STANDBY},
+    {kFnNAV1_DUAL, kFnNAV1_STANDBY},
+    {kFnNAV2_DUAL, kFnNAV2_STANDBY},
 };
 
 // Keyed by the shown function's tag rather than its id: the tag is what the object really holds

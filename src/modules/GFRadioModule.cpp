@@ -13,7 +13,7 @@ namespace drav {
 
 namespace {
 
-constexpr FunctionId kFunctionTransponder = 24;  // XPDR
+constexpr FunctionId kFunctionTransponder = kFnXPDR;
 
 // Where a list opens when it has no valid position yet: the instrument list on the altimeter.
 struct RadioListShape {

@@ -9,8 +9,8 @@ namespace drav {
 
 namespace {
 
-constexpr std::int32_t kLandingGear = 437;
-constexpr std::int32_t kApDisengage = 89;
+constexpr std::int32_t kLandingGear = kFnLANDING_GEAR;
+constexpr std::int32_t kApDisengage = kFnAP_DISENGAGE;
 
 const LightBoxModel kGFT8Model{
     "GFT8_Module::Register - PrevSwitchVals",

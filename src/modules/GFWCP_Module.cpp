@@ -21,9 +21,9 @@ struct AnnunciatorButton {
   std::size_t command;
 };
 constexpr AnnunciatorButton kAnnunciatorButtons[] = {
-    {474, 0},  // WCP_MASTER_WARNING: clear master warning
-    {473, 1},  // WCP_MASTER_CAUTION: clear master caution
-    {475, 2},  // WCP_MASTER_ACCEPT: clear master accept
+    {kFnWCP_MASTER_WARNING, 0},  // clear master warning
+    {kFnWCP_MASTER_CAUTION, 1},  // clear master caution
+    {kFnWCP_MASTER_ACCEPT, 2},   // clear master accept
 };
 
 std::int32_t ButtonIndexOfKey(std::uint8_t key) {

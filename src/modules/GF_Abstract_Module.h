@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "functions/FunctionCatalogue.h"
 #include "functions/PanelDirectory.h"
 
 namespace drav {
@@ -11,8 +12,8 @@ namespace drav {
 // The catalogue's PREV and NEXT: for a radio module they do not name a function to show but step
 // through its mode table. Kept here, beside the stepping, so that the function layer can use the
 // same constants when it lights the button of a mode-select function.
-inline constexpr std::int32_t kFunctionPrev = 25;
-inline constexpr std::int32_t kFunctionNext = 26;
+inline constexpr std::int32_t kFunctionPrev = kFnPREV;
+inline constexpr std::int32_t kFunctionNext = kFnNEXT;
 
 inline constexpr std::int32_t kModeCount = 8;
 

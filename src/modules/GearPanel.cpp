@@ -10,7 +10,7 @@ namespace drav {
 
 namespace {
 
-constexpr std::int32_t kLandingGearFunction = 437;
+constexpr std::int32_t kLandingGearFunction = kFnLANDING_GEAR;
 constexpr int kFailedInoperative = 6;  // the simulator's failure state "inoperative"
 constexpr float kGearDownRatio = 0.98f;
 constexpr float kGearUpRatio = 0.02f;

@@ -16,17 +16,19 @@ void AppendItem(std::string& list, const char* item) {
   list += kItemSeparator;
 }
 
-void AppendNames(std::string& list, NameTable names) {
-  for (const char* name : names) AppendItem(list, name);
+void AppendNames(std::string& list, PickTable items) {
+  for (const PickItem& item : items) AppendItem(list, item.Name());
 }
 
-// The formats hold one "%d" for the unit, counted from 1.
-void AppendRadioNames(std::string& list, NameTable formats, std::int32_t units) {
-  char item[64];
+void AppendRadioNames(std::string& list, const RadioPickTable& radio, std::int32_t units) {
+  char section[32];
   for (std::int32_t unit = 1; unit <= units; ++unit) {
-    for (const char* format : formats) {
-      std::snprintf(item, sizeof item, format, static_cast<int>(unit));
-      AppendItem(list, item);
+    std::snprintf(section, sizeof section, radio.unitFormat, static_cast<int>(unit));
+    for (FunctionId mode : radio.modes) {
+      const FunctionCatalogueEntry* entry = GetCatalogueEntry(mode);
+      if (entry == nullptr || entry->iniSuffix == nullptr) continue;
+      list += section;
+      AppendItem(list, entry->iniSuffix);
     }
   }
 }
@@ -37,24 +39,24 @@ std::string StartList() {
   return list;
 }
 
-std::string SwitchList(NameTable lead, NameTable tail, bool x737Mode) {
+std::string SwitchList(PickTable lead, PickTable tail, bool x737Mode) {
   std::string list = StartList();
   AppendNames(list, lead);
-  if (x737Mode) AppendNames(list, kX737Names);
+  if (x737Mode) AppendNames(list, kX737Items);
   AppendNames(list, tail);
   return list;
 }
 
 struct AvionicListRow {
   std::uint32_t moduleType;
-  const NameTable* names;
+  const PickTable* items;
 };
 
 constexpr AvionicListRow kAvionicLists[] = {
-    {kModuleGF45, &kRadioAvionicNames},   {kModuleGF46, &kRadioAvionicNames},
-    {kModuleGF166, &kGF166AvionicNames},  {kModuleGFMCP, &kPanelAvionicNames},
-    {kModuleGFMCPPro, &kPanelAvionicNames}, {kModuleGFEFIS, &kPanelAvionicNames},
-    {kModuleGFRP48, &kRP48AvionicNames},
+    {kModuleGF45, &kRadioAvionicItems},   {kModuleGF46, &kRadioAvionicItems},
+    {kModuleGF166, &kGF166AvionicItems},  {kModuleGFMCP, &kPanelAvionicItems},
+    {kModuleGFMCPPro, &kPanelAvionicItems}, {kModuleGFEFIS, &kPanelAvionicItems},
+    {kModuleGFRP48, &kRP48AvionicItems},
 };
 
 }  // namespace
@@ -70,34 +72,34 @@ PickListContext CurrentPickListContext() {
 }
 
 std::string GetButtonFunctionList(const PickListContext& context) {
-  std::string list = SwitchList(kButtonLeadNames, kButtonTailNames, context.x737Mode);
-  AppendRadioNames(list, kGF166RadioFormats, context.gf166Units);
-  AppendRadioNames(list, kGF45RadioFormats, context.gf45Units);
-  AppendRadioNames(list, kGF46RadioFormats, context.gf46Units);
+  std::string list = SwitchList(kButtonLeadItems, kButtonTailItems, context.x737Mode);
+  AppendRadioNames(list, kGF166RadioModes, context.gf166Units);
+  AppendRadioNames(list, kGF45RadioModes, context.gf45Units);
+  AppendRadioNames(list, kGF46RadioModes, context.gf46Units);
   return list;
 }
 
 std::string GetToggleFunctionList(const PickListContext& context) {
-  return SwitchList(kToggleLeadNames, kToggleTailNames, context.x737Mode);
+  return SwitchList(kToggleLeadItems, kToggleTailItems, context.x737Mode);
 }
 
 std::string GetAvionicFunctionList(std::uint32_t moduleType) {
   std::string list = StartList();
   for (const AvionicListRow& row : kAvionicLists) {
-    if (row.moduleType == moduleType) AppendNames(list, *row.names);
+    if (row.moduleType == moduleType) AppendNames(list, *row.items);
   }
   return list;
 }
 
 std::string GetLeverFunctionList() {
   std::string list = StartList();
-  AppendNames(list, kLeverNames);
+  AppendNames(list, kLeverItems);
   return list;
 }
 
 std::string GetWCPFunctionList() {
   std::string list = StartList();
-  AppendNames(list, kWcpNames);
+  AppendNames(list, kWcpItems);
   return list;
 }
 
