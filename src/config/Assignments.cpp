@@ -17,6 +17,7 @@
 #include "modules/GFWCP_Module.h"
 #include "modules/ModuleManager.h"
 #include "hid/ModuleTypes.h"
+#include "hid/WriterWakeBatch.h"
 
 namespace drav {
 
@@ -286,6 +287,9 @@ void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool regi
   UnitLoader load = FindLoader(moduleType);
   if (load == nullptr) return;
   const ProfileReadSnapshot snapshot;
+  // Registering and binding a unit queues a run of light and display reports: its writer (and any
+  // other unit's the run reaches) is woken once, when the unit is loaded.
+  const WriterWakeBatch wakeOnce;
   load(UnitLoad{*module, unit, AssignmentSection(moduleType, unit), registerUnit});
 }
 

@@ -24,6 +24,7 @@
 
 #include "hid/DeviceClasses.h"
 #include "hid/ReportQueue.h"
+#include "hid/WriterWakeBatch.h"
 #include "hid/backend/HidBackend.h"
 
 namespace drav {
@@ -104,7 +105,8 @@ class DeviceObject {
 
   // ---- output ----------------------------------------------------------------------------------
   // Queues a report for the write thread. False when it was dropped (queue full, no writer, too
-  // long); callers of the access interface still answer success for a full queue.
+  // long); callers of the access interface still answer success for a full queue. Inside a
+  // WriterWakeBatch the writer is woken when the batch ends, else at once.
   bool Enqueue(std::span<const std::uint8_t> report, ReportKind kind = ReportKind::Feature);
   std::size_t QueuedReports() const { return queue_.Count(); }
   // Reads a feature report on the device handle (buffer[0] = report id). False on failure.
@@ -156,6 +158,9 @@ class DeviceObject {
   bool RedeliverRefusedInput();
 
  private:
+  friend class WriterWakeBatch;
+  void WakeWriter() { writeWake_.notify_one(); }
+
   bool ReadDeviceInfo(HidDeviceHandle& handle);
   void ReadInitialState();
   void SendAfterOpenOutputs();
@@ -232,6 +237,10 @@ class DeviceObject {
   std::atomic<bool> inputRefused_{false};
 
   OutputMemory outputs_;
+
+  // The batch that will wake this unit's writer, and the next unit it holds (its thread only).
+  WriterWakeBatch* heldBy_ = nullptr;
+  DeviceObject* nextHeld_ = nullptr;
 };
 
 }  // namespace drav
