@@ -168,16 +168,25 @@ struct Snapshot {
   bool taken = false;  // false: the file could not be read; reads go to the file
   std::string fileName;  // empty for a snapshot made by path
   std::string path;
-  std::optional<IniIndex> index;  // empty: there is no such file, or one too large to read
+  // While taken, empty: there is no such file, or one too large to read. Kept when the snapshot
+  // ends (unless large), for the next snapshot in the slot to reuse if the file is unchanged.
+  std::optional<IniIndex> index;
 };
 // A load reads the plug-in's file and the user's aircraft's one: two files at once at most.
 std::array<Snapshot, 2> gSnapshots;
 unsigned gWrites = 0;  // files replaced through this writer
 
+// An index kept from the last snapshot for the next one, when the file is no larger than this.
+constexpr std::size_t kLargestKeptIndex = 1 << 20;
+
 void TakeSnapshot(Snapshot& snapshot) {
   snapshot.taken = false;
-  snapshot.index.reset();
   FileBytes file = ReadFileBytes(snapshot.path);
+  // The file is read again every time; an index is a function of the bytes alone, so when they
+  // are the ones the kept index was made from (a reload of an unchanged file, the common case),
+  // that index answers, with the key tables the last load built.
+  const bool same = file.result == FileRead::kRead && snapshot.index && snapshot.index->Bytes() == file.bytes;
+  if (!same) snapshot.index.reset();
   switch (file.result) {
     case FileRead::kUnreadable:
       return;
@@ -185,7 +194,7 @@ void TakeSnapshot(Snapshot& snapshot) {
       ReportTooLarge(snapshot.path, file.size);
       break;
     case FileRead::kRead:
-      snapshot.index.emplace(std::move(file.bytes));
+      if (!same) snapshot.index.emplace(std::move(file.bytes));
       break;
     case FileRead::kMissing:
       break;
@@ -539,7 +548,7 @@ IniReadSnapshot::~IniReadSnapshot() {
   Snapshot& snapshot = gSnapshots[static_cast<std::size_t>(slot_)];
   if (--snapshot.depth > 0) return;
   snapshot.taken = false;
-  snapshot.index.reset();
+  if (snapshot.index && snapshot.index->Bytes().size() > kLargestKeptIndex) snapshot.index.reset();
 }
 
 unsigned IniWriteCount() { return gWrites; }
