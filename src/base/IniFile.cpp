@@ -211,9 +211,9 @@ Snapshot* SnapshotOf(const std::string& path) {
 }
 
 // The live snapshot taken by name, for reads that name the file rather than its path.
-const Snapshot* SnapshotNamed(const char* fileName) {
+Snapshot* SnapshotNamed(const char* fileName) {
   if (fileName == nullptr) return nullptr;
-  for (const Snapshot& snapshot : gSnapshots) {
+  for (Snapshot& snapshot : gSnapshots) {
     if (snapshot.depth > 0 && !snapshot.fileName.empty() && snapshot.fileName == fileName) return &snapshot;
   }
   return nullptr;
@@ -253,8 +253,9 @@ std::string_view ViewOf(const char* text) {
   return text ? std::string_view(text) : std::string_view();
 }
 
-bool FindValue(const std::string& path, const char* section, const char* key, char* out) {
-  if (Snapshot* snapshot = SnapshotOf(path)) {
+// `snapshot` is the live one of the path, if any.
+bool FindValue(Snapshot* snapshot, const std::string& path, const char* section, const char* key, char* out) {
+  if (snapshot != nullptr) {
     if (!snapshot->index) return false;
     const std::optional<std::string_view> value = snapshot->index->Find(section, key);
     if (value) CopyValue(out, *value);
@@ -450,18 +451,20 @@ std::string PluginFilePath(const char* fileName) {
   return path;
 }
 
-bool ReadIniValueAtPath(const std::string& path, const char* section, const char* key,
-                        char* outValue, const char* defaultValue) {
+namespace {
+
+bool ReadValue(Snapshot* snapshot, const std::string& path, const char* section, const char* key,
+               char* outValue, const char* defaultValue) {
   if (!outValue) return false;
-  const bool found = section && key && FindValue(path, section, key, outValue);
+  const bool found = section && key && FindValue(snapshot, path, section, key, outValue);
   if (!found) CopyValue(outValue, ViewOf(defaultValue));
   return found;
 }
 
-void ReadIniValueTraced(const std::string& path, const char* shownName, const char* section, const char* key,
-                        char* outValue, const char* defaultValue) {
+void ReadValueTraced(Snapshot* snapshot, const std::string& path, const char* shownName, const char* section,
+                     const char* key, char* outValue, const char* defaultValue) {
   if (!outValue) return;
-  const bool found = ReadIniValueAtPath(path, section, key, outValue, defaultValue);
+  const bool found = ReadValue(snapshot, path, section, key, outValue, defaultValue);
   // The DEBUG switches are read before the log is set up and never trace.
   const bool traced = gDebug.DebugEnabled == 1 && gDebug.DebugFunctionAssignments == 1 && section &&
                       std::strcmp(section, "DEBUG") != 0;
@@ -471,12 +474,29 @@ void ReadIniValueTraced(const std::string& path, const char* shownName, const ch
             outValue, defaultValue ? defaultValue : "");
 }
 
+}  // namespace
+
+bool ReadIniValueAtPath(const std::string& path, const char* section, const char* key,
+                        char* outValue, const char* defaultValue) {
+  return ReadValue(SnapshotOf(path), path, section, key, outValue, defaultValue);
+}
+
+void ReadIniValueTraced(const std::string& path, const char* shownName, const char* section, const char* key,
+                        char* outValue, const char* defaultValue) {
+  ReadValueTraced(SnapshotOf(path), path, shownName, section, key, outValue, defaultValue);
+}
+
 void ReadIniValue(const char* fileName, const char* section, const char* key, char* outValue,
                   const char* defaultValue) {
-  // During a load the snapshot's file is known by name: no path is composed for each key.
-  const Snapshot* snapshot = SnapshotNamed(fileName);
-  ReadIniValueTraced(snapshot ? snapshot->path : PluginFilePath(fileName), fileName, section, key, outValue,
-                     defaultValue);
+  // During a load the snapshot's file is known by name: no path is composed, and no snapshot
+  // searched by path, for each key.
+  if (Snapshot* snapshot = SnapshotNamed(fileName)) {
+    ReadValueTraced(snapshot->taken ? snapshot : nullptr, snapshot->path, fileName, section, key, outValue,
+                    defaultValue);
+    return;
+  }
+  const std::string path = PluginFilePath(fileName);
+  ReadValueTraced(SnapshotOf(path), path, fileName, section, key, outValue, defaultValue);
 }
 
 bool IniHasSection(const std::string& path, const char* section) {

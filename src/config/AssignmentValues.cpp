@@ -26,6 +26,10 @@ constexpr RadioPrefix kRadioPrefixes[] = {
     {"GF46_", 5, kTargetKindGF46},
     {"GF166_", 6, kTargetKindGF166},
 };
+// What every prefix starts with: a value without it is let go after one search.
+constexpr std::string_view kRadioPrefixHead = "GF";
+static_assert(std::ranges::all_of(kRadioPrefixes,
+                                  [](const RadioPrefix& prefix) { return std::string_view(prefix.text).starts_with(kRadioPrefixHead); }));
 
 constexpr const char* kColourNames[kColourCount] = {"BLACK", "WHITE",   "RED",    "GREEN",
                                                     "BLUE",  "MAGENTA", "YELLOW", "CYAN"};
@@ -93,7 +97,7 @@ FunctionId ResolveFunctionId(const char* value) {
 }
 
 bool FindRadioReference(const char* value, AssignmentTargetUnit* out) {
-  if (value == nullptr) return false;
+  if (value == nullptr || std::strstr(value, kRadioPrefixHead.data()) == nullptr) return false;
   for (const RadioPrefix& prefix : kRadioPrefixes) {
     if (std::strstr(value, prefix.text) == nullptr) continue;
     if (out != nullptr) *out = {UnitAt(value, prefix.numberPosition), prefix.kind};
