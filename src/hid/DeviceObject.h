@@ -109,6 +109,8 @@ class DeviceObject {
   // WriterWakeBatch the writer is woken when the batch ends, else at once.
   bool Enqueue(std::span<const std::uint8_t> report, ReportKind kind = ReportKind::Feature);
   std::size_t QueuedReports() const { return queue_.Count(); }
+  // How often queued reports woke the write thread: once per report, or once per WriterWakeBatch.
+  std::uint64_t ReportWakeUps() const { return reportWakeUps_.load(); }
   // Reads a feature report on the device handle (buffer[0] = report id). False on failure.
   bool ReadFeature(std::uint8_t* buffer, std::size_t length);
   // Main thread: the same, but the unit's write thread reads it, so that a unit that stalls (or
@@ -159,7 +161,10 @@ class DeviceObject {
 
  private:
   friend class WriterWakeBatch;
-  void WakeWriter() { writeWake_.notify_one(); }
+  void WakeWriter() {
+    reportWakeUps_.fetch_add(1);
+    writeWake_.notify_one();
+  }
 
   bool ReadDeviceInfo(HidDeviceHandle& handle);
   void ReadInitialState();
@@ -202,6 +207,7 @@ class DeviceObject {
   std::atomic<bool> stop_{false};
   std::atomic<std::uint64_t> inputReportsHandled_{0};
   std::atomic<bool> initialReadPending_{false};
+  std::atomic<std::uint64_t> reportWakeUps_{0};
 
   std::thread readThread_;
   std::thread writeThread_;
