@@ -281,6 +281,9 @@ void ReportMissingNames(const std::string& section, const char* key, const char*
 void LoadAllAssignments() {
   RefreshAircraftProfile();  // the aircraft X-Plane has now decides whose sections are read
   const ProfileReadSnapshot snapshot;
+  // Every unit's writer is woken once, when every unit is loaded: waking each as its unit ended
+  // measured slower, a woken writer often taking the main thread's processor mid-load.
+  const WriterWakeBatch wakeOnce;
   for (std::uint32_t moduleType : kAssignmentLoadOrder) LoadTypeAssignments(moduleType);
 }
 
@@ -300,7 +303,8 @@ void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool regi
   if (load == nullptr) return;
   const ProfileReadSnapshot snapshot;
   // Registering and binding a unit queues a run of light and display reports: its writer (and any
-  // other unit's the run reaches) is woken once, when the unit is loaded.
+  // other unit's the run reaches) is woken once, when the unit is loaded (or, in a full load, when
+  // every unit is).
   const WriterWakeBatch wakeOnce;
   load(UnitLoad{*module, unit, AssignmentSection(moduleType, unit), registerUnit});
 }
