@@ -168,16 +168,25 @@ struct Snapshot {
   bool taken = false;  // false: the file could not be read; reads go to the file
   std::string fileName;  // empty for a snapshot made by path
   std::string path;
-  std::optional<IniIndex> index;  // empty: there is no such file, or one too large to read
+  // While taken, empty: there is no such file, or one too large to read. Kept when the snapshot
+  // ends (unless large), for the next snapshot in the slot to reuse if the file is unchanged.
+  std::optional<IniIndex> index;
 };
 // A load reads the plug-in's file and the user's aircraft's one: two files at once at most.
 std::array<Snapshot, 2> gSnapshots;
 unsigned gWrites = 0;  // files replaced through this writer
 
+// An index kept from the last snapshot for the next one, when the file is no larger than this.
+constexpr std::size_t kLargestKeptIndex = 1 << 20;
+
 void TakeSnapshot(Snapshot& snapshot) {
   snapshot.taken = false;
-  snapshot.index.reset();
   FileBytes file = ReadFileBytes(snapshot.path);
+  // The file is read again every time; an index is a function of the bytes alone, so when they
+  // are the ones the kept index was made from (a reload of an unchanged file, the common case),
+  // that index answers, with the key tables the last load built.
+  const bool same = file.result == FileRead::kRead && snapshot.index && snapshot.index->Bytes() == file.bytes;
+  if (!same) snapshot.index.reset();
   switch (file.result) {
     case FileRead::kUnreadable:
       return;
@@ -185,7 +194,7 @@ void TakeSnapshot(Snapshot& snapshot) {
       ReportTooLarge(snapshot.path, file.size);
       break;
     case FileRead::kRead:
-      snapshot.index.emplace(std::move(file.bytes));
+      if (!same) snapshot.index.emplace(std::move(file.bytes));
       break;
     case FileRead::kMissing:
       break;
@@ -202,9 +211,9 @@ Snapshot* SnapshotOf(const std::string& path) {
 }
 
 // The live snapshot taken by name, for reads that name the file rather than its path.
-const Snapshot* SnapshotNamed(const char* fileName) {
+Snapshot* SnapshotNamed(const char* fileName) {
   if (fileName == nullptr) return nullptr;
-  for (const Snapshot& snapshot : gSnapshots) {
+  for (Snapshot& snapshot : gSnapshots) {
     if (snapshot.depth > 0 && !snapshot.fileName.empty() && snapshot.fileName == fileName) return &snapshot;
   }
   return nullptr;
@@ -244,8 +253,9 @@ std::string_view ViewOf(const char* text) {
   return text ? std::string_view(text) : std::string_view();
 }
 
-bool FindValue(const std::string& path, const char* section, const char* key, char* out) {
-  if (Snapshot* snapshot = SnapshotOf(path)) {
+// `snapshot` is the live one of the path, if any.
+bool FindValue(Snapshot* snapshot, const std::string& path, const char* section, const char* key, char* out) {
+  if (snapshot != nullptr) {
     if (!snapshot->index) return false;
     const std::optional<std::string_view> value = snapshot->index->Find(section, key);
     if (value) CopyValue(out, *value);
@@ -441,18 +451,20 @@ std::string PluginFilePath(const char* fileName) {
   return path;
 }
 
-bool ReadIniValueAtPath(const std::string& path, const char* section, const char* key,
-                        char* outValue, const char* defaultValue) {
+namespace {
+
+bool ReadValue(Snapshot* snapshot, const std::string& path, const char* section, const char* key,
+               char* outValue, const char* defaultValue) {
   if (!outValue) return false;
-  const bool found = section && key && FindValue(path, section, key, outValue);
+  const bool found = section && key && FindValue(snapshot, path, section, key, outValue);
   if (!found) CopyValue(outValue, ViewOf(defaultValue));
   return found;
 }
 
-void ReadIniValueTraced(const std::string& path, const char* shownName, const char* section, const char* key,
-                        char* outValue, const char* defaultValue) {
+void ReadValueTraced(Snapshot* snapshot, const std::string& path, const char* shownName, const char* section,
+                     const char* key, char* outValue, const char* defaultValue) {
   if (!outValue) return;
-  const bool found = ReadIniValueAtPath(path, section, key, outValue, defaultValue);
+  const bool found = ReadValue(snapshot, path, section, key, outValue, defaultValue);
   // The DEBUG switches are read before the log is set up and never trace.
   const bool traced = gDebug.DebugEnabled == 1 && gDebug.DebugFunctionAssignments == 1 && section &&
                       std::strcmp(section, "DEBUG") != 0;
@@ -462,12 +474,29 @@ void ReadIniValueTraced(const std::string& path, const char* shownName, const ch
             outValue, defaultValue ? defaultValue : "");
 }
 
+}  // namespace
+
+bool ReadIniValueAtPath(const std::string& path, const char* section, const char* key,
+                        char* outValue, const char* defaultValue) {
+  return ReadValue(SnapshotOf(path), path, section, key, outValue, defaultValue);
+}
+
+void ReadIniValueTraced(const std::string& path, const char* shownName, const char* section, const char* key,
+                        char* outValue, const char* defaultValue) {
+  ReadValueTraced(SnapshotOf(path), path, shownName, section, key, outValue, defaultValue);
+}
+
 void ReadIniValue(const char* fileName, const char* section, const char* key, char* outValue,
                   const char* defaultValue) {
-  // During a load the snapshot's file is known by name: no path is composed for each key.
-  const Snapshot* snapshot = SnapshotNamed(fileName);
-  ReadIniValueTraced(snapshot ? snapshot->path : PluginFilePath(fileName), fileName, section, key, outValue,
-                     defaultValue);
+  // During a load the snapshot's file is known by name: no path is composed, and no snapshot
+  // searched by path, for each key.
+  if (Snapshot* snapshot = SnapshotNamed(fileName)) {
+    ReadValueTraced(snapshot->taken ? snapshot : nullptr, snapshot->path, fileName, section, key, outValue,
+                    defaultValue);
+    return;
+  }
+  const std::string path = PluginFilePath(fileName);
+  ReadValueTraced(SnapshotOf(path), path, fileName, section, key, outValue, defaultValue);
 }
 
 bool IniHasSection(const std::string& path, const char* section) {
@@ -539,7 +568,7 @@ IniReadSnapshot::~IniReadSnapshot() {
   Snapshot& snapshot = gSnapshots[static_cast<std::size_t>(slot_)];
   if (--snapshot.depth > 0) return;
   snapshot.taken = false;
-  snapshot.index.reset();
+  if (snapshot.index && snapshot.index->Bytes().size() > kLargestKeptIndex) snapshot.index.reset();
 }
 
 unsigned IniWriteCount() { return gWrites; }

@@ -84,8 +84,11 @@ std::size_t IniIndex::SectionEnd(std::size_t sectionLine) const {
 
 const IniIndex::KeyTable& IniIndex::Table(std::size_t sectionLine, std::size_t keyLength) {
   const std::uint64_t id = (static_cast<std::uint64_t>(sectionLine) << 16) | keyLength;
-  for (const KeyTable& table : tables_) {
-    if (table.id == id) return table;
+  if (lastTable_ < tables_.size() && tables_[lastTable_].id == id) return tables_[lastTable_];
+  for (std::size_t at = 0; at < tables_.size(); ++at) {
+    if (tables_[at].id != id) continue;
+    lastTable_ = at;
+    return tables_[at];
   }
   std::vector<KeyValue> entries;
   const std::size_t last = SectionEnd(sectionLine);
@@ -103,6 +106,7 @@ const IniIndex::KeyTable& IniIndex::Table(std::size_t sectionLine, std::size_t k
                             [](const KeyValue& a, const KeyValue& b) { return a.key == b.key; }),
                 entries.end());
   tables_.push_back({id, std::move(entries)});
+  lastTable_ = tables_.size() - 1;
   return tables_.back();
 }
 
@@ -118,7 +122,12 @@ std::optional<std::string_view> IniIndex::ScanSection(std::size_t sectionLine, s
 }
 
 std::optional<std::string_view> IniIndex::Find(std::string_view section, std::string_view key) {
-  const std::optional<std::size_t> sectionLine = SectionLine(section);
+  if (!lastSectionKnown_ || section != lastSection_) {
+    lastSectionLine_ = SectionLine(section);
+    lastSection_.assign(section);
+    lastSectionKnown_ = true;
+  }
+  const std::optional<std::size_t> sectionLine = lastSectionLine_;
   if (!sectionLine || *sectionLine + 1 >= lines_.size()) return std::nullopt;
   // Longer than a line: no line can hold it (and the table id keeps 16 bits for the length).
   if (key.size() >= kIniMaxLineLength) return std::nullopt;

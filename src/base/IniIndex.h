@@ -26,6 +26,8 @@ class IniIndex {
   std::optional<std::string_view> Find(std::string_view section, std::string_view key);
   // Whether a line opens the section, by the same rule Find uses.
   bool HasSection(std::string_view section) const { return SectionLine(section).has_value(); }
+  // The file's bytes the index was made from.
+  std::string_view Bytes() const { return bytes_; }
 
  private:
   // The values of one section for keys of one length, sorted by key text; of equal keys only the
@@ -49,6 +51,12 @@ class IniIndex {
   // Text between each '[' and the first ']' after it in the same line -> first line holding it.
   std::unordered_map<std::string_view, std::size_t> sections_;
   std::vector<KeyTable> tables_;  // a load asks a few dozen sections and key lengths
+  // A load asks the keys of one section one after another, most of one length: the last section
+  // and table found answer the next question without a hash or a search.
+  std::string lastSection_;
+  std::optional<std::size_t> lastSectionLine_;
+  bool lastSectionKnown_ = false;
+  std::size_t lastTable_ = 0;
 };
 
 // The line-by-line reader over bytes in memory: what the index must answer for every question.

@@ -63,15 +63,18 @@ std::string ProfilePath(ProfileFile file) {
   return file == ProfileFile::kThisAircraft ? gAircraftProfilePath : PluginFilePath(kConfigFileName);
 }
 
-std::string ReadProfileValue(const std::string& section, const std::string& key, const char* defaultValue) {
-  char value[kIniValueSize];
+void ReadProfileValueInto(const std::string& section, const char* key, const char* defaultValue, char* outValue) {
   const char* fallback = defaultValue != nullptr ? defaultValue : "";
   if (SectionProfile(section) == ProfileFile::kThisAircraft) {
-    ReadIniValueTraced(gAircraftProfilePath, gAircraftProfilePath.c_str(), section.c_str(), key.c_str(), value,
-                       fallback);
+    ReadIniValueTraced(gAircraftProfilePath, gAircraftProfilePath.c_str(), section.c_str(), key, outValue, fallback);
   } else {
-    ReadIniValue(kConfigFileName, section.c_str(), key.c_str(), value, fallback);
+    ReadIniValue(kConfigFileName, section.c_str(), key, outValue, fallback);
   }
+}
+
+std::string ReadProfileValue(const std::string& section, const std::string& key, const char* defaultValue) {
+  char value[kIniValueSize];
+  ReadProfileValueInto(section, key.c_str(), defaultValue, value);
   return value;
 }
 

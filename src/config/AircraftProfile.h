@@ -25,6 +25,8 @@ std::string ProfilePath(ProfileFile file);
 
 // The stored value of the section's key, from the file SectionProfile names, else the default.
 std::string ReadProfileValue(const std::string& section, const std::string& key, const char* defaultValue);
+// The same into `outValue`, which holds kIniValueSize characters: a load reads hundreds of keys.
+void ReadProfileValueInto(const std::string& section, const char* key, const char* defaultValue, char* outValue);
 
 // Both files indexed while it lives (see IniReadSnapshot).
 class ProfileReadSnapshot {

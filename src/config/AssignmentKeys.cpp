@@ -172,21 +172,26 @@ int KeyCount(const AssignmentKeyGroup& group) {
   return group.count > 0 ? group.count : 0;
 }
 
-std::string KeyName(const AssignmentKeyGroup& group, int index) {
-  if (!InGroup(group, index)) return {};
-  std::string key(group.prefix);
+KeySpelling SpellKey(const AssignmentKeyGroup& group, int index) {
+  KeySpelling key;
+  if (!InGroup(group, index)) return key;
+  char* const end = key.text.data() + key.text.size() - 1;  // the last stays the terminator
+  char* at = key.text.data();
+  for (const char* prefix = group.prefix; *prefix != '\0' && at < end; ++prefix) *at++ = *prefix;
   if (group.characters != nullptr) {
-    key += group.characters[index];
+    if (at < end) *at = group.characters[index];
     return key;
   }
   // "%02d" (from 25 on the writer of the file used "%d"; for two-digit numbers that spells the
-  // same), without printf: a load spells several hundred keys.
+  // same), without printf.
   char digits[16];
-  char* end = std::to_chars(digits, digits + sizeof digits, group.firstNumber + index).ptr;
-  if (end - digits == 1) key += '0';
-  key.append(digits, static_cast<std::size_t>(end - digits));
+  char* digitsEnd = std::to_chars(digits, digits + sizeof digits, group.firstNumber + index).ptr;
+  if (digitsEnd - digits == 1 && at < end) *at++ = '0';
+  for (const char* digit = digits; digit != digitsEnd && at < end; ++digit) *at++ = *digit;
   return key;
 }
+
+std::string KeyName(const AssignmentKeyGroup& group, int index) { return SpellKey(group, index).CString(); }
 
 std::uint8_t KeyControl(const AssignmentKeyGroup& group, int index) {
   if (!InGroup(group, index)) return 0;

@@ -3,6 +3,7 @@
 // The loader walks these groups; the calibration keys stand beside them.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -34,6 +35,12 @@ struct AssignmentKeyGroup {
 int KeyCount(const AssignmentKeyGroup& group);
 // "Function1", "Function01", "InputOffStateFunction56"; "" for an index outside the group.
 std::string KeyName(const AssignmentKeyGroup& group, int index);
+// The same in a buffer of its own, for the loader, which spells several hundred keys a load.
+struct KeySpelling {
+  std::array<char, 64> text{};  // null-terminated; every group's prefix and number fit
+  const char* CString() const { return text.data(); }
+};
+KeySpelling SpellKey(const AssignmentKeyGroup& group, int index);
 // The byte that AssignFunction receives for the key; 0 for an index outside the group.
 std::uint8_t KeyControl(const AssignmentKeyGroup& group, int index);
 // The number of a numbered key (1-based, as written), or the position + 1 of a character key.

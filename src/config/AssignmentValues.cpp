@@ -1,10 +1,11 @@
 #include "config/AssignmentValues.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "base/IniFile.h"
 #include "functions/CustomBindingSyntax.h"
@@ -26,6 +27,10 @@ constexpr RadioPrefix kRadioPrefixes[] = {
     {"GF46_", 5, kTargetKindGF46},
     {"GF166_", 6, kTargetKindGF166},
 };
+// What every prefix starts with: a value without it is let go after one search.
+constexpr std::string_view kRadioPrefixHead = "GF";
+static_assert(std::ranges::all_of(kRadioPrefixes,
+                                  [](const RadioPrefix& prefix) { return std::string_view(prefix.text).starts_with(kRadioPrefixHead); }));
 
 constexpr const char* kColourNames[kColourCount] = {"BLACK", "WHITE",   "RED",    "GREEN",
                                                     "BLUE",  "MAGENTA", "YELLOW", "CYAN"};
@@ -61,10 +66,15 @@ std::int32_t UnitAt(const char* value, std::size_t position) {
 class FunctionNames {
  public:
   FunctionNames() {
+    std::size_t names = 0;
+    for (FunctionId id = 0; id < kFunctionCount; ++id) names += GetCatalogueEntry(id) != nullptr ? 1 : 0;
+    std::size_t size = 1;
+    while (size < 2 * names + 1) size *= 2;  // at most half full: a probe or two per look-up
+    slots_.resize(size);
     for (FunctionId id = 0; id < kFunctionCount; ++id) {
       const FunctionCatalogueEntry* entry = GetCatalogueEntry(id);
       if (entry == nullptr) continue;
-      if (entry->name != nullptr) ids_.try_emplace(entry->name, entry->id);
+      if (entry->name != nullptr) Insert(entry->name, entry->id);
       if (entry->iniSuffix != nullptr && std::string_view(entry->iniSuffix).substr(0, kSuffixHead.size()) != kSuffixHead) {
         suffixesShareHead_ = false;
       }
@@ -75,13 +85,43 @@ class FunctionNames {
     if (value == nullptr || !suffixesShareHead_ || std::strstr(value, kSuffixHead.data()) != nullptr) {
       return FindFunctionId(value);
     }
-    const auto found = ids_.find(value);
-    return found != ids_.end() ? found->second : kNada;
+    // The value's length and hash in one pass.
+    std::uint64_t hash = kHashStart;
+    const char* end = value;
+    for (; *end != '\0'; ++end) hash = Mix(hash, *end);
+    const std::string_view name(value, static_cast<std::size_t>(end - value));
+    for (std::size_t at = hash & Mask(); slots_[at].name.data() != nullptr; at = (at + 1) & Mask()) {
+      if (slots_[at].name == name) return slots_[at].id;
+    }
+    return kNada;
   }
 
  private:
+  // Open addressing with FNV-1a: a load resolves hundreds of values, each in a single pass over
+  // its characters and, mostly, one comparison.
+  struct Slot {
+    std::string_view name;  // a null data pointer: empty
+    FunctionId id = kNada;
+  };
+  static constexpr std::uint64_t kHashStart = 14695981039346656037ull;
+  static std::uint64_t Mix(std::uint64_t hash, char c) {
+    return (hash ^ static_cast<unsigned char>(c)) * 1099511628211ull;
+  }
+  std::size_t Mask() const { return slots_.size() - 1; }
+
+  // The first row of a name wins, as in the catalogue's order.
+  void Insert(std::string_view name, FunctionId id) {
+    std::uint64_t hash = kHashStart;
+    for (char c : name) hash = Mix(hash, c);
+    std::size_t at = hash & Mask();
+    for (; slots_[at].name.data() != nullptr; at = (at + 1) & Mask()) {
+      if (slots_[at].name == name) return;
+    }
+    slots_[at] = {name, id};
+  }
+
   static constexpr std::string_view kSuffixHead = "_FUNC_";
-  std::unordered_map<std::string_view, FunctionId> ids_;
+  std::vector<Slot> slots_;
   bool suffixesShareHead_ = true;
 };
 
@@ -93,7 +133,7 @@ FunctionId ResolveFunctionId(const char* value) {
 }
 
 bool FindRadioReference(const char* value, AssignmentTargetUnit* out) {
-  if (value == nullptr) return false;
+  if (value == nullptr || std::strstr(value, kRadioPrefixHead.data()) == nullptr) return false;
   for (const RadioPrefix& prefix : kRadioPrefixes) {
     if (std::strstr(value, prefix.text) == nullptr) continue;
     if (out != nullptr) *out = {UnitAt(value, prefix.numberPosition), prefix.kind};

@@ -1,6 +1,9 @@
 #include "config/Assignments.h"
 
+#include <array>
+#include <charconv>
 #include <cstdio>
+#include <cstring>
 
 #include "base/IniFile.h"
 #include "config/AircraftProfile.h"
@@ -17,6 +20,7 @@
 #include "modules/GFWCP_Module.h"
 #include "modules/ModuleManager.h"
 #include "hid/ModuleTypes.h"
+#include "hid/WriterWakeBatch.h"
 
 namespace drav {
 
@@ -53,9 +57,10 @@ void AssignGroup(const UnitLoad& load, const AssignmentKeyGroup& group) {
 // current mode is the first used one from where the unit was (it survives reloads).
 void LoadModes(const UnitLoad& load, GF_Abstract_AvionicDevice& radio) {
   for (int mode = 0; mode < KeyCount(kRadioModeKeys) && mode < kModeCount; ++mode) {
-    const std::string key = KeyName(kRadioModeKeys, mode);
-    const std::string value = ReadAssignmentValue(load.section, key, KeyDefault(kRadioModeKeys, mode));
-    radio.modeFunction[mode] = ResolveFunctionId(value.c_str());
+    char value[kIniValueSize];
+    ReadProfileValueInto(load.section, SpellKey(kRadioModeKeys, mode).CString(), KeyDefault(kRadioModeKeys, mode),
+                         value);
+    radio.modeFunction[mode] = ResolveFunctionId(value);
   }
   radio.SelectFunction(radio.ChooseCurrentMode());
 }
@@ -190,6 +195,15 @@ void LoadGFWCP(const UnitLoad& load) {
 }
 
 // The GF-DIO's inputs and outputs are numbered, not keyed: each key reaches the board by its number.
+// "%02d" of a GF-DIO input or output number, without printf: a board has 200 keys.
+std::array<char, 12> TwoDigits(int number) {
+  std::array<char, 12> text{};
+  char* at = text.data();
+  if (number >= 0 && number < 10) *at++ = '0';
+  std::to_chars(at, text.data() + text.size() - 1, number);
+  return text;
+}
+
 using GFDIOAssign = void (GFDIO_Module::*)(const char* key, std::int32_t functionId, std::int32_t param1,
                                            std::int32_t param2);
 
@@ -198,9 +212,8 @@ void AssignGFDIOGroup(const UnitLoad& load, GFDIO_Module& board, const Assignmen
   const std::int32_t thisUnit = static_cast<std::int32_t>(load.unit);
   for (int index = 0; index < KeyCount(group); ++index) {
     const ResolvedAssignment assignment = ReadAssignment(load.section, group, index, thisUnit);
-    char number[12];
-    std::snprintf(number, sizeof number, "%02d", KeyNumber(group, index));
-    (board.*assign)(number, assignment.functionId, assignment.target.unit, assignment.target.kind);
+    (board.*assign)(TwoDigits(KeyNumber(group, index)).data(), assignment.functionId, assignment.target.unit,
+                    assignment.target.kind);
   }
 }
 
@@ -248,11 +261,11 @@ UnitLoader FindLoader(std::uint32_t moduleType) {
 }
 
 // The names of a custom value the simulator lacks, each told once in Log.txt.
-void ReportMissingNames(const std::string& section, const std::string& key, const std::string& value, FunctionId id) {
+void ReportMissingNames(const std::string& section, const char* key, const char* value, FunctionId id) {
   struct Where {
     const std::string& section;
-    const std::string& key;
-    const std::string& value;
+    const char* key;
+    const char* value;
   } where{section, key, value};
   ReportMissingCustomNames(
       id,
@@ -268,6 +281,9 @@ void ReportMissingNames(const std::string& section, const std::string& key, cons
 void LoadAllAssignments() {
   RefreshAircraftProfile();  // the aircraft X-Plane has now decides whose sections are read
   const ProfileReadSnapshot snapshot;
+  // Every unit's writer is woken once, when every unit is loaded: waking each as its unit ended
+  // measured slower, a woken writer often taking the main thread's processor mid-load.
+  const WriterWakeBatch wakeOnce;
   for (std::uint32_t moduleType : kAssignmentLoadOrder) LoadTypeAssignments(moduleType);
 }
 
@@ -286,6 +302,10 @@ void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool regi
   UnitLoader load = FindLoader(moduleType);
   if (load == nullptr) return;
   const ProfileReadSnapshot snapshot;
+  // Registering and binding a unit queues a run of light and display reports: its writer (and any
+  // other unit's the run reaches) is woken once, when the unit is loaded (or, in a full load, when
+  // every unit is).
+  const WriterWakeBatch wakeOnce;
   load(UnitLoad{*module, unit, AssignmentSection(moduleType, unit), registerUnit});
 }
 
@@ -305,11 +325,14 @@ std::string ReadAssignmentValue(const std::string& section, const std::string& k
 
 ResolvedAssignment ReadAssignment(const std::string& section, const AssignmentKeyGroup& group, int index,
                                   std::int32_t thisUnit) {
-  const std::string value = ReadAssignmentValue(section, KeyName(group, index), KeyDefault(group, index));
-  const ResolvedAssignment resolved = ResolveAssignment(value.c_str(), group.target, thisUnit);
-  if (resolved.functionId == kNada && !value.empty() && value != GetFunctionName(kNada))
-    SimLogUnknownFunction(section, KeyName(group, index), value);
-  if (IsCustomFunction(resolved.functionId)) ReportMissingNames(section, KeyName(group, index), value, resolved.functionId);
+  // Spelt and read into buffers: a load reads several hundred keys.
+  const KeySpelling key = SpellKey(group, index);
+  char value[kIniValueSize];
+  ReadProfileValueInto(section, key.CString(), KeyDefault(group, index), value);
+  const ResolvedAssignment resolved = ResolveAssignment(value, group.target, thisUnit);
+  if (resolved.functionId == kNada && value[0] != '\0' && std::strcmp(value, GetFunctionName(kNada)) != 0)
+    SimLogUnknownFunction(section, key.CString(), value);
+  if (IsCustomFunction(resolved.functionId)) ReportMissingNames(section, key.CString(), value, resolved.functionId);
   return resolved;
 }
 

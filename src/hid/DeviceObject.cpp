@@ -70,7 +70,10 @@ DeviceObject::DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, 
       path_(StoredPath(path)),
       queue_(deviceClass.queueCapacity, ReportKeyLength(deviceClass)) {}
 
-DeviceObject::~DeviceObject() { Close(); }
+DeviceObject::~DeviceObject() {
+  if (heldBy_ != nullptr) heldBy_->Forget(*this);
+  Close();
+}
 
 void DeviceObject::MoveTo(std::string_view path) {
   openPath_ = std::string(path);
@@ -242,7 +245,11 @@ bool DeviceObject::Enqueue(std::span<const std::uint8_t> report, ReportKind kind
     std::lock_guard<std::mutex> lock(threadMutex_);
     if (writeSignals_ < queue_.Capacity()) ++writeSignals_;
   }
-  writeWake_.notify_one();
+  if (WriterWakeBatch* batch = WriterWakeBatch::OpenOnThisThread()) {
+    batch->Hold(*this);
+  } else {
+    WakeWriter();
+  }
   return true;
 }
 
@@ -322,6 +329,51 @@ std::int32_t DeviceObject::SetDIOOutputs(const std::array<std::uint8_t, 4>& outp
   Enqueue({report.data(), length}, ReportKind::Output);
   outputs_.dioOutputs = outputs;
   return kGFDevDone;
+}
+
+// ---- waking the writers of a run of reports once -------------------------------------------------
+
+namespace {
+thread_local WriterWakeBatch* tOpenBatch = nullptr;
+}  // namespace
+
+WriterWakeBatch::WriterWakeBatch() : outermost_(tOpenBatch == nullptr) {
+  if (outermost_) tOpenBatch = this;
+}
+
+WriterWakeBatch::~WriterWakeBatch() {
+  if (!outermost_) return;
+  tOpenBatch = nullptr;
+  DeviceObject* object = first_;
+  while (object != nullptr) {
+    DeviceObject* next = object->nextHeld_;
+    object->heldBy_ = nullptr;
+    object->nextHeld_ = nullptr;
+    object->WakeWriter();
+    object = next;
+  }
+}
+
+WriterWakeBatch* WriterWakeBatch::OpenOnThisThread() { return tOpenBatch; }
+
+void WriterWakeBatch::Hold(DeviceObject& object) {
+  if (object.heldBy_ != nullptr) return;
+  object.heldBy_ = this;
+  object.nextHeld_ = nullptr;
+  (last_ != nullptr ? last_->nextHeld_ : first_) = &object;
+  last_ = &object;
+}
+
+void WriterWakeBatch::Forget(DeviceObject& object) {
+  DeviceObject* before = nullptr;
+  for (DeviceObject* at = first_; at != nullptr; before = at, at = at->nextHeld_) {
+    if (at != &object) continue;
+    (before != nullptr ? before->nextHeld_ : first_) = at->nextHeld_;
+    if (last_ == at) last_ = before;
+    break;
+  }
+  object.heldBy_ = nullptr;
+  object.nextHeld_ = nullptr;
 }
 
 // ---- read thread ------------------------------------------------------------------------------

@@ -24,6 +24,7 @@
 
 #include "hid/DeviceClasses.h"
 #include "hid/ReportQueue.h"
+#include "hid/WriterWakeBatch.h"
 #include "hid/backend/HidBackend.h"
 
 namespace drav {
@@ -104,9 +105,12 @@ class DeviceObject {
 
   // ---- output ----------------------------------------------------------------------------------
   // Queues a report for the write thread. False when it was dropped (queue full, no writer, too
-  // long); callers of the access interface still answer success for a full queue.
+  // long); callers of the access interface still answer success for a full queue. Inside a
+  // WriterWakeBatch the writer is woken when the batch ends, else at once.
   bool Enqueue(std::span<const std::uint8_t> report, ReportKind kind = ReportKind::Feature);
   std::size_t QueuedReports() const { return queue_.Count(); }
+  // How often queued reports woke the write thread: once per report, or once per WriterWakeBatch.
+  std::uint64_t ReportWakeUps() const { return reportWakeUps_.load(); }
   // Reads a feature report on the device handle (buffer[0] = report id). False on failure.
   bool ReadFeature(std::uint8_t* buffer, std::size_t length);
   // Main thread: the same, but the unit's write thread reads it, so that a unit that stalls (or
@@ -156,6 +160,12 @@ class DeviceObject {
   bool RedeliverRefusedInput();
 
  private:
+  friend class WriterWakeBatch;
+  void WakeWriter() {
+    reportWakeUps_.fetch_add(1);
+    writeWake_.notify_one();
+  }
+
   bool ReadDeviceInfo(HidDeviceHandle& handle);
   void ReadInitialState();
   void SendAfterOpenOutputs();
@@ -197,6 +207,7 @@ class DeviceObject {
   std::atomic<bool> stop_{false};
   std::atomic<std::uint64_t> inputReportsHandled_{0};
   std::atomic<bool> initialReadPending_{false};
+  std::atomic<std::uint64_t> reportWakeUps_{0};
 
   std::thread readThread_;
   std::thread writeThread_;
@@ -232,6 +243,10 @@ class DeviceObject {
   std::atomic<bool> inputRefused_{false};
 
   OutputMemory outputs_;
+
+  // The batch that will wake this unit's writer, and the next unit it holds (its thread only).
+  WriterWakeBatch* heldBy_ = nullptr;
+  DeviceObject* nextHeld_ = nullptr;
 };
 
 }  // namespace drav

@@ -2,6 +2,7 @@
 // exercise every line rule; the copy follows writes made through the reader and nothing else.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -69,6 +70,43 @@ TEST_F(IniSnapshotTest, ReadsComeFromTheCopyUntilTheLastSnapshotEnds) {
     EXPECT_EQ(Read("A", "K"), "old");
   }
   EXPECT_EQ(Read("A", "K"), "changed behind the reader's back") << "afterwards the file is read again";
+}
+
+// One load after another: each snapshot reads the file again, and an index made for other bytes
+// (the same length, another value; a file that went away; another file) must never answer. Within a
+// load the questions jump between sections and key lengths, as the loader's do.
+TEST_F(IniSnapshotTest, EachSnapshotAnswersFromTheFileAsItIsThen) {
+  const std::string other = (PluginFolder() / "OTHER.INI").string();
+  auto load = [&](const char* expectedK) {
+    const drav::IniReadSnapshot snapshot;
+    for (int round = 0; round < 2; ++round) {
+      EXPECT_EQ(Read("A", "K"), expectedK);
+      EXPECT_EQ(Read("A", "LL"), "a-ll");
+      EXPECT_EQ(Read("B", "K"), "b-k");
+      EXPECT_EQ(Read("A", "K"), expectedK) << "after another section";
+      EXPECT_EQ(Read("B", "LL"), "<default>");
+    }
+  };
+  GivenIni("[A]\r\nK=1\r\nLL=a-ll\r\n[B]\r\nK=b-k\r\n");
+  load("1");
+  load("1");
+  GivenIni("[A]\r\nK=2\r\nLL=a-ll\r\n[B]\r\nK=b-k\r\n");  // one byte differs
+  load("2");
+  std::filesystem::remove(IniPath());
+  {
+    const drav::IniReadSnapshot snapshot;
+    EXPECT_EQ(Read("A", "K"), "<default>") << "the file went away";
+  }
+  // The other file takes the slot in between, with bytes of its own.
+  drav_test::WriteBytes(other, "[A]\r\nK=other\r\n");
+  {
+    const drav::IniReadSnapshot snapshot(drav::IniPath{other});
+    char value[drav::kIniValueSize];
+    drav::ReadIniValueAtPath(other, "A", "K", value, "<default>");
+    EXPECT_EQ(std::string(value), "other");
+  }
+  GivenIni("[A]\r\nK=3\r\nLL=a-ll\r\n[B]\r\nK=b-k\r\n");
+  load("3");
 }
 
 TEST_F(IniSnapshotTest, WritesThroughTheReaderRefreshTheCopy) {

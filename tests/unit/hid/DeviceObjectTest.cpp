@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <memory>
+#include <thread>
 
 #include "VirtualPanels.h"
 #include "hid/DeviceClasses.h"
@@ -320,6 +321,82 @@ TEST_F(DeviceObjectTest, InputIsDecodedKeptAndDeliveredWithTheUnitNumber) {
   GF46InputRecord delivered;
   std::memcpy(&delivered, records[0].bytes.data(), sizeof delivered);
   EXPECT_EQ(delivered.encoder2, -1);
+}
+
+// ---- waking the writer once for a run of reports ---------------------------------------------------
+
+// A run of reports wakes each unit's writer once, when the outermost batch ends, and everything
+// queued is sent in order. Outside a batch, and from another thread during one, each report wakes
+// the writer at once.
+TEST_F(DeviceObjectTest, ABatchWakesEachUnitOnceWhenItEndsAndLosesNothing) {
+  auto first = Make(8);  // GF-46
+  const std::string secondPath = "/dev/virtual/unit1";
+  ASSERT_TRUE(panels_.Plug(secondPath, SpecOf(8)));
+  auto second = std::make_unique<DeviceObject>(*FindDeviceClass(8), counting_, secondPath);
+  first->Open();
+  second->Open();
+  const std::uint64_t firstBefore = first->ReportWakeUps();
+  const std::uint64_t secondBefore = second->ReportWakeUps();
+  {
+    const WriterWakeBatch outer;
+    {
+      const WriterWakeBatch inner;
+      Queue(*first, {3, 1});
+      Queue(*second, {3, 1});
+    }
+    EXPECT_EQ(first->ReportWakeUps(), firstBefore) << "an inner batch wakes no one";
+    Queue(*first, {3, 2});
+    Queue(*first, {3, 3});
+    std::thread([&] { Queue(*second, {3, 2}); }).join();
+    EXPECT_EQ(second->ReportWakeUps(), secondBefore + 1) << "another thread's report is not held back";
+    EXPECT_EQ(first->ReportWakeUps(), firstBefore);
+  }
+  EXPECT_EQ(first->ReportWakeUps(), firstBefore + 1);
+  EXPECT_EQ(second->ReportWakeUps(), secondBefore + 2);
+  ASSERT_TRUE(Idle(*first));
+  ASSERT_TRUE(Idle(*second));
+  auto sent = Sent();
+  ASSERT_EQ(sent.size(), 3u);
+  EXPECT_EQ(sent[0].bytes, (Bytes{3, 1}));
+  EXPECT_EQ(sent[2].bytes, (Bytes{3, 3}));
+  auto sentToSecond = panels_.Sent(secondPath);
+  ASSERT_EQ(sentToSecond.size(), 2u);
+  EXPECT_EQ(sentToSecond[1].bytes, (Bytes{3, 2}));
+
+  Queue(*first, {3, 4});
+  EXPECT_EQ(first->ReportWakeUps(), firstBefore + 2) << "a lone report wakes the writer at once";
+}
+
+// Units held by a batch may go away before it ends (from the middle and the end of its list); the
+// end wakes the others, and a unit held after that is woken too.
+TEST_F(DeviceObjectTest, AUnitThatGoesAwayDuringABatchIsLeftOutOfItsEnd) {
+  std::vector<std::unique_ptr<DeviceObject>> units;
+  auto add = [&] {
+    const std::string path = "/dev/virtual/unit" + std::to_string(units.size() + 1);
+    EXPECT_TRUE(panels_.Plug(path, SpecOf(8)));
+    units.push_back(std::make_unique<DeviceObject>(*FindDeviceClass(8), counting_, path));
+    units.back()->Open();
+    return units.back().get();
+  };
+  DeviceObject* kept = add();
+  add();
+  add();
+  {
+    const WriterWakeBatch batch;
+    for (auto& unit : units) Queue(*unit, {3, 1});
+    units[1].reset();
+    units[2].reset();
+    DeviceObject* late = add();
+    Queue(*late, {3, 2});
+    Queue(*kept, {3, 2});
+    EXPECT_EQ(kept->ReportWakeUps(), 0u);
+  }
+  EXPECT_EQ(kept->ReportWakeUps(), 1u);
+  EXPECT_EQ(units[3]->ReportWakeUps(), 1u);
+  ASSERT_TRUE(Idle(*kept));
+  ASSERT_TRUE(Idle(*units[3]));
+  EXPECT_EQ(panels_.Sent("/dev/virtual/unit1").size(), 2u);
+  EXPECT_EQ(panels_.Sent("/dev/virtual/unit4").size(), 1u);
 }
 
 TEST_F(DeviceObjectTest, PathIsUpperCasedAndBounded) {
