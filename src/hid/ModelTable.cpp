@@ -33,10 +33,11 @@ constexpr PanelModel Model(ModuleType type, const char* name, const char* logWor
   return {type, name, logWord, sectionFormat, productId, slots, deviceClass};
 }
 
-// Indexed by the model number; row 0 answers for every number that is not a model. The device
-// class: opened after entry, queue, write strategy, read pause, initial query, reads serial,
-// input decoder, initial-state decoder, after open, record size[, report key length].
-constexpr std::array<PanelModel, kLastModuleType + 1> kModels = {{
+}  // namespace
+
+// The device class: opened after entry, queue, write strategy, read pause, initial query, reads
+// serial, input decoder, initial-state decoder, after open, record size[, report key length].
+constexpr PanelModel kPanelModelRows[kLastModuleType + 1] = {
     Model(kModuleNone, "NONE", "Unknown", "NONE", 0, 0, {}),
     Model(kModuleGF45, "GF-45", "GF45", "GF45_%d", 0x0010, 16,
           {false, kModelQueue, WS::FeatureDrop, 0ms, kNoInitialQuery, false,
@@ -110,17 +111,19 @@ constexpr std::array<PanelModel, kLastModuleType + 1> kModels = {{
           {true, kSharedBaseQueue, WS::ByReportKind, 0ms, kGFDIOInitialQuery, false,
            kDecoder<GFDIOInputRecord, DecodeGFDIOInput>, kDecoder<GFDIOInputRecord, DecodeGFDIOFeature>,
            AfterOpen::DIOOutputsOff, sizeof(GFDIOInputRecord)}),
-}};
+};
+
+namespace {
 
 constexpr bool RowsMatchTheirIndex() {
-  for (std::uint32_t i = 0; i < kModels.size(); ++i) {
-    if (kModels[i].moduleType != i) return false;
+  for (std::uint32_t i = 0; i <= kLastModuleType; ++i) {
+    if (kPanelModelRows[i].moduleType != i) return false;
   }
   return true;
 }
 static_assert(RowsMatchTheirIndex(), "the table is indexed by the model number");
 
-constexpr const PanelModel* Row(ModuleType type) { return &kModels[type]; }
+constexpr const PanelModel* Row(ModuleType type) { return &kPanelModelRows[type]; }
 
 // The order in which a product id is tested against the models, which is also the order in which
 // the tables are walked and torn down. Every model with slots appears once.
@@ -132,7 +135,7 @@ constexpr const PanelModel* kLookupOrder[] = {
 };
 
 constexpr bool EveryTableListedOnce() {
-  for (const PanelModel& model : kModels) {
+  for (const PanelModel& model : kPanelModelRows) {
     int listed = 0;
     for (const PanelModel* entry : kLookupOrder) listed += entry == &model ? 1 : 0;
     if (listed != (model.slots > 0 ? 1 : 0)) return false;
@@ -141,7 +144,7 @@ constexpr bool EveryTableListedOnce() {
 }
 static_assert(EveryTableListedOnce(), "the lookup order holds every model with a table exactly once");
 
-const PanelModel& RowOf(std::uint32_t type) { return kModels[IsKnownModuleType(type) ? type : kModuleNone]; }
+const PanelModel& RowOf(std::uint32_t type) { return kPanelModelRows[IsKnownModuleType(type) ? type : kModuleNone]; }
 
 }  // namespace
 

@@ -25,6 +25,9 @@ struct PanelModel {
   DeviceClass deviceClass;
 };
 
+// Indexed by the model number; row 0 ("NONE") stands for every number that is not a model.
+extern const PanelModel kPanelModelRows[kLastModuleType + 1];
+
 // The models with a table, in the order of the product-id tests (which is also the teardown order).
 std::span<const PanelModel* const> PanelModels();
 // Null for GF-TPM (16) and numbers outside 1..19: those have no table.

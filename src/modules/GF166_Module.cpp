@@ -11,6 +11,7 @@
 #include "base/Settings.h"
 #include "hid/ModuleTypes.h"
 #include "modules/PanelPower.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -288,5 +289,26 @@ void GF166_Module::SelectFunction(std::int32_t functionId) {
   if (StepMode(functionId)) return;
   secondary = nullptr;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered first; the two buttons, then the modes.
+void LoadAssignments(GF166_Module& radio, UnitAssignments& unit) {
+  RegisterUnit(radio, unit);
+  AssignGroup(radio, unit, kGF166ButtonKeys);
+  LoadRadioModes(radio, unit);
+  radio.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGF166Descriptor = {
+    &kPanelModelRows[kModuleGF166],
+    &GFDev_GF166_Count,
+    &MakeModuleVector<GF166_Module>,
+    &LoadAs<GF166_Module, LoadAssignments>,
+};
 
 }  // namespace drav

@@ -4,6 +4,7 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -60,5 +61,14 @@ void GF45_Module::HandleInput(std::int32_t control, std::int32_t value) {
     TurnInnerRing(value);
   }
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+constexpr ModelDescriptor kGF45Descriptor = {
+    &kPanelModelRows[kModuleGF45],
+    &GFDev_GF45_Count,
+    &MakeModuleVector<GF45_Module>,
+    &LoadAs<GF45_Module, LoadRadioAssignments>,
+};
 
 }  // namespace drav

@@ -4,6 +4,7 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -86,5 +87,14 @@ void GF46_Module::StepToNextMode() {
   SelectFunction(next);
   SetDisplay();
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+constexpr ModelDescriptor kGF46Descriptor = {
+    &kPanelModelRows[kModuleGF46],
+    &GFDev_GF46_Count,
+    &MakeModuleVector<GF46_Module>,
+    &LoadAs<GF46_Module, LoadRadioAssignments>,
+};
 
 }  // namespace drav

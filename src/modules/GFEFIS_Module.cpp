@@ -9,6 +9,7 @@
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
 #include "hid/ModuleTypes.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -225,5 +226,26 @@ std::int32_t GFEFIS_Module::GetAssignedFunction(std::uint8_t key) {
   }
   return IsButtonKey(key) ? GetFunctionId(buttonFunctions[key]) : 0;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first: Register puts the simulator where the panel's selectors and switches are, through
+// the new bindings.
+void LoadAssignments(GFEFIS_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFEFISButtonKeys);
+  AssignGroup(panel, unit, kGFEFISKnobKeys);
+  RegisterUnit(panel, unit);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFEFISDescriptor = {
+    &kPanelModelRows[kModuleGFEFIS],
+    &GFDev_GFEFIS_Count,
+    &MakeModuleVector<GFEFIS_Module>,
+    &LoadAs<GFEFIS_Module, LoadAssignments>,
+};
 
 }  // namespace drav

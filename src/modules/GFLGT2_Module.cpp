@@ -6,6 +6,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -183,5 +184,29 @@ std::int32_t GFLGT2_Module::GetAssignedFunction(std::uint8_t key) {
   if (wheelIndex < 0 || wheels[wheelIndex] == nullptr) return 0;
   return GetAvionicFunctionId(*wheels[wheelIndex]);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first, so that Register brings the new gear and fuel functions to where the lever and
+// the selector really are.
+void LoadAssignments(GFLGT2_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFLGT2Keys);
+  for (std::int32_t wheel = 0; wheel < kLGT2Wheels; ++wheel) {
+    panel.SetWheelGain(wheel, unit.ReadWheelGain(kGFLGT2WheelGains[wheel]));
+  }
+  RegisterUnit(panel, unit);
+  panel.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFLGT2Descriptor = {
+    &kPanelModelRows[kModuleGFLGT2],
+    &GFDev_GFLGT2_Count,
+    &MakeModuleVector<GFLGT2_Module>,
+    &LoadAs<GFLGT2_Module, LoadAssignments>,
+};
 
 }  // namespace drav

@@ -6,6 +6,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -129,5 +130,26 @@ std::int32_t GFLGT_Module::GetAssignedFunction(std::uint8_t key) {
     default: return 0;
   }
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first, so that Register brings the new gear function to where the lever really is.
+void LoadAssignments(GFLGT_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFLGTKeys);
+  panel.SetWheelGain(unit.ReadWheelGain(kGFLGTWheelGain));
+  RegisterUnit(panel, unit);
+  panel.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFLGTDescriptor = {
+    &kPanelModelRows[kModuleGFLGT],
+    &GFDev_GFLGT_Count,
+    &MakeModuleVector<GFLGT_Module>,
+    &LoadAs<GFLGT_Module, LoadAssignments>,
+};
 
 }  // namespace drav

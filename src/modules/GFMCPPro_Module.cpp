@@ -15,6 +15,7 @@
 #include "base/Settings.h"
 #include "modules/McpDisplaySlot.h"
 #include "modules/PanelPower.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -303,5 +304,26 @@ std::int32_t GFMCPPro_Module::GetAssignedFunction(std::uint8_t key) {
   }
   return kNada;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered first, as the GF-MCP; the defaults follow the x737 mode at the time of loading.
+void LoadAssignments(GFMCPPro_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, GFMCPProButtonKeys(X737Mode));
+  AssignGroup(panel, unit, GFMCPProKnobKeys(X737Mode));
+  panel.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFMCPProDescriptor = {
+    &kPanelModelRows[kModuleGFMCPPro],
+    &GFDev_GFMCPPro_Count,
+    &MakeModuleVector<GFMCPPro_Module>,
+    &LoadAs<GFMCPPro_Module, LoadAssignments>,
+};
 
 }  // namespace drav

@@ -11,6 +11,7 @@
 #include "base/Settings.h"
 #include "modules/McpDisplaySlot.h"
 #include "modules/PanelPower.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -180,5 +181,27 @@ std::int32_t GFMCP_Module::GetAssignedFunction(std::uint8_t key) {
   }
   return kNada;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered first: Register brings the disengage function to where the bar is (it was bound by
+// the previous load; the first load finds it unbound).
+void LoadAssignments(GFMCP_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, kGFMCPButtonKeys);
+  AssignGroup(panel, unit, kGFMCPKnobKeys);
+  panel.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFMCPDescriptor = {
+    &kPanelModelRows[kModuleGFMCP],
+    &GFDev_GFMCP_Count,
+    &MakeModuleVector<GFMCP_Module>,
+    &LoadAs<GFMCP_Module, LoadAssignments>,
+};
 
 }  // namespace drav

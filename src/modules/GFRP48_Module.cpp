@@ -6,6 +6,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "hid/ModuleTypes.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -96,5 +97,25 @@ std::int32_t GFRP48_Module::GetAssignedFunction(std::uint8_t key) {
   const AvionicFunction* dial = dialFunctions[dialIndex];
   return dial != nullptr ? GetAvionicFunctionId(*dial) : 0;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered before binding: its push buttons need no synchronisation.
+void LoadAssignments(GFRP48_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, kGFRP48Keys);
+  panel.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFRP48Descriptor = {
+    &kPanelModelRows[kModuleGFRP48],
+    &GFDev_GFRP48_Count,
+    &MakeModuleVector<GFRP48_Module>,
+    &LoadAs<GFRP48_Module, LoadAssignments>,
+};
 
 }  // namespace drav

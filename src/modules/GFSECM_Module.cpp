@@ -6,6 +6,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -187,5 +188,25 @@ void GFSECM_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, st
 std::int32_t GFSECM_Module::GetAssignedFunction(std::uint8_t key) {
   return IsBoundKey(key) ? GetFunctionId(buttonFunctions[key]) : 0;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first: Register puts the simulator where the panel's switches are, through the new
+// bindings.
+void LoadAssignments(GFSECM_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFSECMKeys);
+  RegisterUnit(panel, unit);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFSECMDescriptor = {
+    &kPanelModelRows[kModuleGFSECM],
+    &GFDev_GFSECM_Count,
+    &MakeModuleVector<GFSECM_Module>,
+    &LoadAs<GFSECM_Module, LoadAssignments>,
+};
 
 }  // namespace drav

@@ -4,6 +4,7 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -54,5 +55,25 @@ void GFT8_Module::HandleInput(std::int32_t control, std::int32_t value) {
   }
   SetSwitch(control, value != 0);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first, so that Register's switch synchronisation runs the new functions.
+void LoadAssignments(GFT8_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFP8Keys);
+  RegisterUnit(panel, unit);
+  panel.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFT8Descriptor = {
+    &kPanelModelRows[kModuleGFT8],
+    &GFDev_GFT8_Count,
+    &MakeModuleVector<GFT8_Module>,
+    &LoadAs<GFT8_Module, LoadAssignments>,
+};
 
 }  // namespace drav

@@ -5,6 +5,8 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "hid/GFDev.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -70,5 +72,32 @@ void GFTQ6_Module::SetFlapNullZones(float flapNullZone) {
 void GFTQ6_Module::ReloadLevers() {
   for (LeverFunction& lever : levers) RebindLever(lever);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// The levers are bound after Register, then every lever gets the unit's reverse, beta,
+// reverser-power and flap settings.
+void LoadAssignments(GFTQ6_Module& quadrant, UnitAssignments& unit) {
+  RegisterUnit(quadrant, unit);
+  AssignGroup(quadrant, unit, kGFTQ6LeverKeys);
+  // Read one by one: each read may trace, and the trace keeps the keys' order.
+  const float reversePoint = unit.ReadReal(kGFTQ6LeverCalibration[0]);
+  const float betaPoint = unit.ReadReal(kGFTQ6LeverCalibration[1]);
+  const float reverserPower = unit.ReadReal(kGFTQ6LeverCalibration[2]);
+  quadrant.SetLeverReversers(reversePoint, betaPoint, reverserPower);
+  quadrant.SetFlapNullZones(unit.ReadReal(kGFTQ6FlapNullZone));
+  quadrant.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFTQ6Descriptor = {
+    &kPanelModelRows[kModuleGFTQ6],
+    &GFDev_GFTQ6_Count,
+    &MakeModuleVector<GFTQ6_Module>,
+    &LoadAs<GFTQ6_Module, LoadAssignments>,
+};
 
 }  // namespace drav

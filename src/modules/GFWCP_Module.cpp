@@ -6,6 +6,7 @@
 #include "modules/CommandTables.h"
 #include "base/OptionalXplmApi.h"
 #include "modules/PanelPower.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -136,5 +137,28 @@ std::int32_t GFWCP_Module::GetAssignedFunction(std::uint8_t key) {
   const std::int32_t index = ButtonIndexOfKey(key);
   return index < 0 ? 0 : GetFunctionId(buttonFunctions[index]);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// The six buttons, then the colour that each light shows when lit.
+void LoadAssignments(GFWCP_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, kGFWCPKeys);
+  for (int index = 0; index < KeyCount(kGFWCPColourKeys) && index < kGFWCPButtons; ++index) {
+    panel.colours[index] = static_cast<std::uint8_t>(unit.ReadColour(kGFWCPColourKeys, index));
+  }
+  panel.SetDisplay();
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFWCPDescriptor = {
+    &kPanelModelRows[kModuleGFWCP],
+    &GFDev_GFWCP_Count,
+    &MakeModuleVector<GFWCP_Module>,
+    &LoadAs<GFWCP_Module, LoadAssignments>,
+};
 
 }  // namespace drav

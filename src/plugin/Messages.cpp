@@ -15,9 +15,6 @@ namespace drav {
 
 namespace {
 
-constexpr std::uint32_t kGFMCPProType = 12;
-constexpr std::uint32_t kGFTQ6Type = 9;
-
 // The GF-MCPPro's defaults depend on the x737 mode, and the dialog shows it as available or not, so
 // both are brought up to date.
 void SwitchX737Mcp(int on) {
@@ -25,14 +22,14 @@ void SwitchX737Mcp(int on) {
   X737McpDirect = on;
   if (LoadOptionalXplmApi()) ResolveX737McpCommands();
   CloseAssignDialog();
-  LoadTypeAssignments(kGFMCPProType);
+  LoadTypeAssignments(kModuleGFMCPPro);
 }
 
 // The throttle levers take the new aircraft's engine and control limits. The walk stops at the
 // first unit without a module object.
 void RebindThrottleQuadrants() {
   GF_Abstract_Module* module = nullptr;
-  for (std::uint32_t unit = 0; TheModuleManager().FindModule(kGFTQ6Type, unit, &module) == 1; ++unit) {
+  for (std::uint32_t unit = 0; TheModuleManager().FindModule(kModuleGFTQ6, unit, &module) == 1; ++unit) {
     if (auto* quadrant = dynamic_cast<GFTQ6_Module*>(module)) quadrant->ReloadLevers();
   }
 }

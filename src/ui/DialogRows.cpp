@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <span>
 
-#include "config/AssignmentKeys.h"
+#include "modules/AssignmentKeys.h"
 #include "base/IniFile.h"
 #include "base/HostState.h"
 #include "hid/ModuleTypes.h"

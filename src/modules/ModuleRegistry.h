@@ -1,0 +1,95 @@
+// The panel models the modules know, one descriptor each. Every model's descriptor stands at the
+// end of its own <Model>_Module.cpp: its row in the device layer's model table, how its units are
+// counted, the factory of its module container and the hook that loads a unit's assignments. The
+// registry lists them; the orders that behaviour fixes stand beside it as short lists.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "hid/ModelTable.h"
+#include "modules/AssignmentKeys.h"
+#include "modules/GF_Abstract_Module.h"
+#include "modules/ModuleContainer.h"
+
+namespace drav {
+
+// A unit's key, read from its section and resolved: the function it names and the unit and kind of
+// radio the function acts on ((-1, -1) when it acts on none).
+struct AssignedKey {
+  std::int32_t functionId;
+  std::int32_t targetUnit;
+  std::int32_t targetKind;
+};
+
+// What a model's load hook reads from its unit's section of DRAV.INI, values already parsed. The
+// configuration layer implements it; each hook decides the order of the reads and of Register,
+// which the models need differently.
+class UnitAssignments {
+ public:
+  // The unit being loaded, and whether the load binds the module to it again (the dialog reloads
+  // the GF-DIO without registering it, so that the input bank it holds survives).
+  virtual std::uint16_t Unit() const = 0;
+  virtual bool Registering() const = 0;
+  // Key `index` of the group (each read may trace, in the order the hook asks).
+  virtual AssignedKey Read(const AssignmentKeyGroup& group, int index) = 0;
+  // A key's value as a function id only (the radios' mode table).
+  virtual std::int32_t ReadFunctionId(const AssignmentKeyGroup& group, int index) = 0;
+  // A key's value as a colour or a switch type (its index in the dialog's list).
+  virtual int ReadColour(const AssignmentKeyGroup& group, int index) = 0;
+  virtual int ReadSwitchType(const AssignmentKeyGroup& group, int index) = 0;
+  // The calibration numbers, defaults applied.
+  virtual int ReadWheelGain(const CalibrationKey& key) = 0;
+  virtual float ReadReal(const CalibrationKey& key) = 0;
+
+ protected:
+  ~UnitAssignments() = default;
+};
+
+// Register for the unit being loaded.
+void RegisterUnit(GF_Abstract_Module& module, const UnitAssignments& unit);
+// Every key of the group, in order, through the module's AssignFunction.
+void AssignGroup(GF_Abstract_Module& module, UnitAssignments& unit, const AssignmentKeyGroup& group);
+
+// The radios' Function1..Function8 go straight into the mode table (function ids only), then the
+// current mode is the first used one from where the unit was (it survives reloads).
+void LoadRadioModes(GF_Abstract_AvionicDevice& radio, UnitAssignments& unit);
+// The GF-45's and GF-46's hook: the radio is registered first, then its modes are loaded.
+void LoadRadioAssignments(GF_Abstract_AvionicDevice& radio, UnitAssignments& unit);
+
+using LoadAssignmentsHook = void (*)(GF_Abstract_Module& module, UnitAssignments& unit);
+
+// A hook written for one model class (or a base of it), run only on the objects of that model's own
+// factory.
+template <class T, auto Load>
+void LoadAs(GF_Abstract_Module& module, UnitAssignments& unit) {
+  Load(static_cast<T&>(module), unit);
+}
+
+struct ModelDescriptor {
+  const PanelModel* hid;  // the model's row in the device layer's table
+  // The device layer's count of present units of the model.
+  std::int32_t (*count)();
+  // Builds the model's empty container.
+  std::unique_ptr<ModuleContainer> (*makeContainer)();
+  // Loads one unit's assignments into a module made by makeContainer; null: nothing to load.
+  LoadAssignmentsHook loadAssignments;
+
+  ModuleType Type() const { return hid->moduleType; }
+};
+
+// The production descriptors, in the order in which CreateModules sizes the containers.
+std::span<const ModelDescriptor* const> ProductionModels();
+// The production descriptor of a model; null for a model without module class.
+const ModelDescriptor* FindProductionModel(std::uint32_t moduleType);
+
+// The order in which every unit's assignments are loaded: radios first, the GF-DIO last.
+inline constexpr ModuleType kAssignmentLoadOrder[] = {
+    kModuleGF45,  kModuleGF46,  kModuleGF166,    kModuleGFLGT,   kModuleGFLGT2, kModuleGFMCP,
+    kModuleGFT8,  kModuleGFP8,  kModuleGFRP48,   kModuleGFTQ6,   kModuleGFMCPPro, kModuleGFEFIS,
+    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM,  kModuleGFDIO,
+};
+
+}  // namespace drav
