@@ -309,6 +309,9 @@ constexpr ModelDescriptor kGF166Descriptor = {
     &GFDev_GF166_Count,
     &MakeModuleVector<GF166_Module>,
     &LoadAs<GF166_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GF166_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GF166_SetBrightness>, false},
 };
 
 }  // namespace drav

@@ -69,6 +69,7 @@ constexpr ModelDescriptor kGF45Descriptor = {
     &GFDev_GF45_Count,
     &MakeModuleVector<GF45_Module>,
     &LoadAs<GF45_Module, LoadRadioAssignments>,
+    {nullptr, &WriteBrightness<std::int32_t, GFDev_GF45_SetBrightness>, false},  // sent, never asked
 };
 
 }  // namespace drav

@@ -95,6 +95,9 @@ constexpr ModelDescriptor kGF46Descriptor = {
     &GFDev_GF46_Count,
     &MakeModuleVector<GF46_Module>,
     &LoadAs<GF46_Module, LoadRadioAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GF46_GetBrightness>,
+     &WriteBrightness<std::int32_t, GFDev_GF46_SetBrightness>, false},
 };
 
 }  // namespace drav

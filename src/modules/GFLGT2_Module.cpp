@@ -207,6 +207,9 @@ constexpr ModelDescriptor kGFLGT2Descriptor = {
     &GFDev_GFLGT2_Count,
     &MakeModuleVector<GFLGT2_Module>,
     &LoadAs<GFLGT2_Module, LoadAssignments>,
+    // brightness: its own reversed scale
+    {&ReadBrightness<std::uint16_t, GFDev_GFLGT2_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFLGT2_SetBrightness>, true},
 };
 
 }  // namespace drav

@@ -150,6 +150,9 @@ constexpr ModelDescriptor kGFLGTDescriptor = {
     &GFDev_GFLGT_Count,
     &MakeModuleVector<GFLGT_Module>,
     &LoadAs<GFLGT_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFLGT_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFLGT_SetBrightness>, false},
 };
 
 }  // namespace drav

@@ -324,6 +324,9 @@ constexpr ModelDescriptor kGFMCPProDescriptor = {
     &GFDev_GFMCPPro_Count,
     &MakeModuleVector<GFMCPPro_Module>,
     &LoadAs<GFMCPPro_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFMCPPro_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFMCPPro_SetBrightness>, false},
 };
 
 }  // namespace drav

@@ -202,6 +202,9 @@ constexpr ModelDescriptor kGFMCPDescriptor = {
     &GFDev_GFMCP_Count,
     &MakeModuleVector<GFMCP_Module>,
     &LoadAs<GFMCP_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFMCP_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFMCP_SetBrightness>, false},
 };
 
 }  // namespace drav

@@ -53,6 +53,9 @@ constexpr ModelDescriptor kGFP8Descriptor = {
     &GFDev_GFP8_Count,
     &MakeModuleVector<GFP8_Module>,
     &LoadAs<GFP8_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFP8_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFP8_SetBrightness>, false},
 };
 
 }  // namespace drav

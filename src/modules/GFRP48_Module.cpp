@@ -116,6 +116,9 @@ constexpr ModelDescriptor kGFRP48Descriptor = {
     &GFDev_GFRP48_Count,
     &MakeModuleVector<GFRP48_Module>,
     &LoadAs<GFRP48_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFRP48_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFRP48_SetBrightness>, false},
 };
 
 }  // namespace drav

@@ -74,6 +74,9 @@ constexpr ModelDescriptor kGFT8Descriptor = {
     &GFDev_GFT8_Count,
     &MakeModuleVector<GFT8_Module>,
     &LoadAs<GFT8_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFT8_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFT8_SetBrightness>, false},
 };
 
 }  // namespace drav

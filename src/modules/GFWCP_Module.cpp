@@ -159,6 +159,9 @@ constexpr ModelDescriptor kGFWCPDescriptor = {
     &GFDev_GFWCP_Count,
     &MakeModuleVector<GFWCP_Module>,
     &LoadAs<GFWCP_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint32_t, GFDev_GFWCP_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFWCP_SetBrightness>, false},
 };
 
 }  // namespace drav

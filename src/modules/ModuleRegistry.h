@@ -68,6 +68,30 @@ void LoadAs(GF_Abstract_Module& module, UnitAssignments& unit) {
   Load(static_cast<T&>(module), unit);
 }
 
+// A model's brightness report through the device layer, as the shared display brightness uses it.
+struct ModelBrightness {
+  // *level written only on success (result 0); null: the model cannot tell its level.
+  std::int32_t (*read)(std::int32_t unit, std::int32_t* level);
+  std::int32_t (*write)(std::int32_t unit, std::int32_t value);  // null: no brightness report
+  bool reversedScale;  // the unit receives 15 - level
+};
+
+// The device layer's getters answer in 16 bits (the GF-WCP in 32); the level is one int for all.
+// The raw value is copied only on success, whatever the getter did with its out argument.
+template <typename Raw, std::int32_t (*Getter)(std::int32_t, Raw*)>
+std::int32_t ReadBrightness(std::int32_t unit, std::int32_t* level) {
+  Raw raw = 0;
+  const std::int32_t result = Getter(unit, &raw);
+  if (result == 0) *level = static_cast<std::int32_t>(raw);
+  return result;
+}
+
+// The setters take 16 bits, the GF-45 and GF-46 a full int; the devices keep the low four bits.
+template <typename Raw, std::int32_t (*Setter)(std::int32_t, Raw)>
+std::int32_t WriteBrightness(std::int32_t unit, std::int32_t value) {
+  return Setter(unit, static_cast<Raw>(value));
+}
+
 struct ModelDescriptor {
   const PanelModel* hid;  // the model's row in the device layer's table
   // The device layer's count of present units of the model.
@@ -76,6 +100,7 @@ struct ModelDescriptor {
   std::unique_ptr<ModuleContainer> (*makeContainer)();
   // Loads one unit's assignments into a module made by makeContainer; null: nothing to load.
   LoadAssignmentsHook loadAssignments;
+  ModelBrightness brightness{};
 
   ModuleType Type() const { return hid->moduleType; }
 };
@@ -90,6 +115,20 @@ inline constexpr ModuleType kAssignmentLoadOrder[] = {
     kModuleGF45,  kModuleGF46,  kModuleGF166,    kModuleGFLGT,   kModuleGFLGT2, kModuleGFMCP,
     kModuleGFT8,  kModuleGFP8,  kModuleGFRP48,   kModuleGFTQ6,   kModuleGFMCPPro, kModuleGFEFIS,
     kModuleGFSECM, kModuleGFWCP, kModuleGFMESM,  kModuleGFDIO,
+};
+
+// The panels asked for the shared display brightness: the first model with a unit answers (its
+// unit 0). The GF-45 has no getter. The GF-LGT2's answer is taken as it comes, on its own reversed
+// scale.
+inline constexpr ModuleType kBrightnessReadOrder[] = {
+    kModuleGFP8,  kModuleGFT8,     kModuleGF166,  kModuleGFLGT, kModuleGFLGT2,
+    kModuleGFMCP, kModuleGFMCPPro, kModuleGFRP48, kModuleGF46,  kModuleGFWCP,
+};
+
+// The panels sent the level, every unit of each.
+inline constexpr ModuleType kBrightnessWriteOrder[] = {
+    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFT8,     kModuleGFLGT,  kModuleGFLGT2,
+    kModuleGF166,  kModuleGFMCP, kModuleGFMCPPro, kModuleGFRP48, kModuleGFWCP,
 };
 
 }  // namespace drav
