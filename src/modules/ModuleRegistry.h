@@ -117,6 +117,13 @@ inline constexpr ModuleType kAssignmentLoadOrder[] = {
     kModuleGFSECM, kModuleGFWCP, kModuleGFMESM,  kModuleGFDIO,
 };
 
+// The order of the Assign Functions dialog's device list.
+inline constexpr ModuleType kDialogDeviceOrder[] = {
+    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFRP48,   kModuleGFT8,  kModuleGFLGT,
+    kModuleGFLGT2, kModuleGF166, kModuleGFMCP, kModuleGFMCPPro, kModuleGFTQ6, kModuleGFEFIS,
+    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM, kModuleGFDIO,
+};
+
 // The panels asked for the shared display brightness: the first model with a unit answers (its
 // unit 0). The GF-45 has no getter. The GF-LGT2's answer is taken as it comes, on its own reversed
 // scale.
