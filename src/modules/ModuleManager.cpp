@@ -11,7 +11,8 @@ namespace drav {
 namespace {
 
 std::int32_t UnitCountFromDevices(const ModelDescriptor& model) {
-  const std::int32_t count = std::max(model.count != nullptr ? model.count() : 0, GFDev_UnitSpan(model.Type()));
+  const std::int32_t present = model.count != nullptr ? model.count() : GFDev_PresentUnitCount(model.Type());
+  const std::int32_t count = std::max(present, GFDev_UnitSpan(model.Type()));
   // The device tables have at most 32 slots; a larger answer is not believed.
   return std::clamp<std::int32_t>(count, 0, kMaxUnitsPerModel);
 }

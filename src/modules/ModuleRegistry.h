@@ -94,7 +94,7 @@ std::int32_t WriteBrightness(std::int32_t unit, std::int32_t value) {
 
 struct ModelDescriptor {
   const PanelModel* hid;  // the model's row in the device layer's table
-  // The device layer's count of present units of the model.
+  // The count of present units of the model; null: the device layer's count for its type.
   std::int32_t (*count)();
   // Builds the model's empty container.
   std::unique_ptr<ModuleContainer> (*makeContainer)();
