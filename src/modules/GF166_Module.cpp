@@ -11,6 +11,7 @@
 #include "base/Settings.h"
 #include "hid/ModuleTypes.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -302,6 +303,13 @@ void LoadAssignments(GF166_Module& radio, UnitAssignments& unit) {
   radio.SetDisplay();
 }
 
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  // Row 0 stays empty: the two buttons sit above the modes as on the unit.
+  const char* const buttonCaptions[] = {"Left Function", "Right Function"};
+  AddEmptyDefaultRows(rows.functions, 1, buttonCaptions, kGF166ButtonKeys, 0, PickListKind::kButton);
+  AddEmptyDefaultRows(rows.functions, 3, kModeCaptions, kRadioModeKeys, 0, PickListKind::kAvionic);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGF166Descriptor = {
@@ -312,6 +320,7 @@ constexpr ModelDescriptor kGF166Descriptor = {
     // brightness
     {&ReadBrightness<std::uint16_t, GFDev_GF166_GetBrightness>,
      &WriteBrightness<std::uint16_t, GFDev_GF166_SetBrightness>, false},
+    &DialogRows,
 };
 
 }  // namespace drav

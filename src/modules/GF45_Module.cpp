@@ -4,6 +4,7 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -70,6 +71,7 @@ constexpr ModelDescriptor kGF45Descriptor = {
     &MakeModuleVector<GF45_Module>,
     &LoadAs<GF45_Module, LoadRadioAssignments>,
     {nullptr, &WriteBrightness<std::int32_t, GFDev_GF45_SetBrightness>, false},  // sent, never asked
+    &RadioDialogRows,
 };
 
 }  // namespace drav

@@ -4,6 +4,7 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -98,6 +99,7 @@ constexpr ModelDescriptor kGF46Descriptor = {
     // brightness
     {&ReadBrightness<std::uint16_t, GFDev_GF46_GetBrightness>,
      &WriteBrightness<std::int32_t, GFDev_GF46_SetBrightness>, false},
+    &RadioDialogRows,
 };
 
 }  // namespace drav

@@ -7,6 +7,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -265,6 +266,10 @@ void LoadAssignments(GFDIO_Module& board, UnitAssignments& unit) {
   board.SetDisplay();
 }
 
+// Nothing to show: its units are reloaded from the file (without registering again) whenever it is
+// picked.
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) { rows.reloadAllWithoutRegistering = true; }
+
 }  // namespace
 
 constexpr ModelDescriptor kGFDIODescriptor = {
@@ -272,6 +277,8 @@ constexpr ModelDescriptor kGFDIODescriptor = {
     &GFDev_GFDIO_Count,
     &MakeModuleVector<GFDIO_Module>,
     &LoadAs<GFDIO_Module, LoadAssignments>,
+    {},  // no brightness report
+    &DialogRows,
 };
 
 }  // namespace drav

@@ -9,6 +9,7 @@
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
 #include "hid/ModuleTypes.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -239,6 +240,26 @@ void LoadAssignments(GFEFIS_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
 }
 
+const char* const kGFEFISCaptions[] = {
+    "TERR button",           "POS button",           "DATA button",
+    "ARPT button",           "WPT button",           "STA button",
+    "WXR button",            "N/C",                  "Toggle in ADF1",
+    "Toggle in VOR1",        "Toggle in ADF2",       "Toggle in VOR2",
+    "MTRS button",           "FPV button",           "Left knob push (DH/MDAF)",
+    "Right knob push (BARO)", "Left selector APP",   "Left selector VOR",
+    "Left selector MAP",     "Left selector PLAN",   "Right selector 10 NM",
+    "Right selector 20 NM",  "Right selector 40 NM", "Right selector 80 NM",
+    "Right selector 160 NM", "Right selector 320 NM", "Right selector 640 NM",
+    "Left knob",             "Right knob (BARO)",
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext& context) {
+  if (context.efisDisabled) return;
+  const GroupList groups[] = {{&kGFEFISButtonKeys, PickListKind::kButtonWithAltimeterStd},
+                              {&kGFEFISKnobKeys, PickListKind::kAvionic}};
+  AddGroupRows(rows, kGFEFISCaptions, groups);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFEFISDescriptor = {
@@ -246,6 +267,8 @@ constexpr ModelDescriptor kGFEFISDescriptor = {
     &GFDev_GFEFIS_Count,
     &MakeModuleVector<GFEFIS_Module>,
     &LoadAs<GFEFIS_Module, LoadAssignments>,
+    {},  // no brightness report
+    &DialogRows,
 };
 
 }  // namespace drav

@@ -6,6 +6,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -143,6 +144,21 @@ void LoadAssignments(GFLGT_Module& panel, UnitAssignments& unit) {
   panel.SetDisplay();
 }
 
+const KeyedRow kGFLGTRows[] = {
+    {"Wheel", &kGFLGTKeys, 0, PickListKind::kTrim},
+    {"Lever", &kGFLGTKeys, 1, PickListKind::kGear},
+    {"Up/Down Switch", &kGFLGTKeys, 2, PickListKind::kFlap},
+};
+
+const DialogSliderRow kGFLGTSliders[] = {
+    {0, "Wheel Gain", "WHEEL_GAIN", "1", 1, 10, false, true},
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddKeyedRows(rows, kGFLGTRows);
+  AddSliders(rows, kGFLGTSliders);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFLGTDescriptor = {
@@ -153,6 +169,7 @@ constexpr ModelDescriptor kGFLGTDescriptor = {
     // brightness
     {&ReadBrightness<std::uint16_t, GFDev_GFLGT_GetBrightness>,
      &WriteBrightness<std::uint16_t, GFDev_GFLGT_SetBrightness>, false},
+    &DialogRows,
 };
 
 }  // namespace drav

@@ -4,6 +4,7 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -46,6 +47,10 @@ void LoadAssignments(GFP8_Module& panel, UnitAssignments& unit) {
   panel.SetDisplay();
 }
 
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, kButtonCaptions, kGFP8Keys, 0, PickListKind::kButton);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFP8Descriptor = {
@@ -56,6 +61,7 @@ constexpr ModelDescriptor kGFP8Descriptor = {
     // brightness
     {&ReadBrightness<std::uint16_t, GFDev_GFP8_GetBrightness>,
      &WriteBrightness<std::uint16_t, GFDev_GFP8_SetBrightness>, false},
+    &DialogRows,
 };
 
 }  // namespace drav

@@ -6,6 +6,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "hid/ModuleTypes.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -109,6 +110,13 @@ void LoadAssignments(GFRP48_Module& panel, UnitAssignments& unit) {
   panel.SetDisplay();
 }
 
+const char* const kKnobCaptions[] = {"Knob A", "Knob B", "Knob C", "Knob D"};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, kButtonCaptions, kGFRP48Keys, 0, PickListKind::kButton);
+  AddEmptyDefaultRows(rows.functions, 8, kKnobCaptions, kGFRP48Keys, 8, PickListKind::kAvionic);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFRP48Descriptor = {
@@ -119,6 +127,7 @@ constexpr ModelDescriptor kGFRP48Descriptor = {
     // brightness
     {&ReadBrightness<std::uint16_t, GFDev_GFRP48_GetBrightness>,
      &WriteBrightness<std::uint16_t, GFDev_GFRP48_SetBrightness>, false},
+    &DialogRows,
 };
 
 }  // namespace drav

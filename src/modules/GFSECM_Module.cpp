@@ -6,6 +6,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -200,6 +201,18 @@ void LoadAssignments(GFSECM_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
 }
 
+const char* const kGFSECMCaptions[] = {
+    "Battery Master", "Alternator Master", "Avionics Master", "Fuel Pump",    "Carb Heat",
+    "Pitot Heat",     "Panel Lights",      "Beacon Lights",   "Nav Lights",   "Strobe Lights",
+    "Taxi Lights",    "Landing Lights",    "Cowl",            "Landing Gear",
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  // Function15 to Function20 are edited in the file only.
+  const GroupList groups[] = {{&kGFSECMKeys, PickListKind::kToggle}};
+  AddGroupRows(rows, kGFSECMCaptions, groups);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFSECMDescriptor = {
@@ -207,6 +220,8 @@ constexpr ModelDescriptor kGFSECMDescriptor = {
     &GFDev_GFSECM_Count,
     &MakeModuleVector<GFSECM_Module>,
     &LoadAs<GFSECM_Module, LoadAssignments>,
+    {},  // no brightness report
+    &DialogRows,
 };
 
 }  // namespace drav

@@ -4,6 +4,7 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -67,6 +68,13 @@ void LoadAssignments(GFT8_Module& panel, UnitAssignments& unit) {
   panel.SetDisplay();
 }
 
+const char* const kSwitchCaptions[] = {"Switch 1", "Switch 2", "Switch 3", "Switch 4",
+                                       "Switch 5", "Switch 6", "Switch 7", "Switch 8"};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, kSwitchCaptions, kGFP8Keys, 0, PickListKind::kToggle);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFT8Descriptor = {
@@ -77,6 +85,7 @@ constexpr ModelDescriptor kGFT8Descriptor = {
     // brightness
     {&ReadBrightness<std::uint16_t, GFDev_GFT8_GetBrightness>,
      &WriteBrightness<std::uint16_t, GFDev_GFT8_SetBrightness>, false},
+    &DialogRows,
 };
 
 }  // namespace drav

@@ -6,6 +6,7 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "hid/GFDev.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -91,6 +92,22 @@ void LoadAssignments(GFTQ6_Module& quadrant, UnitAssignments& unit) {
   quadrant.SetDisplay();
 }
 
+const char* const kLeverCaptions[] = {"Lever A", "Lever B", "Lever C", "Lever D", "Lever E", "Lever F"};
+
+// The dialog's defaults are not the loader's: with the key absent the unit runs with -1.0, -1.0, 1.0
+// and 1.0, but the dialog offers 0, 0, 60 and 100 as starting points.
+const DialogSliderRow kGFTQ6Sliders[] = {
+    {0, "Thrust Rev Point", "THROTTLE_REVERSE", "0.0", 0, 100, true, false},
+    {1, "Prop Beta Point", "THROTTLE_BETA", "0.0", 0, 100, true, false},
+    {2, "Thrust Rev Max", "REVERSER_POWER", "0.60", 0, 100, true, false},
+    {3, "Flap Null Zone", "FLAP_NULL_ZONE", "1.0", 0, 100, true, false},
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, kLeverCaptions, kGFTQ6LeverKeys, 0, PickListKind::kLever);
+  AddSliders(rows, kGFTQ6Sliders);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFTQ6Descriptor = {
@@ -98,6 +115,8 @@ constexpr ModelDescriptor kGFTQ6Descriptor = {
     &GFDev_GFTQ6_Count,
     &MakeModuleVector<GFTQ6_Module>,
     &LoadAs<GFTQ6_Module, LoadAssignments>,
+    {},  // no brightness report
+    &DialogRows,
 };
 
 }  // namespace drav

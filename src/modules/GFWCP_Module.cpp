@@ -6,6 +6,7 @@
 #include "modules/CommandTables.h"
 #include "base/OptionalXplmApi.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -152,6 +153,13 @@ void LoadAssignments(GFWCP_Module& panel, UnitAssignments& unit) {
   panel.SetDisplay();
 }
 
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, std::span(kButtonCaptions).first(6), kGFWCPKeys, 0, PickListKind::kWcp);
+  // An empty colour selects "BLACK", the first item.
+  AddEmptyDefaultRows(rows.colours, 0, std::span(kButtonCaptions).first(6), kGFWCPColourKeys, 0,
+                      PickListKind::kColour);
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFWCPDescriptor = {
@@ -162,6 +170,7 @@ constexpr ModelDescriptor kGFWCPDescriptor = {
     // brightness
     {&ReadBrightness<std::uint32_t, GFDev_GFWCP_GetBrightness>,
      &WriteBrightness<std::uint16_t, GFDev_GFWCP_SetBrightness>, false},
+    &DialogRows,
 };
 
 }  // namespace drav

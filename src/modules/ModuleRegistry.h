@@ -12,6 +12,7 @@
 #include "hid/ModelTable.h"
 #include "modules/AssignmentKeys.h"
 #include "modules/GF_Abstract_Module.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleContainer.h"
 
 namespace drav {
@@ -101,6 +102,8 @@ struct ModelDescriptor {
   // Loads one unit's assignments into a module made by makeContainer; null: nothing to load.
   LoadAssignmentsHook loadAssignments;
   ModelBrightness brightness{};
+  // What the Assign Functions dialog shows for a unit of the model; null: nothing.
+  DialogRowsHook dialogRows = nullptr;
 
   ModuleType Type() const { return hid->moduleType; }
 };
