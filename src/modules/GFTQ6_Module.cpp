@@ -103,6 +103,9 @@ const DialogSliderRow kGFTQ6Sliders[] = {
     {3, "Flap Null Zone", "FLAP_NULL_ZONE", "1.0", 0, 100, true, false},
 };
 
+// The levers take the new aircraft's engine and control limits.
+void ReloadLevers(GFTQ6_Module& quadrant) { quadrant.ReloadLevers(); }
+
 void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
   AddEmptyDefaultRows(rows.functions, 0, kLeverCaptions, kGFTQ6LeverKeys, 0, PickListKind::kLever);
   AddSliders(rows, kGFTQ6Sliders);
@@ -117,6 +120,7 @@ constexpr ModelDescriptor kGFTQ6Descriptor = {
     &LoadAs<GFTQ6_Module, LoadAssignments>,
     {},  // no brightness report
     &DialogRows,
+    &RunAs<GFTQ6_Module, ReloadLevers>,
 };
 
 }  // namespace drav

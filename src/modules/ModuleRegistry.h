@@ -68,6 +68,10 @@ template <class T, auto Load>
 void LoadAs(GF_Abstract_Module& module, UnitAssignments& unit) {
   Load(static_cast<T&>(module), unit);
 }
+template <class T, auto Run>
+void RunAs(GF_Abstract_Module& module) {
+  Run(static_cast<T&>(module));
+}
 
 // A model's brightness report through the device layer, as the shared display brightness uses it.
 struct ModelBrightness {
@@ -104,6 +108,8 @@ struct ModelDescriptor {
   ModelBrightness brightness{};
   // What the Assign Functions dialog shows for a unit of the model; null: nothing.
   DialogRowsHook dialogRows = nullptr;
+  // Run on every unit's module when the user's aircraft has been loaded; null: nothing to do.
+  void (*aircraftLoaded)(GF_Abstract_Module& module) = nullptr;
 
   ModuleType Type() const { return hid->moduleType; }
 };
