@@ -270,6 +270,8 @@ void LoadAssignments(GFDIO_Module& board, UnitAssignments& unit) {
 // picked.
 void DialogRows(DialogModelRows& rows, const DialogRowContext&) { rows.reloadAllWithoutRegistering = true; }
 
+const char* DeviceLabel(const DeviceLabelContext&) { return kNotAssignableLabelFormat; }
+
 }  // namespace
 
 constexpr ModelDescriptor kGFDIODescriptor = {
@@ -279,6 +281,7 @@ constexpr ModelDescriptor kGFDIODescriptor = {
     &LoadAs<GFDIO_Module, LoadAssignments>,
     {},  // no brightness report
     &DialogRows,
+    &DeviceLabel,
 };
 
 }  // namespace drav

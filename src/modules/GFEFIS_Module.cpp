@@ -260,6 +260,10 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext& context) {
   AddGroupRows(rows, kGFEFISCaptions, groups);
 }
 
+const char* DeviceLabel(const DeviceLabelContext& context) {
+  return context.efisDisabled ? kDisabledLabelFormat : kUnitLabelFormat;
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFEFISDescriptor = {
@@ -269,6 +273,7 @@ constexpr ModelDescriptor kGFEFISDescriptor = {
     &LoadAs<GFEFIS_Module, LoadAssignments>,
     {},  // no brightness report
     &DialogRows,
+    &DeviceLabel,
 };
 
 }  // namespace drav

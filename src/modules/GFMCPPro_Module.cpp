@@ -335,6 +335,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext& context) {
   AddGroupRows(rows, kGFMCPProCaptions, groups);
 }
 
+const char* DeviceLabel(const DeviceLabelContext& context) {
+  if (context.x737McpDirect) return kNotAssignableLabelFormat;
+  return context.mcpProDisabled ? kDisabledLabelFormat : kUnitLabelFormat;
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFMCPProDescriptor = {
@@ -346,6 +351,7 @@ constexpr ModelDescriptor kGFMCPProDescriptor = {
     {&ReadBrightness<std::uint16_t, GFDev_GFMCPPro_GetBrightness>,
      &WriteBrightness<std::uint16_t, GFDev_GFMCPPro_SetBrightness>, false},
     &DialogRows,
+    &DeviceLabel,
 };
 
 }  // namespace drav

@@ -5,6 +5,7 @@
 #include "base/Log.h"
 #include "base/OptionalXplmApi.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
@@ -205,6 +206,13 @@ void LoadAssignments(GFMESM_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
 }
 
+// The X-Plane version from which the GF-MESM is supported but still has nothing to assign here.
+constexpr int kMesmSupportedVersion = 900;
+
+const char* DeviceLabel(const DeviceLabelContext& context) {
+  return context.xplaneVersion < kMesmSupportedVersion ? "%s - N/S" : kNotAssignableLabelFormat;
+}
+
 }  // namespace
 
 constexpr ModelDescriptor kGFMESMDescriptor = {
@@ -212,6 +220,9 @@ constexpr ModelDescriptor kGFMESMDescriptor = {
     &GFDev_GFMESM_Count,
     &MakeModuleVector<GFMESM_Module>,
     &LoadAs<GFMESM_Module, LoadAssignments>,
+    {},  // no brightness report
+    nullptr,  // no dialog rows
+    &DeviceLabel,
 };
 
 }  // namespace drav

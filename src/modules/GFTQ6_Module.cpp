@@ -120,6 +120,7 @@ constexpr ModelDescriptor kGFTQ6Descriptor = {
     &LoadAs<GFTQ6_Module, LoadAssignments>,
     {},  // no brightness report
     &DialogRows,
+    nullptr,  // the plain unit label
     &RunAs<GFTQ6_Module, ReloadLevers>,
 };
 

@@ -64,6 +64,21 @@ struct DialogRowContext {
   bool mcpProDisabled = false;
   bool efisDisabled = false;
 };
+// What changes a unit's label in the dialog's device list besides its model and number.
+struct DeviceLabelContext {
+  bool efisDisabled = false;
+  bool x737McpDirect = false;
+  bool mcpProDisabled = false;
+  int xplaneVersion = 0;
+};
+
+// The label format of a unit ("%s Unit %d": model name, unit number) for the models whose label can
+// say they are disabled or not assignable here.
+using DeviceLabelHook = const char* (*)(const DeviceLabelContext& context);
+inline constexpr const char* kUnitLabelFormat = "%s Unit %d";
+inline constexpr const char* kNotAssignableLabelFormat = "%s - N/A";
+inline constexpr const char* kDisabledLabelFormat = "%s DSBLD";
+
 // Fills in the rows of one model; the context decides for the panels that another party may drive.
 using DialogRowsHook = void (*)(DialogModelRows& rows, const DialogRowContext& context);
 

@@ -108,6 +108,8 @@ struct ModelDescriptor {
   ModelBrightness brightness{};
   // What the Assign Functions dialog shows for a unit of the model; null: nothing.
   DialogRowsHook dialogRows = nullptr;
+  // The label format in the dialog's device list; null: kUnitLabelFormat.
+  DeviceLabelHook deviceLabel = nullptr;
   // Run on every unit's module when the user's aircraft has been loaded; null: nothing to do.
   void (*aircraftLoaded)(GF_Abstract_Module& module) = nullptr;
 

@@ -11,26 +11,9 @@ namespace drav {
 
 namespace {
 
-// The X-Plane version from which the GF-MESM is supported but still has nothing to assign here.
-constexpr int kMesmSupportedVersion = 900;
-
 const char* LabelFormat(std::uint32_t moduleType, const DeviceLabelContext& context) {
-  constexpr const char* kUnitFormat = "%s Unit %d";
-  constexpr const char* kNotAssignable = "%s - N/A";
-  constexpr const char* kDisabled = "%s DSBLD";
-  switch (moduleType) {
-    case kModuleGFEFIS:
-      return context.efisDisabled ? kDisabled : kUnitFormat;
-    case kModuleGFMCPPro:
-      if (context.x737McpDirect) return kNotAssignable;
-      return context.mcpProDisabled ? kDisabled : kUnitFormat;
-    case kModuleGFMESM:
-      return context.xplaneVersion < kMesmSupportedVersion ? "%s - N/S" : kNotAssignable;
-    case kModuleGFDIO:
-      return kNotAssignable;
-    default:
-      return kUnitFormat;
-  }
+  const ModelDescriptor* model = FindProductionModel(moduleType);
+  return model != nullptr && model->deviceLabel != nullptr ? model->deviceLabel(context) : kUnitLabelFormat;
 }
 
 }  // namespace
