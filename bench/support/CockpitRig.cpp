@@ -5,7 +5,7 @@
 #include <optional>
 #include <sstream>
 
-#include "config/AssignmentKeys.h"
+#include "modules/AssignmentKeys.h"
 #include "config/Assignments.h"
 #include "dravsim/DravPlugin.h"
 #include "dravsim/LineSource.h"

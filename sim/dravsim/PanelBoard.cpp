@@ -49,8 +49,8 @@ std::string VirtualUnitPath(std::uint16_t vendorId, std::uint16_t productId, std
 }
 
 const drav::PanelModel* FindPanelModelByName(std::string_view name) {
-  for (const drav::PanelModel& model : drav::PanelModels()) {
-    if (name == model.name) return &model;
+  for (const drav::PanelModel* model : drav::PanelModels()) {
+    if (name == model->name) return model;
   }
   return nullptr;
 }

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "config/AssignmentKeys.h"
+#include "modules/AssignmentKeys.h"
 #include "functions/FunctionCatalogue.h"
 
 namespace drav {

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "config/AssignmentKeys.h"
+#include "modules/AssignmentKeys.h"
 #include "config/AssignmentValues.h"
 
 namespace drav {
@@ -25,8 +25,7 @@ int LoadTypeAssignments(std::uint32_t moduleType, bool registerUnit = true);
 // models always register).
 void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool registerUnit = true);
 
-// The order in which LoadAllAssignments walks the types.
-inline constexpr std::uint32_t kAssignmentLoadOrder[] = {1, 8, 5, 4, 11, 6, 3, 2, 7, 9, 12, 13, 14, 18, 17, 19};
+// LoadAllAssignments walks the types in kAssignmentLoadOrder (ModuleRegistry.h).
 
 // True when LoadUnitAssignments knows how to load the type (its model class has arrived).
 bool HasAssignmentLoader(std::uint32_t moduleType);

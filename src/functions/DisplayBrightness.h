@@ -32,7 +32,8 @@ std::int32_t ManagedUnitCount(std::uint32_t moduleType);
 inline constexpr std::int32_t kInitialDisplayBrightness = 8;
 void ResetDisplayBrightnessLevel();
 
-// The models in the order they are asked for the level, and in the order they are sent it.
+// The models in the order they are asked for the level, and in the order they are sent it, as the
+// panel directory tells them (none without a directory).
 std::span<const BrightnessReader> BrightnessReadOrder();
 std::span<const BrightnessWriter> BrightnessWriteOrder();
 

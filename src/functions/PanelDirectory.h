@@ -1,10 +1,14 @@
 // What the function layer needs of the panels it drives but does not own: the radio modules that a
-// ModuleSelect function aims at, and how many units of a model are connected. The function layer
+// ModuleSelect function aims at, how many units of a model are connected, and the models' brightness
+// access. The function layer
 // sits below the modules, so this is the only face of them it sees; the module side implements it
 // and the plug-in hands its directory over at start.
 #pragma once
 
 #include <cstdint>
+#include <span>
+
+#include "functions/DisplayBrightness.h"
 
 namespace drav {
 
@@ -33,6 +37,10 @@ class PanelDirectory {
   virtual RadioModule* FindRadio(std::uint32_t moduleType, std::uint32_t unit) const = 0;
   // Connected units of a model.
   virtual std::int32_t UnitCount(std::uint32_t moduleType) const = 0;
+  // The models' brightness getters in the order they are asked for the level, and their setters in
+  // the order they are sent it.
+  virtual std::span<const BrightnessReader> BrightnessReaders() const = 0;
+  virtual std::span<const BrightnessWriter> BrightnessWriters() const = 0;
 
  protected:
   ~PanelDirectory() = default;

@@ -2,7 +2,7 @@
 // write thread sends (and what it does when a send fails), the pause after each input report, the
 // state read when the unit is opened, whether the unit's serial number is asked for, the decoder of
 // its input reports, and the outputs sent right after opening. One device object class
-// (DeviceObject.h) runs every model from its row of this table.
+// (DeviceObject.h) runs every model from the device class in its row of the model table.
 #pragma once
 
 #include <array>
@@ -62,9 +62,8 @@ enum class AfterOpen : std::uint8_t {
 
 inline constexpr InitialStateQuery kNoInitialQuery{0, 0};
 
+// A model's row in the one model table (ModelTable.h) carries its device class.
 struct DeviceClass {
-  std::uint32_t moduleType;
-  const char* className;
   // The units whose objects discovery opens only after entering them in their table, which are
   // not re-opened on replug, and whose output report length the extended device info reports.
   bool openedAfterEntry;
@@ -77,14 +76,14 @@ struct DeviceClass {
   StateDecoder decodeInitialState;  // null with no initial query
   AfterOpen afterOpen;
   std::uint8_t recordSize;  // bytes of the model's input record
+  // The leading bytes of an output report that name what it sets: its report id, and on the GF-WCP,
+  // whose colour report addresses one of six lights, the light as well. A newer report with the same
+  // leading bytes overrides an older one.
+  std::uint8_t reportKeyLength = 1;
+  std::uint32_t moduleType = 0;  // filled in from the model's row
 };
 
-// The leading bytes of an output report that name what it sets: its report id, and on the GF-WCP,
-// whose colour report addresses one of six lights, the light as well. A newer report with the same
-// leading bytes overrides an older one.
-std::size_t ReportKeyLength(const DeviceClass& deviceClass);
-
-// Null for GF-TPM (16) and numbers outside 1..19.
+// Null for GF-TPM (16) and numbers outside 1..19 (ModelTable.cpp).
 const DeviceClass* FindDeviceClass(std::uint32_t moduleType);
 
 }  // namespace drav

@@ -237,17 +237,17 @@ void RememberNumber(const PanelModel& model, std::vector<std::string>& recalled,
 // again would, without opening the unit for nothing.
 DeviceObject* AddUnit(HidBackend& backend, const PanelModel& model, const std::string& path,
                       DeviceObject::Identity identity, DeviceObject::InitialRead initialRead, std::int32_t slot) {
-  const DeviceClass* deviceClass = FindDeviceClass(model.moduleType);
+  const DeviceClass& deviceClass = model.deviceClass;
   DeviceTables& tables = TheDeviceTables();
-  if (deviceClass == nullptr || slot < 0) return nullptr;
+  if (slot < 0) return nullptr;
 
-  auto object = std::make_unique<DeviceObject>(*deviceClass, backend, path);
+  auto object = std::make_unique<DeviceObject>(deviceClass, backend, path);
   object->SetWho(std::move(identity));
-  if (!deviceClass->openedAfterEntry) object->Open(initialRead);
+  if (!deviceClass.openedAfterEntry) object->Open(initialRead);
   DeviceObject* placed = tables.Place(model.moduleType, slot, std::move(object));
   placed->SetUnit(slot);
   placed->SetPresent(true);
-  if (deviceClass->openedAfterEntry) placed->Open(initialRead);
+  if (deviceClass.openedAfterEntry) placed->Open(initialRead);
   return placed;
 }
 
@@ -269,7 +269,7 @@ void DiscoverUnits(HidBackend& backend, const std::vector<std::string>& paths) {
     std::string who = WhoIs(arrival->identity, *NormaliseDevicePath(path));
     found.push_back({path, std::move(*arrival), std::move(who)});
   }
-  std::array<std::optional<std::vector<std::string>>, 20> recalled;
+  std::array<std::optional<std::vector<std::string>>, kLastModuleType + 1> recalled;
   auto recalledOf = [&](const PanelModel& model) -> std::vector<std::string>& {
     std::optional<std::vector<std::string>>& numbers = recalled.at(model.moduleType);
     if (!numbers) numbers = RecallNumbers(model);
@@ -559,21 +559,21 @@ std::size_t GFDev_QueuedOutputReports(std::uint32_t moduleType, std::int32_t uni
   return object == nullptr ? 0 : object->QueuedReports();
 }
 
-std::int32_t GFDev_GF45_Count() { return GFDev_PresentUnitCount(1); }
-std::int32_t GFDev_GF46_Count() { return GFDev_PresentUnitCount(8); }
-std::int32_t GFDev_GF166_Count() { return GFDev_PresentUnitCount(5); }
-std::int32_t GFDev_GFP8_Count() { return GFDev_PresentUnitCount(2); }
-std::int32_t GFDev_GFT8_Count() { return GFDev_PresentUnitCount(3); }
-std::int32_t GFDev_GFRP48_Count() { return GFDev_PresentUnitCount(7); }
-std::int32_t GFDev_GFLGT_Count() { return GFDev_PresentUnitCount(4); }
-std::int32_t GFDev_GFLGT2_Count() { return GFDev_PresentUnitCount(11); }
-std::int32_t GFDev_GFMCP_Count() { return GFDev_PresentUnitCount(6); }
-std::int32_t GFDev_GFMCPPro_Count() { return GFDev_PresentUnitCount(12); }
-std::int32_t GFDev_GFEFIS_Count() { return GFDev_PresentUnitCount(13); }
-std::int32_t GFDev_GFTQ6_Count() { return GFDev_PresentUnitCount(9); }
-std::int32_t GFDev_GFSECM_Count() { return GFDev_PresentUnitCount(14); }
-std::int32_t GFDev_GFMESM_Count() { return GFDev_PresentUnitCount(17); }
-std::int32_t GFDev_GFWCP_Count() { return GFDev_PresentUnitCount(18); }
-std::int32_t GFDev_GFDIO_Count() { return GFDev_PresentUnitCount(19); }
+std::int32_t GFDev_GF45_Count() { return GFDev_PresentUnitCount(kModuleGF45); }
+std::int32_t GFDev_GF46_Count() { return GFDev_PresentUnitCount(kModuleGF46); }
+std::int32_t GFDev_GF166_Count() { return GFDev_PresentUnitCount(kModuleGF166); }
+std::int32_t GFDev_GFP8_Count() { return GFDev_PresentUnitCount(kModuleGFP8); }
+std::int32_t GFDev_GFT8_Count() { return GFDev_PresentUnitCount(kModuleGFT8); }
+std::int32_t GFDev_GFRP48_Count() { return GFDev_PresentUnitCount(kModuleGFRP48); }
+std::int32_t GFDev_GFLGT_Count() { return GFDev_PresentUnitCount(kModuleGFLGT); }
+std::int32_t GFDev_GFLGT2_Count() { return GFDev_PresentUnitCount(kModuleGFLGT2); }
+std::int32_t GFDev_GFMCP_Count() { return GFDev_PresentUnitCount(kModuleGFMCP); }
+std::int32_t GFDev_GFMCPPro_Count() { return GFDev_PresentUnitCount(kModuleGFMCPPro); }
+std::int32_t GFDev_GFEFIS_Count() { return GFDev_PresentUnitCount(kModuleGFEFIS); }
+std::int32_t GFDev_GFTQ6_Count() { return GFDev_PresentUnitCount(kModuleGFTQ6); }
+std::int32_t GFDev_GFSECM_Count() { return GFDev_PresentUnitCount(kModuleGFSECM); }
+std::int32_t GFDev_GFMESM_Count() { return GFDev_PresentUnitCount(kModuleGFMESM); }
+std::int32_t GFDev_GFWCP_Count() { return GFDev_PresentUnitCount(kModuleGFWCP); }
+std::int32_t GFDev_GFDIO_Count() { return GFDev_PresentUnitCount(kModuleGFDIO); }
 
 }  // namespace drav

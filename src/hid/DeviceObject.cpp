@@ -68,7 +68,7 @@ DeviceObject::DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, 
       backend_(backend),
       openPath_(path),
       path_(StoredPath(path)),
-      queue_(deviceClass.queueCapacity, ReportKeyLength(deviceClass)) {}
+      queue_(deviceClass.queueCapacity, deviceClass.reportKeyLength) {}
 
 DeviceObject::~DeviceObject() {
   if (heldBy_ != nullptr) heldBy_->Forget(*this);

@@ -15,7 +15,7 @@ bool DevicePathsEqual(std::string_view a, std::string_view b) {
 }
 
 DeviceTables::DeviceTables() {
-  for (const PanelModel& model : PanelModels()) tables_[model.moduleType].resize(model.slots);
+  for (const PanelModel* model : PanelModels()) tables_[model->moduleType].resize(model->slots);
 }
 
 DeviceTables::~DeviceTables() { DestroyAll(); }
@@ -42,9 +42,9 @@ std::int32_t DeviceTables::Slots(std::uint32_t moduleType) const {
 }
 
 std::optional<DeviceTables::Location> DeviceTables::FindByPath(std::string_view path) const {
-  for (const PanelModel& model : PanelModels()) {
-    const std::int32_t unit = FindUnitByPath(model.moduleType, path);
-    if (unit >= 0) return Location{&model, unit, At(model.moduleType, unit)};
+  for (const PanelModel* model : PanelModels()) {
+    const std::int32_t unit = FindUnitByPath(model->moduleType, path);
+    if (unit >= 0) return Location{model, unit, At(model->moduleType, unit)};
   }
   return std::nullopt;
 }
@@ -94,8 +94,8 @@ std::int32_t DeviceTables::PresentCount(std::uint32_t moduleType) const {
 }
 
 void DeviceTables::DestroyAll() {
-  for (const PanelModel& model : PanelModels()) {
-    for (std::unique_ptr<DeviceObject>& slot : tables_[model.moduleType]) {
+  for (const PanelModel* model : PanelModels()) {
+    for (std::unique_ptr<DeviceObject>& slot : tables_[model->moduleType]) {
       std::unique_ptr<DeviceObject> object = std::move(slot);
       object.reset();
     }

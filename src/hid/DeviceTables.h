@@ -47,8 +47,8 @@ class DeviceTables {
   // Every object, for the quiescence checks.
   template <typename Visit>
   void ForEach(Visit&& visit) const {
-    for (const PanelModel& model : PanelModels()) {
-      for (const std::unique_ptr<DeviceObject>& object : tables_[model.moduleType]) {
+    for (const PanelModel* model : PanelModels()) {
+      for (const std::unique_ptr<DeviceObject>& object : tables_[model->moduleType]) {
         if (object != nullptr) visit(*object);
       }
     }
@@ -57,7 +57,7 @@ class DeviceTables {
   void DestroyAll();
 
  private:
-  static constexpr std::size_t kModuleTypeLimit = 20;
+  static constexpr std::size_t kModuleTypeLimit = kLastModuleType + 1;
   std::vector<std::unique_ptr<DeviceObject>>* Table(std::uint32_t moduleType);
   const std::vector<std::unique_ptr<DeviceObject>>* Table(std::uint32_t moduleType) const;
 

@@ -18,10 +18,6 @@ namespace drav {
 
 namespace {
 
-constexpr std::uint32_t kGF45 = 1, kGFP8 = 2, kGFT8 = 3, kGFLGT = 4, kGF166 = 5, kGFMCP = 6, kGFRP48 = 7,
-                        kGF46 = 8, kGFLGT2 = 11, kGFMCPPro = 12, kGFEFIS = 13, kGFSECM = 14, kGFMESM = 17,
-                        kGFWCP = 18, kGFDIO = 19;
-
 using ReportBuffer = std::array<std::uint8_t, kMaxFixedReportLength>;
 
 // The object in the unit's slot, or the answer for a unit out of range (1) or an empty slot (3).
@@ -117,57 +113,57 @@ std::int32_t SetForwardDisplay(std::uint32_t moduleType, std::int32_t unit, int 
 // ---- GF-45 and GF-46 ----------------------------------------------------------------------------
 
 std::int32_t GFDev_GF45_SetDisplay1(std::int32_t unit, const char* text) {
-  return SendReport(kGF45, unit, [&](std::span<std::uint8_t> out) { return EncodeSixteenSegmentDisplay(out, text); });
+  return SendReport(kModuleGF45, unit, [&](std::span<std::uint8_t> out) { return EncodeSixteenSegmentDisplay(out, text); });
 }
 std::int32_t GFDev_GF45_SetDisplay2(std::int32_t unit, const char* text) {
-  return SendReport(kGF45, unit, [&](std::span<std::uint8_t> out) { return EncodeGF45Display2(out, text); });
+  return SendReport(kModuleGF45, unit, [&](std::span<std::uint8_t> out) { return EncodeGF45Display2(out, text); });
 }
 std::int32_t GFDev_GF45_SetBrightness(std::int32_t unit, std::int32_t value) {
-  return SetBrightness(kGF45, unit, kGF45BrightnessReport, value);
+  return SetBrightness(kModuleGF45, unit, kGF45BrightnessReport, value);
 }
 
 std::int32_t GFDev_GF46_SetDisplay1(std::int32_t unit, const char* text) {
-  return SendReport(kGF46, unit, [&](std::span<std::uint8_t> out) { return EncodeSixteenSegmentDisplay(out, text); });
+  return SendReport(kModuleGF46, unit, [&](std::span<std::uint8_t> out) { return EncodeSixteenSegmentDisplay(out, text); });
 }
 std::int32_t GFDev_GF46_SetDisplay2(std::int32_t unit, const char* text) {
-  return SendReport(kGF46, unit, [&](std::span<std::uint8_t> out) { return EncodeGF46Display2(out, text); });
+  return SendReport(kModuleGF46, unit, [&](std::span<std::uint8_t> out) { return EncodeGF46Display2(out, text); });
 }
 std::int32_t GFDev_GF46_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGF46, unit, kGF46BrightnessReport, out);
+  return GetBrightness(kModuleGF46, unit, kGF46BrightnessReport, out);
 }
 std::int32_t GFDev_GF46_SetBrightness(std::int32_t unit, std::int32_t value) {
-  return SetBrightness(kGF46, unit, kGF46BrightnessReport, value);
+  return SetBrightness(kModuleGF46, unit, kGF46BrightnessReport, value);
 }
 
 // ---- GF-166 ---------------------------------------------------------------------------------------
 
 std::int32_t GFDev_GF166_GetState(std::int32_t unit, std::int16_t* encoder1, std::int16_t* encoder2,
                                   std::uint8_t* buttons) {
-  return ReadState<GF166InputRecord>(kGF166, unit, [&](GF166InputRecord& state) {
+  return ReadState<GF166InputRecord>(kModuleGF166, unit, [&](GF166InputRecord& state) {
     GiveAndClear(encoder1, state.encoder1);
     GiveAndClear(encoder2, state.encoder2);
     Give(buttons, state.buttons);
   });
 }
 std::int32_t GFDev_GF166_SetEncoderType(std::int32_t unit, std::uint8_t first, std::uint8_t second) {
-  return SendReport(kGF166, unit,
+  return SendReport(kModuleGF166, unit,
                     [&](std::span<std::uint8_t> out) { return EncodeGF166EncoderType(out, first, second); });
 }
 std::int32_t GFDev_GF166_SetLEDs(std::int32_t unit, std::uint8_t mask) {
-  return SendReport(kGF166, unit,
+  return SendReport(kModuleGF166, unit,
                     [&](std::span<std::uint8_t> out) { return EncodeIndicatorByte(out, kGF166IndicatorReport, mask); });
 }
 std::int32_t GFDev_GF166_SetDisplay1(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGF166Display>(kGF166, unit, 1, text);
+  return SetForwardDisplay<EncodeGF166Display>(kModuleGF166, unit, 1, text);
 }
 std::int32_t GFDev_GF166_SetDisplay2(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGF166Display>(kGF166, unit, 2, text);
+  return SetForwardDisplay<EncodeGF166Display>(kModuleGF166, unit, 2, text);
 }
 std::int32_t GFDev_GF166_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGF166, unit, kGF166BrightnessReport, out);
+  return GetBrightness(kModuleGF166, unit, kGF166BrightnessReport, out);
 }
 std::int32_t GFDev_GF166_SetBrightness(std::int32_t unit, std::uint16_t value) {
-  return SetBrightness(kGF166, unit, kGF166BrightnessReport, value);
+  return SetBrightness(kModuleGF166, unit, kGF166BrightnessReport, value);
 }
 
 // ---- GF-P8, GF-T8, GF-RP48 ------------------------------------------------------------------------
@@ -187,34 +183,34 @@ std::int32_t SetIndicatorByte(std::uint32_t moduleType, std::int32_t unit, std::
 }  // namespace
 
 std::int32_t GFDev_GFP8_GetSwitches(std::int32_t unit, std::uint8_t* switches) {
-  return GetSwitchByte(kGFP8, unit, switches);
+  return GetSwitchByte(kModuleGFP8, unit, switches);
 }
 std::int32_t GFDev_GFP8_SetLEDs(std::int32_t unit, std::uint8_t mask) {
-  return SetIndicatorByte(kGFP8, unit, kGFSwitchPanelIndicatorReport, mask);
+  return SetIndicatorByte(kModuleGFP8, unit, kGFSwitchPanelIndicatorReport, mask);
 }
 std::int32_t GFDev_GFP8_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGFP8, unit, kGFSwitchPanelBrightnessReport, out);
+  return GetBrightness(kModuleGFP8, unit, kGFSwitchPanelBrightnessReport, out);
 }
 std::int32_t GFDev_GFP8_SetBrightness(std::int32_t unit, std::uint16_t value) {
-  return SetBrightness(kGFP8, unit, kGFSwitchPanelBrightnessReport, value);
+  return SetBrightness(kModuleGFP8, unit, kGFSwitchPanelBrightnessReport, value);
 }
 
 std::int32_t GFDev_GFT8_GetSwitches(std::int32_t unit, std::uint8_t* switches) {
-  return GetSwitchByte(kGFT8, unit, switches);
+  return GetSwitchByte(kModuleGFT8, unit, switches);
 }
 std::int32_t GFDev_GFT8_SetLEDs(std::int32_t unit, std::uint8_t mask) {
-  return SetIndicatorByte(kGFT8, unit, kGFSwitchPanelIndicatorReport, mask);
+  return SetIndicatorByte(kModuleGFT8, unit, kGFSwitchPanelIndicatorReport, mask);
 }
 std::int32_t GFDev_GFT8_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGFT8, unit, kGFSwitchPanelBrightnessReport, out);
+  return GetBrightness(kModuleGFT8, unit, kGFSwitchPanelBrightnessReport, out);
 }
 std::int32_t GFDev_GFT8_SetBrightness(std::int32_t unit, std::uint16_t value) {
-  return SetBrightness(kGFT8, unit, kGFSwitchPanelBrightnessReport, value);
+  return SetBrightness(kModuleGFT8, unit, kGFSwitchPanelBrightnessReport, value);
 }
 
 std::int32_t GFDev_GFRP48_GetState(std::int32_t unit, std::int16_t* encoder1, std::int16_t* encoder2,
                                    std::int16_t* encoder3, std::int16_t* encoder4, std::uint8_t* buttons) {
-  return ReadState<GFRP48InputRecord>(kGFRP48, unit, [&](GFRP48InputRecord& state) {
+  return ReadState<GFRP48InputRecord>(kModuleGFRP48, unit, [&](GFRP48InputRecord& state) {
     GiveAndClear(encoder1, state.encoders[0]);
     GiveAndClear(encoder2, state.encoders[1]);
     GiveAndClear(encoder3, state.encoders[2]);
@@ -223,37 +219,37 @@ std::int32_t GFDev_GFRP48_GetState(std::int32_t unit, std::int16_t* encoder1, st
   });
 }
 std::int32_t GFDev_GFRP48_SetLEDs(std::int32_t unit, std::uint8_t mask) {
-  return SetIndicatorByte(kGFRP48, unit, kGFSwitchPanelIndicatorReport, mask);
+  return SetIndicatorByte(kModuleGFRP48, unit, kGFSwitchPanelIndicatorReport, mask);
 }
 std::int32_t GFDev_GFRP48_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGFRP48, unit, kGFSwitchPanelBrightnessReport, out);
+  return GetBrightness(kModuleGFRP48, unit, kGFSwitchPanelBrightnessReport, out);
 }
 std::int32_t GFDev_GFRP48_SetBrightness(std::int32_t unit, std::uint16_t value) {
-  return SetBrightness(kGFRP48, unit, kGFSwitchPanelBrightnessReport, value);
+  return SetBrightness(kModuleGFRP48, unit, kGFSwitchPanelBrightnessReport, value);
 }
 
 // ---- GF-LGT and GF-LGT2: their values are cleared even when the caller did not take them ------------
 
 std::int32_t GFDev_GFLGT_GetState(std::int32_t unit, std::int16_t* value, std::uint8_t* switches) {
-  return ReadState<GFLGTInputRecord>(kGFLGT, unit, [&](GFLGTInputRecord& state) {
+  return ReadState<GFLGTInputRecord>(kModuleGFLGT, unit, [&](GFLGTInputRecord& state) {
     Give(value, state.value);
     Give(switches, state.switches);
     state.value = 0;
   });
 }
 std::int32_t GFDev_GFLGT_SetLEDs(std::int32_t unit, std::uint8_t mask) {
-  return SendReport(kGFLGT, unit, [&](std::span<std::uint8_t> out) { return EncodeGFLGTIndicators(out, mask); });
+  return SendReport(kModuleGFLGT, unit, [&](std::span<std::uint8_t> out) { return EncodeGFLGTIndicators(out, mask); });
 }
 std::int32_t GFDev_GFLGT_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGFLGT, unit, kGFSwitchPanelBrightnessReport, out);
+  return GetBrightness(kModuleGFLGT, unit, kGFSwitchPanelBrightnessReport, out);
 }
 std::int32_t GFDev_GFLGT_SetBrightness(std::int32_t unit, std::uint16_t value) {
-  return SetBrightness(kGFLGT, unit, kGFSwitchPanelBrightnessReport, value);
+  return SetBrightness(kModuleGFLGT, unit, kGFSwitchPanelBrightnessReport, value);
 }
 
 std::int32_t GFDev_GFLGT2_GetState(std::int32_t unit, std::int16_t* value1, std::int16_t* value2,
                                    std::int16_t* value3, std::uint8_t* switches) {
-  return ReadState<GFLGT2InputRecord>(kGFLGT2, unit, [&](GFLGT2InputRecord& state) {
+  return ReadState<GFLGT2InputRecord>(kModuleGFLGT2, unit, [&](GFLGT2InputRecord& state) {
     Give(value1, state.values[0]);
     Give(value2, state.values[1]);
     Give(value3, state.values[2]);
@@ -262,13 +258,13 @@ std::int32_t GFDev_GFLGT2_GetState(std::int32_t unit, std::int16_t* value1, std:
   });
 }
 std::int32_t GFDev_GFLGT2_SetLEDs(std::int32_t unit, std::uint8_t mask) {
-  return SetIndicatorByte(kGFLGT2, unit, kGFSwitchPanelIndicatorReport, mask);
+  return SetIndicatorByte(kModuleGFLGT2, unit, kGFSwitchPanelIndicatorReport, mask);
 }
 std::int32_t GFDev_GFLGT2_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGFLGT2, unit, kGFSwitchPanelBrightnessReport, out);
+  return GetBrightness(kModuleGFLGT2, unit, kGFSwitchPanelBrightnessReport, out);
 }
 std::int32_t GFDev_GFLGT2_SetBrightness(std::int32_t unit, std::uint16_t value) {
-  return SetBrightness(kGFLGT2, unit, kGFSwitchPanelBrightnessReport, value);
+  return SetBrightness(kModuleGFLGT2, unit, kGFSwitchPanelBrightnessReport, value);
 }
 
 // ---- GF-MCP and GF-MCPPro -------------------------------------------------------------------------
@@ -276,7 +272,7 @@ std::int32_t GFDev_GFLGT2_SetBrightness(std::int32_t unit, std::uint16_t value) 
 std::int32_t GFDev_GFMCP_GetState(std::int32_t unit, std::int16_t* encoder1, std::int16_t* encoder2,
                                   std::int16_t* encoder3, std::int16_t* encoder4, std::int16_t* encoder5,
                                   std::uint8_t* buttons1, std::uint8_t* buttons2) {
-  return ReadState<GFMCPInputRecord>(kGFMCP, unit, [&](GFMCPInputRecord& state) {
+  return ReadState<GFMCPInputRecord>(kModuleGFMCP, unit, [&](GFMCPInputRecord& state) {
     GiveAndClear(encoder1, state.encoders[0]);
     GiveAndClear(encoder2, state.encoders[1]);
     GiveAndClear(encoder3, state.encoders[2]);
@@ -287,41 +283,41 @@ std::int32_t GFDev_GFMCP_GetState(std::int32_t unit, std::int16_t* encoder1, std
   });
 }
 std::int32_t GFDev_GFMCP_SetLEDs(std::int32_t unit, std::uint8_t mask) {
-  return SetIndicatorByte(kGFMCP, unit, kGFMCPIndicatorReport, mask);
+  return SetIndicatorByte(kModuleGFMCP, unit, kGFMCPIndicatorReport, mask);
 }
 std::int32_t GFDev_GFMCP_SetDisplay1(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPDisplay>(kGFMCP, unit, 1, text);
+  return SetForwardDisplay<EncodeGFMCPDisplay>(kModuleGFMCP, unit, 1, text);
 }
 std::int32_t GFDev_GFMCP_SetDisplay2(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPDisplay>(kGFMCP, unit, 2, text);
+  return SetForwardDisplay<EncodeGFMCPDisplay>(kModuleGFMCP, unit, 2, text);
 }
 std::int32_t GFDev_GFMCP_SetDisplay3(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPDisplay>(kGFMCP, unit, 3, text);
+  return SetForwardDisplay<EncodeGFMCPDisplay>(kModuleGFMCP, unit, 3, text);
 }
 std::int32_t GFDev_GFMCP_SetDisplay4(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPDisplay>(kGFMCP, unit, 4, text);
+  return SetForwardDisplay<EncodeGFMCPDisplay>(kModuleGFMCP, unit, 4, text);
 }
 std::int32_t GFDev_GFMCP_SetDisplay5(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPDisplay>(kGFMCP, unit, 5, text);
+  return SetForwardDisplay<EncodeGFMCPDisplay>(kModuleGFMCP, unit, 5, text);
 }
 std::int32_t GFDev_GFMCP_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGFMCP, unit, kGFMCPBrightnessReport, out);
+  return GetBrightness(kModuleGFMCP, unit, kGFMCPBrightnessReport, out);
 }
 std::int32_t GFDev_GFMCP_SetBrightness(std::int32_t unit, std::uint16_t value) {
-  return SetBrightness(kGFMCP, unit, kGFMCPBrightnessReport, value);
+  return SetBrightness(kModuleGFMCP, unit, kGFMCPBrightnessReport, value);
 }
 
 std::int32_t GFDev_GFMCPPro_GetState(std::int32_t unit, std::int16_t* encoder1, std::int16_t* encoder2,
                                      std::int16_t* encoder3, std::int16_t* encoder4, std::int16_t* encoder5,
                                      std::int16_t* encoder6, std::uint32_t* switches) {
-  return ReadState<GFMCPProInputRecord>(kGFMCPPro, unit, [&](GFMCPProInputRecord& state) {
+  return ReadState<GFMCPProInputRecord>(kModuleGFMCPPro, unit, [&](GFMCPProInputRecord& state) {
     std::int16_t* outs[] = {encoder1, encoder2, encoder3, encoder4, encoder5, encoder6};
     for (std::size_t i = 0; i < 6; ++i) GiveAndClear(outs[i], state.encoders[i]);
     Give(switches, state.switches);
   });
 }
 std::int32_t GFDev_GFMCPPro_SetLEDs(std::int32_t unit, std::uint32_t mask) {
-  return WithPresentUnit(kGFMCPPro, unit, [&](DeviceObject& object) {
+  return WithPresentUnit(kModuleGFMCPPro, unit, [&](DeviceObject& object) {
     ReportBuffer report{};
     const std::int32_t result = Queue(object, report, EncodeGFMCPProIndicators(report, mask));
     if (result == kGFDevDone) object.Outputs().mcpProIndicators = mask;
@@ -329,35 +325,35 @@ std::int32_t GFDev_GFMCPPro_SetLEDs(std::int32_t unit, std::uint32_t mask) {
   });
 }
 std::int32_t GFDev_GFMCPPro_SetDisplay1(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPProDisplay>(kGFMCPPro, unit, 1, text);
+  return SetForwardDisplay<EncodeGFMCPProDisplay>(kModuleGFMCPPro, unit, 1, text);
 }
 std::int32_t GFDev_GFMCPPro_SetDisplay2(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPProDisplay>(kGFMCPPro, unit, 2, text);
+  return SetForwardDisplay<EncodeGFMCPProDisplay>(kModuleGFMCPPro, unit, 2, text);
 }
 std::int32_t GFDev_GFMCPPro_SetDisplay3(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPProDisplay>(kGFMCPPro, unit, 3, text);
+  return SetForwardDisplay<EncodeGFMCPProDisplay>(kModuleGFMCPPro, unit, 3, text);
 }
 std::int32_t GFDev_GFMCPPro_SetDisplay4(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPProDisplay>(kGFMCPPro, unit, 4, text);
+  return SetForwardDisplay<EncodeGFMCPProDisplay>(kModuleGFMCPPro, unit, 4, text);
 }
 std::int32_t GFDev_GFMCPPro_SetDisplay5(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPProDisplay>(kGFMCPPro, unit, 5, text);
+  return SetForwardDisplay<EncodeGFMCPProDisplay>(kModuleGFMCPPro, unit, 5, text);
 }
 std::int32_t GFDev_GFMCPPro_SetDisplay6(std::int32_t unit, const char* text) {
-  return SetForwardDisplay<EncodeGFMCPProDisplay>(kGFMCPPro, unit, 6, text);
+  return SetForwardDisplay<EncodeGFMCPProDisplay>(kModuleGFMCPPro, unit, 6, text);
 }
 std::int32_t GFDev_GFMCPPro_GetBrightness(std::int32_t unit, std::uint16_t* out) {
-  return GetBrightness(kGFMCPPro, unit, kGFMCPProBrightnessReport, out);
+  return GetBrightness(kModuleGFMCPPro, unit, kGFMCPProBrightnessReport, out);
 }
 std::int32_t GFDev_GFMCPPro_SetBrightness(std::int32_t unit, std::uint16_t value) {
-  return SetBrightness(kGFMCPPro, unit, kGFMCPProBrightnessReport, value);
+  return SetBrightness(kModuleGFMCPPro, unit, kGFMCPProBrightnessReport, value);
 }
 
 // ---- GF-EFIS, GF-SECM, GF-MESM --------------------------------------------------------------------
 
 std::int32_t GFDev_GFEFIS_GetState(std::int32_t unit, std::int16_t* encoder1, std::int16_t* encoder2,
                                    std::uint16_t* switches, std::uint8_t* selectors) {
-  return ReadState<GFEFISInputRecord>(kGFEFIS, unit, [&](GFEFISInputRecord& state) {
+  return ReadState<GFEFISInputRecord>(kModuleGFEFIS, unit, [&](GFEFISInputRecord& state) {
     GiveAndClear(encoder1, state.encoder1);
     GiveAndClear(encoder2, state.encoder2);
     Give(switches, state.switches);
@@ -367,7 +363,7 @@ std::int32_t GFDev_GFEFIS_GetState(std::int32_t unit, std::int16_t* encoder1, st
 
 std::int32_t GFDev_GFSECM_GetState(std::int32_t unit, std::uint8_t* rotary, std::uint8_t* second,
                                    std::uint8_t* third, std::uint8_t* fourth, std::uint16_t* switches) {
-  return ReadState<GFSECMInputRecord>(kGFSECM, unit, [&](GFSECMInputRecord& state) {
+  return ReadState<GFSECMInputRecord>(kModuleGFSECM, unit, [&](GFSECMInputRecord& state) {
     Give(rotary, state.rotary);
     Give(second, state.second);
     Give(third, state.third);
@@ -378,7 +374,7 @@ std::int32_t GFDev_GFSECM_GetState(std::int32_t unit, std::uint8_t* rotary, std:
 
 std::int32_t GFDev_GFMESM_GetState(std::int32_t unit, std::uint8_t* value1, std::uint8_t* value2,
                                    std::uint8_t* value3) {
-  return ReadState<GFMESMInputRecord>(kGFMESM, unit, [&](GFMESMInputRecord& state) {
+  return ReadState<GFMESMInputRecord>(kModuleGFMESM, unit, [&](GFMESMInputRecord& state) {
     Give(value1, state.values[0]);
     Give(value2, state.values[1]);
     Give(value3, state.values[2]);
@@ -388,23 +384,23 @@ std::int32_t GFDev_GFMESM_GetState(std::int32_t unit, std::uint8_t* value1, std:
 // ---- GF-WCP -----------------------------------------------------------------------------------------
 
 std::int32_t GFDev_GFWCP_GetSwitches(std::int32_t unit, std::uint8_t* switches) {
-  return GetSwitchByte(kGFWCP, unit, switches);
+  return GetSwitchByte(kModuleGFWCP, unit, switches);
 }
 std::int32_t GFDev_GFWCP_GetBrightness(std::int32_t unit, std::uint32_t* out) {
-  return WithPresentUnit(kGFWCP, unit, [&](DeviceObject& object) {
+  return WithPresentUnit(kModuleGFWCP, unit, [&](DeviceObject& object) {
     Give(out, object.Outputs().wcpBrightness);
     return std::int32_t{kGFDevDone};
   });
 }
 std::int32_t GFDev_GFWCP_SetBrightness(std::int32_t unit, std::uint16_t value) {
   std::int32_t result = kGFDevDone;
-  DeviceObject* object = LookUp(kGFWCP, unit, result);
+  DeviceObject* object = LookUp(kModuleGFWCP, unit, result);
   if (object == nullptr) return result;
   if (object->Present()) object->SetWCPBrightness(value);
   return kGFDevDone;
 }
 std::int32_t GFDev_GFWCP_SetLEDColour(std::int32_t unit, std::uint8_t indicator, std::uint8_t colour) {
-  return WithPresentUnit(kGFWCP, unit, [&](DeviceObject& object) { return object.SetWCPColour(indicator, colour); });
+  return WithPresentUnit(kModuleGFWCP, unit, [&](DeviceObject& object) { return object.SetWCPColour(indicator, colour); });
 }
 
 // ---- GF-DIO -----------------------------------------------------------------------------------------
@@ -412,7 +408,7 @@ std::int32_t GFDev_GFWCP_SetLEDColour(std::int32_t unit, std::uint8_t indicator,
 std::int32_t GFDev_GFDIO_GetState(std::int32_t unit, std::uint8_t* state1, std::uint8_t* state2,
                                   std::uint8_t* state3, std::uint8_t* state4, std::uint8_t* state5,
                                   std::uint8_t* state6, std::uint8_t* state7) {
-  return ReadState<GFDIOInputRecord>(kGFDIO, unit, [&](GFDIOInputRecord& state) {
+  return ReadState<GFDIOInputRecord>(kModuleGFDIO, unit, [&](GFDIOInputRecord& state) {
     if (state1 == nullptr) return;  // the first pointer decides for all seven
     std::uint8_t* outs[] = {state1, state2, state3, state4, state5, state6, state7};
     for (std::size_t i = 0; i < 7; ++i) Give(outs[i], state.states[i]);
@@ -420,7 +416,7 @@ std::int32_t GFDev_GFDIO_GetState(std::int32_t unit, std::uint8_t* state1, std::
 }
 std::int32_t GFDev_GFDIO_SetOutputs(std::int32_t unit, std::uint8_t output1, std::uint8_t output2,
                                     std::uint8_t output3, std::uint8_t output4) {
-  return WithPresentUnit(kGFDIO, unit, [&](DeviceObject& object) {
+  return WithPresentUnit(kModuleGFDIO, unit, [&](DeviceObject& object) {
     return object.SetDIOOutputs({output1, output2, output3, output4});
   });
 }

@@ -1,22 +1,35 @@
-// The panel models the device layer knows: product id (vendor 0x09F3) and table capacity per model.
+// Everything the device layer knows about a panel model, in one row per model: the names the pilot
+// and the device log use, the unit's configuration section, the product id (vendor 0x09F3), how many
+// units the layer can hold, and the device class its objects run on. The model number itself is the
+// ModuleType enumerator (ModuleTypes.h); the orders that behaviour fixes are short lists beside the
+// rows (ModelTable.cpp).
 #pragma once
 
 #include <cstdint>
 #include <span>
+
+#include "hid/DeviceClasses.h"
+#include "hid/ModuleTypes.h"
 
 namespace drav {
 
 inline constexpr std::uint16_t kPanelVendorId = 0x09F3;
 
 struct PanelModel {
-  std::uint32_t moduleType;
-  const char* name;        // as scenarios and the dialog name it, "GF-46"
+  ModuleType moduleType;
+  const char* name;           // "GF-45": how the pilot, the dialog and the scenarios know the panel
+  const char* logWord;        // "GF45": the device log's word; "Unknown" for models without a module
+  const char* sectionFormat;  // "GF45_%d": the unit's configuration section, unit counted from 1
   std::uint16_t productId;
-  int slots;               // units of this model the layer can hold at once
+  int slots;                  // units of this model the layer can hold at once; 0: no table
+  DeviceClass deviceClass;
 };
 
-// In the order of the product-id tests (which is also the teardown order).
-std::span<const PanelModel> PanelModels();
+// Indexed by the model number; row 0 ("NONE") stands for every number that is not a model.
+extern const PanelModel kPanelModelRows[kLastModuleType + 1];
+
+// The models with a table, in the order of the product-id tests (which is also the teardown order).
+std::span<const PanelModel* const> PanelModels();
 // Null for GF-TPM (16) and numbers outside 1..19: those have no table.
 const PanelModel* FindPanelModel(std::uint32_t moduleType);
 const PanelModel* FindPanelModelByProductId(std::uint16_t productId);

@@ -1,6 +1,6 @@
-// The panel models as numbers, and the one table of facts that every subsystem needs about them:
-// the name shown to the pilot, the word used in the device log, the configuration section of a unit
-// and whether the model has a module class.
+// The panel models as numbers, and the three facts about them that every subsystem asks for: the
+// name shown to the pilot, the word used in the device log and the configuration section of a unit.
+// The rows that answer are in ModelTable.cpp.
 #pragma once
 
 #include <cstdint>
@@ -37,24 +37,13 @@ inline constexpr std::uint32_t kLastModuleType = kModuleGFDIO;
 // "Up to 32 units of one model can be connected at once": no model table has more slots.
 inline constexpr std::int32_t kMaxUnitsPerModel = 32;
 
-struct ModuleTypeInfo {
-  ModuleType type;
-  const char* modelName;      // "GF-45": how the pilot knows the panel
-  const char* modelWord;      // "GF45": the device log's word; "Unknown" for models without class
-  const char* sectionFormat;  // "GF45_%d": the unit's configuration section, unit counted from 1
-  bool hasModuleClass;
-};
-
 // True for 1..19.
 bool IsKnownModuleType(std::uint32_t type);
 
-// The row of `type`; any number outside 1..19 gets the "NONE" row (type kModuleNone, model word
-// "Unknown", no module class), so callers never need a range check of their own.
-const ModuleTypeInfo& GetModuleTypeInfo(std::uint32_t type);
-
+// From the model's row (ModelTable.cpp). Any number outside 1..19 answers as "NONE" (model word
+// "Unknown"), so callers never need a range check of their own.
 const char* ModelName(std::uint32_t type);
 const char* ModelWord(std::uint32_t type);
 const char* SectionFormat(std::uint32_t type);
-bool HasModuleClass(std::uint32_t type);
 
 }  // namespace drav

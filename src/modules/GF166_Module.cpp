@@ -11,6 +11,8 @@
 #include "base/Settings.h"
 #include "hid/ModuleTypes.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -288,5 +290,37 @@ void GF166_Module::SelectFunction(std::int32_t functionId) {
   if (StepMode(functionId)) return;
   secondary = nullptr;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered first; the two buttons, then the modes.
+void LoadAssignments(GF166_Module& radio, UnitAssignments& unit) {
+  RegisterUnit(radio, unit);
+  AssignGroup(radio, unit, kGF166ButtonKeys);
+  LoadRadioModes(radio, unit);
+  radio.SetDisplay();
+}
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  // Row 0 stays empty: the two buttons sit above the modes as on the unit.
+  const char* const buttonCaptions[] = {"Left Function", "Right Function"};
+  AddEmptyDefaultRows(rows.functions, 1, buttonCaptions, kGF166ButtonKeys, 0, PickListKind::kButton);
+  AddEmptyDefaultRows(rows.functions, 3, kModeCaptions, kRadioModeKeys, 0, PickListKind::kAvionic);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGF166Descriptor = {
+    &kPanelModelRows[kModuleGF166],
+    &GFDev_GF166_Count,
+    &MakeModuleVector<GF166_Module>,
+    &LoadAs<GF166_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GF166_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GF166_SetBrightness>, false},
+    &DialogRows,
+};
 
 }  // namespace drav

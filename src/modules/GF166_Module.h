@@ -73,4 +73,7 @@ class GF166_Module : public GF_Abstract_AvionicDevice {
   LightMaskSender lights_;  // lastIndicators
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGF166Descriptor;
+
 }  // namespace drav

@@ -4,6 +4,8 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -60,5 +62,16 @@ void GF45_Module::HandleInput(std::int32_t control, std::int32_t value) {
     TurnInnerRing(value);
   }
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+constexpr ModelDescriptor kGF45Descriptor = {
+    &kPanelModelRows[kModuleGF45],
+    &GFDev_GF45_Count,
+    &MakeModuleVector<GF45_Module>,
+    &LoadAs<GF45_Module, LoadRadioAssignments>,
+    {nullptr, &WriteBrightness<std::int32_t, GFDev_GF45_SetBrightness>, false},  // sent, never asked
+    &RadioDialogRows,
+};
 
 }  // namespace drav

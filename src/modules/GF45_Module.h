@@ -19,4 +19,7 @@ class GF45_Module : public GFRadioModule {
   void HandleInput(std::int32_t control, std::int32_t value) override;
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGF45Descriptor;
+
 }  // namespace drav

@@ -4,6 +4,8 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -86,5 +88,18 @@ void GF46_Module::StepToNextMode() {
   SelectFunction(next);
   SetDisplay();
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+constexpr ModelDescriptor kGF46Descriptor = {
+    &kPanelModelRows[kModuleGF46],
+    &GFDev_GF46_Count,
+    &MakeModuleVector<GF46_Module>,
+    &LoadAs<GF46_Module, LoadRadioAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GF46_GetBrightness>,
+     &WriteBrightness<std::int32_t, GFDev_GF46_SetBrightness>, false},
+    &RadioDialogRows,
+};
 
 }  // namespace drav

@@ -26,4 +26,7 @@ class GF46_Module : public GFRadioModule {
   void StepToNextMode();
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGF46Descriptor;
+
 }  // namespace drav

@@ -1,10 +1,15 @@
 #include "modules/GFDIO_Module.h"
 
+#include <array>
+#include <charconv>
+
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -230,5 +235,61 @@ std::uint64_t GFDIO_Module::PrevSwitchBank() const {
   std::lock_guard<std::mutex> lock(decodingLock_);
   return prevSwitchBank_;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// "%02d" of an input or output number, without printf: a board has 200 keys, read at every load.
+std::array<char, 12> TwoDigits(int number) {
+  std::array<char, 12> text{};
+  char* at = text.data();
+  if (number >= 0 && number < 10) *at++ = '0';
+  std::to_chars(at, text.data() + text.size() - 1, number);
+  return text;
+}
+
+// The inputs and outputs are numbered, not keyed: each key reaches the board by its number.
+using NumberedAssign = void (GFDIO_Module::*)(const char* key, std::int32_t functionId, std::int32_t param1,
+                                              std::int32_t param2);
+
+void AssignNumbered(GFDIO_Module& board, UnitAssignments& unit, const AssignmentKeyGroup& group,
+                    NumberedAssign assign) {
+  for (int index = 0; index < KeyCount(group); ++index) {
+    const AssignedKey key = unit.Read(group, index);
+    (board.*assign)(TwoDigits(KeyNumber(group, index)).data(), key.functionId, key.targetUnit, key.targetKind);
+  }
+}
+
+// The dialog reloads the board without registering it, so that the input bank it holds survives.
+void LoadAssignments(GFDIO_Module& board, UnitAssignments& unit) {
+  if (unit.Registering()) RegisterUnit(board, unit);
+  AssignNumbered(board, unit, kGFDIOInputOnKeys, &GFDIO_Module::AssignInputFunction);
+  AssignNumbered(board, unit, kGFDIOInputOffKeys, &GFDIO_Module::AssignOffStateFunction);
+  for (int index = 0; index < KeyCount(kGFDIOSwitchTypeKeys); ++index) {
+    const auto switchType = static_cast<std::uint8_t>(unit.ReadSwitchType(kGFDIOSwitchTypeKeys, index));
+    board.SetSwitchType(KeyNumber(kGFDIOSwitchTypeKeys, index) - 1, switchType);
+  }
+  AssignNumbered(board, unit, kGFDIOOutputKeys, &GFDIO_Module::AssignOutputFunction);
+  board.SetDisplay();
+}
+
+// Nothing to show: its units are reloaded from the file (without registering again) whenever it is
+// picked.
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) { rows.reloadAllWithoutRegistering = true; }
+
+const char* DeviceLabel(const DeviceLabelContext&) { return kNotAssignableLabelFormat; }
+
+}  // namespace
+
+constexpr ModelDescriptor kGFDIODescriptor = {
+    &kPanelModelRows[kModuleGFDIO],
+    &GFDev_GFDIO_Count,
+    &MakeModuleVector<GFDIO_Module>,
+    &LoadAs<GFDIO_Module, LoadAssignments>,
+    {},  // no brightness report
+    &DialogRows,
+    &DeviceLabel,
+};
 
 }  // namespace drav

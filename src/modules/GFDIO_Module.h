@@ -86,4 +86,7 @@ class GFDIO_Module : public GF_Abstract_Module {
   std::uint32_t lastOutputs_ = 0;
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFDIODescriptor;
+
 }  // namespace drav

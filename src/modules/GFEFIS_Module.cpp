@@ -9,6 +9,8 @@
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
 #include "hid/ModuleTypes.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -225,5 +227,53 @@ std::int32_t GFEFIS_Module::GetAssignedFunction(std::uint8_t key) {
   }
   return IsButtonKey(key) ? GetFunctionId(buttonFunctions[key]) : 0;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first: Register puts the simulator where the panel's selectors and switches are, through
+// the new bindings.
+void LoadAssignments(GFEFIS_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFEFISButtonKeys);
+  AssignGroup(panel, unit, kGFEFISKnobKeys);
+  RegisterUnit(panel, unit);
+}
+
+const char* const kGFEFISCaptions[] = {
+    "TERR button",           "POS button",           "DATA button",
+    "ARPT button",           "WPT button",           "STA button",
+    "WXR button",            "N/C",                  "Toggle in ADF1",
+    "Toggle in VOR1",        "Toggle in ADF2",       "Toggle in VOR2",
+    "MTRS button",           "FPV button",           "Left knob push (DH/MDAF)",
+    "Right knob push (BARO)", "Left selector APP",   "Left selector VOR",
+    "Left selector MAP",     "Left selector PLAN",   "Right selector 10 NM",
+    "Right selector 20 NM",  "Right selector 40 NM", "Right selector 80 NM",
+    "Right selector 160 NM", "Right selector 320 NM", "Right selector 640 NM",
+    "Left knob",             "Right knob (BARO)",
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext& context) {
+  if (context.efisDisabled) return;
+  const GroupList groups[] = {{&kGFEFISButtonKeys, PickListKind::kButtonWithAltimeterStd},
+                              {&kGFEFISKnobKeys, PickListKind::kAvionic}};
+  AddGroupRows(rows, kGFEFISCaptions, groups);
+}
+
+const char* DeviceLabel(const DeviceLabelContext& context) {
+  return context.efisDisabled ? kDisabledLabelFormat : kUnitLabelFormat;
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFEFISDescriptor = {
+    &kPanelModelRows[kModuleGFEFIS],
+    &GFDev_GFEFIS_Count,
+    &MakeModuleVector<GFEFIS_Module>,
+    &LoadAs<GFEFIS_Module, LoadAssignments>,
+    {},  // no brightness report
+    &DialogRows,
+    &DeviceLabel,
+};
 
 }  // namespace drav

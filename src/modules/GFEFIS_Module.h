@@ -71,4 +71,7 @@ class GFEFIS_Module : public GF_Abstract_Module {
   DecodingState decoding_;
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFEFISDescriptor;
+
 }  // namespace drav

@@ -6,6 +6,8 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -183,5 +185,55 @@ std::int32_t GFLGT2_Module::GetAssignedFunction(std::uint8_t key) {
   if (wheelIndex < 0 || wheels[wheelIndex] == nullptr) return 0;
   return GetAvionicFunctionId(*wheels[wheelIndex]);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first, so that Register brings the new gear and fuel functions to where the lever and
+// the selector really are.
+void LoadAssignments(GFLGT2_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFLGT2Keys);
+  for (std::int32_t wheel = 0; wheel < kLGT2Wheels; ++wheel) {
+    panel.SetWheelGain(wheel, unit.ReadWheelGain(kGFLGT2WheelGains[wheel]));
+  }
+  RegisterUnit(panel, unit);
+  panel.SetDisplay();
+}
+
+const KeyedRow kGFLGT2Rows[] = {
+    {"Aileron", &kGFLGT2Keys, 0, PickListKind::kTrim},
+    {"Elevator", &kGFLGT2Keys, 1, PickListKind::kTrim},
+    {"Rudder", &kGFLGT2Keys, 2, PickListKind::kTrim},
+    {"Gear Lever", &kGFLGT2Keys, 3, PickListKind::kGear},
+    {"Flap Switch", &kGFLGT2Keys, 4, PickListKind::kFlap},
+    {"Switch Left Position", &kGFLGT2Keys, 5, PickListKind::kFuelFeed},
+    {"Switch Centre Position", &kGFLGT2Keys, 6, PickListKind::kFuelFeed},
+    {"Switch Right Position", &kGFLGT2Keys, 7, PickListKind::kFuelFeed},
+};
+
+const DialogSliderRow kGFLGT2Sliders[] = {
+    {0, "Aileron Gain", "WHEEL1_GAIN", "1", 1, 10, false, true},
+    {1, "Elevator Gain", "WHEEL2_GAIN", "1", 1, 10, false, true},
+    {2, "Rudder Gain", "WHEEL3_GAIN", "1", 1, 10, false, true},
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddKeyedRows(rows, kGFLGT2Rows);
+  AddSliders(rows, kGFLGT2Sliders);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFLGT2Descriptor = {
+    &kPanelModelRows[kModuleGFLGT2],
+    &GFDev_GFLGT2_Count,
+    &MakeModuleVector<GFLGT2_Module>,
+    &LoadAs<GFLGT2_Module, LoadAssignments>,
+    // brightness: its own reversed scale
+    {&ReadBrightness<std::uint16_t, GFDev_GFLGT2_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFLGT2_SetBrightness>, true},
+    &DialogRows,
+};
 
 }  // namespace drav

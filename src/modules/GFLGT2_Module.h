@@ -67,4 +67,7 @@ class GFLGT2_Module : public GF_Abstract_Module {
   LightMaskSender indicators_;
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFLGT2Descriptor;
+
 }  // namespace drav

@@ -6,6 +6,8 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -129,5 +131,45 @@ std::int32_t GFLGT_Module::GetAssignedFunction(std::uint8_t key) {
     default: return 0;
   }
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first, so that Register brings the new gear function to where the lever really is.
+void LoadAssignments(GFLGT_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFLGTKeys);
+  panel.SetWheelGain(unit.ReadWheelGain(kGFLGTWheelGain));
+  RegisterUnit(panel, unit);
+  panel.SetDisplay();
+}
+
+const KeyedRow kGFLGTRows[] = {
+    {"Wheel", &kGFLGTKeys, 0, PickListKind::kTrim},
+    {"Lever", &kGFLGTKeys, 1, PickListKind::kGear},
+    {"Up/Down Switch", &kGFLGTKeys, 2, PickListKind::kFlap},
+};
+
+const DialogSliderRow kGFLGTSliders[] = {
+    {0, "Wheel Gain", "WHEEL_GAIN", "1", 1, 10, false, true},
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddKeyedRows(rows, kGFLGTRows);
+  AddSliders(rows, kGFLGTSliders);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFLGTDescriptor = {
+    &kPanelModelRows[kModuleGFLGT],
+    &GFDev_GFLGT_Count,
+    &MakeModuleVector<GFLGT_Module>,
+    &LoadAs<GFLGT_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFLGT_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFLGT_SetBrightness>, false},
+    &DialogRows,
+};
 
 }  // namespace drav

@@ -50,4 +50,7 @@ class GFLGT_Module : public GF_Abstract_Module {
   LightMaskSender indicators_;
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFLGTDescriptor;
+
 }  // namespace drav

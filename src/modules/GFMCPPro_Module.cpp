@@ -15,6 +15,8 @@
 #include "base/Settings.h"
 #include "modules/McpDisplaySlot.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -303,5 +305,53 @@ std::int32_t GFMCPPro_Module::GetAssignedFunction(std::uint8_t key) {
   }
   return kNada;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered first, as the GF-MCP; the defaults follow the x737 mode at the time of loading.
+void LoadAssignments(GFMCPPro_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, GFMCPProButtonKeys(X737Mode));
+  AssignGroup(panel, unit, GFMCPProKnobKeys(X737Mode));
+  panel.SetDisplay();
+}
+
+const char* const kGFMCPProCaptions[] = {
+    "VNAV button",      "LNAV button",      "CMD A button",     "CMD B button",      "A/T Arm Switch",
+    "IAS/MACH button",  "SPD INTV button",  "VORLOC button",    "ALT INTV button",   "CWS A button",
+    "CWS B button",     "SPD knob",         "HDG knob",         "ALT knob",          "F/D (left) switch",
+    "N1 HOLD button",   "IAS HOLD button",  "FLCH button",      "HDG HOLD button",   "APPR HOLD button",
+    "ALT HOLD button",  "VS HOLD button",   "DISENGAGE bar",    "F/D (right) switch", "CRS display/knob",
+    "IAS display/knob", "HDG display/knob", "ALT display/knob", "V/S display/knob",  "CRS display/knob",
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext& context) {
+  // In x737 mode the aircraft drives the panel itself; while disabled another plug-in does.
+  if (context.x737Mode || context.mcpProDisabled) return;
+  const GroupList groups[] = {{&GFMCPProButtonKeys(0), PickListKind::kButton},
+                              {&GFMCPProKnobKeys(0), PickListKind::kAvionic}};
+  AddGroupRows(rows, kGFMCPProCaptions, groups);
+}
+
+const char* DeviceLabel(const DeviceLabelContext& context) {
+  if (context.x737McpDirect) return kNotAssignableLabelFormat;
+  return context.mcpProDisabled ? kDisabledLabelFormat : kUnitLabelFormat;
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFMCPProDescriptor = {
+    &kPanelModelRows[kModuleGFMCPPro],
+    &GFDev_GFMCPPro_Count,
+    &MakeModuleVector<GFMCPPro_Module>,
+    &LoadAs<GFMCPPro_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFMCPPro_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFMCPPro_SetBrightness>, false},
+    &DialogRows,
+    &DeviceLabel,
+};
 
 }  // namespace drav

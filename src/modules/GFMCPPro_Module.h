@@ -80,4 +80,7 @@ class GFMCPPro_Module : public GF_Abstract_Module {
   LightMaskSender lights_;  // lastIndicators
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFMCPProDescriptor;
+
 }  // namespace drav

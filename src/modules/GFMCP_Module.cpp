@@ -11,6 +11,8 @@
 #include "base/Settings.h"
 #include "modules/McpDisplaySlot.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -180,5 +182,51 @@ std::int32_t GFMCP_Module::GetAssignedFunction(std::uint8_t key) {
   }
   return kNada;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered first: Register brings the disengage function to where the bar is (it was bound by
+// the previous load; the first load finds it unbound).
+void LoadAssignments(GFMCP_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, kGFMCPButtonKeys);
+  AssignGroup(panel, unit, kGFMCPKnobKeys);
+  panel.SetDisplay();
+}
+
+// Buttons and knobs alternate down the panel as they do on the hardware.
+const KeyedRow kGFMCPRows[] = {
+    {"NAV HOLD button", &kGFMCPButtonKeys, 0, PickListKind::kButton},
+    {"CRS display/knob", &kGFMCPKnobKeys, 0, PickListKind::kAvionic},
+    {"HDG HOLD button", &kGFMCPButtonKeys, 1, PickListKind::kButton},
+    {"HDG display/knob", &kGFMCPKnobKeys, 1, PickListKind::kAvionic},
+    {"IAS HOLD button", &kGFMCPButtonKeys, 2, PickListKind::kButton},
+    {"IAS display/knob", &kGFMCPKnobKeys, 2, PickListKind::kAvionic},
+    {"SEL button", &kGFMCPButtonKeys, 3, PickListKind::kButton},
+    {"V/S display/knob", &kGFMCPKnobKeys, 3, PickListKind::kAvionic},
+    {"ALT HOLD Button", &kGFMCPButtonKeys, 4, PickListKind::kButton},
+    {"ALT display/knob", &kGFMCPKnobKeys, 4, PickListKind::kAvionic},
+    {"APPR button", &kGFMCPButtonKeys, 5, PickListKind::kButton},
+    {"B/C button", &kGFMCPButtonKeys, 6, PickListKind::kButton},
+    {"A/P CMD button", &kGFMCPButtonKeys, 7, PickListKind::kButton},
+    {"DISENGAGE bar", &kGFMCPButtonKeys, 8, PickListKind::kButton},
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) { AddKeyedRows(rows, kGFMCPRows); }
+
+}  // namespace
+
+constexpr ModelDescriptor kGFMCPDescriptor = {
+    &kPanelModelRows[kModuleGFMCP],
+    &GFDev_GFMCP_Count,
+    &MakeModuleVector<GFMCP_Module>,
+    &LoadAs<GFMCP_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFMCP_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFMCP_SetBrightness>, false},
+    &DialogRows,
+};
 
 }  // namespace drav

@@ -66,4 +66,7 @@ class GFMCP_Module : public GF_Abstract_Module {
   LightMaskSender lights_;  // lastIndicators
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFMCPDescriptor;
+
 }  // namespace drav

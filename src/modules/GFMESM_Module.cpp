@@ -5,6 +5,8 @@
 #include "base/Log.h"
 #include "base/OptionalXplmApi.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -192,5 +194,35 @@ void GFMESM_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, st
 std::int32_t GFMESM_Module::GetAssignedFunction(std::uint8_t key) {
   return key < kMESMFunctionSlots ? GetFunctionId(buttonFunctions[key]) : 0;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first: Register puts the simulator where the panel's switches are, through the new
+// bindings.
+void LoadAssignments(GFMESM_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFMESMKeys);
+  RegisterUnit(panel, unit);
+}
+
+// The X-Plane version from which the GF-MESM is supported but still has nothing to assign here.
+constexpr int kMesmSupportedVersion = 900;
+
+const char* DeviceLabel(const DeviceLabelContext& context) {
+  return context.xplaneVersion < kMesmSupportedVersion ? "%s - N/S" : kNotAssignableLabelFormat;
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFMESMDescriptor = {
+    &kPanelModelRows[kModuleGFMESM],
+    &GFDev_GFMESM_Count,
+    &MakeModuleVector<GFMESM_Module>,
+    &LoadAs<GFMESM_Module, LoadAssignments>,
+    {},  // no brightness report
+    nullptr,  // no dialog rows
+    &DeviceLabel,
+};
 
 }  // namespace drav

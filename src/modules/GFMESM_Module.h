@@ -57,4 +57,7 @@ class GFMESM_Module : public GF_Abstract_Module {
   GFMESMInputRecord decoding_{};
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFMESMDescriptor;
+
 }  // namespace drav

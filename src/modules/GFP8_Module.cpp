@@ -4,6 +4,8 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -33,5 +35,33 @@ void GFP8_Module::HandleInput(std::int32_t control, std::int32_t value) {
   }
   PressButton(control, value);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered before binding: push buttons need no synchronisation.
+void LoadAssignments(GFP8_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, kGFP8Keys);
+  panel.SetDisplay();
+}
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, kButtonCaptions, kGFP8Keys, 0, PickListKind::kButton);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFP8Descriptor = {
+    &kPanelModelRows[kModuleGFP8],
+    &GFDev_GFP8_Count,
+    &MakeModuleVector<GFP8_Module>,
+    &LoadAs<GFP8_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFP8_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFP8_SetBrightness>, false},
+    &DialogRows,
+};
 
 }  // namespace drav

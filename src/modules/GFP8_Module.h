@@ -17,4 +17,7 @@ class GFP8_Module : public LightBoxModule {
   void HandleInput(std::int32_t control, std::int32_t value) override;
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFP8Descriptor;
+
 }  // namespace drav

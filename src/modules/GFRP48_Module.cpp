@@ -6,6 +6,8 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "hid/ModuleTypes.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -96,5 +98,36 @@ std::int32_t GFRP48_Module::GetAssignedFunction(std::uint8_t key) {
   const AvionicFunction* dial = dialFunctions[dialIndex];
   return dial != nullptr ? GetAvionicFunctionId(*dial) : 0;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Registered before binding: its push buttons need no synchronisation.
+void LoadAssignments(GFRP48_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, kGFRP48Keys);
+  panel.SetDisplay();
+}
+
+const char* const kKnobCaptions[] = {"Knob A", "Knob B", "Knob C", "Knob D"};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, kButtonCaptions, kGFRP48Keys, 0, PickListKind::kButton);
+  AddEmptyDefaultRows(rows.functions, 8, kKnobCaptions, kGFRP48Keys, 8, PickListKind::kAvionic);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFRP48Descriptor = {
+    &kPanelModelRows[kModuleGFRP48],
+    &GFDev_GFRP48_Count,
+    &MakeModuleVector<GFRP48_Module>,
+    &LoadAs<GFRP48_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFRP48_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFRP48_SetBrightness>, false},
+    &DialogRows,
+};
 
 }  // namespace drav

@@ -32,4 +32,7 @@ class GFRP48_Module : public LightBoxModule {
   void TurnDial(std::int32_t dialIndex, std::int32_t steps);
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFRP48Descriptor;
+
 }  // namespace drav

@@ -6,6 +6,8 @@
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -187,5 +189,39 @@ void GFSECM_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, st
 std::int32_t GFSECM_Module::GetAssignedFunction(std::uint8_t key) {
   return IsBoundKey(key) ? GetFunctionId(buttonFunctions[key]) : 0;
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first: Register puts the simulator where the panel's switches are, through the new
+// bindings.
+void LoadAssignments(GFSECM_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFSECMKeys);
+  RegisterUnit(panel, unit);
+}
+
+const char* const kGFSECMCaptions[] = {
+    "Battery Master", "Alternator Master", "Avionics Master", "Fuel Pump",    "Carb Heat",
+    "Pitot Heat",     "Panel Lights",      "Beacon Lights",   "Nav Lights",   "Strobe Lights",
+    "Taxi Lights",    "Landing Lights",    "Cowl",            "Landing Gear",
+};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  // Function15 to Function20 are edited in the file only.
+  const GroupList groups[] = {{&kGFSECMKeys, PickListKind::kToggle}};
+  AddGroupRows(rows, kGFSECMCaptions, groups);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFSECMDescriptor = {
+    &kPanelModelRows[kModuleGFSECM],
+    &GFDev_GFSECM_Count,
+    &MakeModuleVector<GFSECM_Module>,
+    &LoadAs<GFSECM_Module, LoadAssignments>,
+    {},  // no brightness report
+    &DialogRows,
+};
 
 }  // namespace drav

@@ -55,4 +55,7 @@ class GFSECM_Module : public GF_Abstract_Module {
   GFSECMInputRecord decoding_{};
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFSECMDescriptor;
+
 }  // namespace drav

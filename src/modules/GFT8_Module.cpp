@@ -4,6 +4,8 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -54,5 +56,36 @@ void GFT8_Module::HandleInput(std::int32_t control, std::int32_t value) {
   }
   SetSwitch(control, value != 0);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// Binds first, so that Register's switch synchronisation runs the new functions.
+void LoadAssignments(GFT8_Module& panel, UnitAssignments& unit) {
+  AssignGroup(panel, unit, kGFP8Keys);
+  RegisterUnit(panel, unit);
+  panel.SetDisplay();
+}
+
+const char* const kSwitchCaptions[] = {"Switch 1", "Switch 2", "Switch 3", "Switch 4",
+                                       "Switch 5", "Switch 6", "Switch 7", "Switch 8"};
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, kSwitchCaptions, kGFP8Keys, 0, PickListKind::kToggle);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFT8Descriptor = {
+    &kPanelModelRows[kModuleGFT8],
+    &GFDev_GFT8_Count,
+    &MakeModuleVector<GFT8_Module>,
+    &LoadAs<GFT8_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint16_t, GFDev_GFT8_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFT8_SetBrightness>, false},
+    &DialogRows,
+};
 
 }  // namespace drav

@@ -28,4 +28,7 @@ class GFT8_Module : public LightBoxModule {
   void SetSwitch(std::int32_t control, bool switchOn);
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFT8Descriptor;
+
 }  // namespace drav

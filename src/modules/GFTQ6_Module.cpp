@@ -5,6 +5,9 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "hid/GFDev.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -70,5 +73,55 @@ void GFTQ6_Module::SetFlapNullZones(float flapNullZone) {
 void GFTQ6_Module::ReloadLevers() {
   for (LeverFunction& lever : levers) RebindLever(lever);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// The levers are bound after Register, then every lever gets the unit's reverse, beta,
+// reverser-power and flap settings.
+void LoadAssignments(GFTQ6_Module& quadrant, UnitAssignments& unit) {
+  RegisterUnit(quadrant, unit);
+  AssignGroup(quadrant, unit, kGFTQ6LeverKeys);
+  // Read one by one: each read may trace, and the trace keeps the keys' order.
+  const float reversePoint = unit.ReadReal(kGFTQ6LeverCalibration[0]);
+  const float betaPoint = unit.ReadReal(kGFTQ6LeverCalibration[1]);
+  const float reverserPower = unit.ReadReal(kGFTQ6LeverCalibration[2]);
+  quadrant.SetLeverReversers(reversePoint, betaPoint, reverserPower);
+  quadrant.SetFlapNullZones(unit.ReadReal(kGFTQ6FlapNullZone));
+  quadrant.SetDisplay();
+}
+
+const char* const kLeverCaptions[] = {"Lever A", "Lever B", "Lever C", "Lever D", "Lever E", "Lever F"};
+
+// The dialog's defaults are not the loader's: with the key absent the unit runs with -1.0, -1.0, 1.0
+// and 1.0, but the dialog offers 0, 0, 60 and 100 as starting points.
+const DialogSliderRow kGFTQ6Sliders[] = {
+    {0, "Thrust Rev Point", "THROTTLE_REVERSE", "0.0", 0, 100, true, false},
+    {1, "Prop Beta Point", "THROTTLE_BETA", "0.0", 0, 100, true, false},
+    {2, "Thrust Rev Max", "REVERSER_POWER", "0.60", 0, 100, true, false},
+    {3, "Flap Null Zone", "FLAP_NULL_ZONE", "1.0", 0, 100, true, false},
+};
+
+// The levers take the new aircraft's engine and control limits.
+void ReloadLevers(GFTQ6_Module& quadrant) { quadrant.ReloadLevers(); }
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, kLeverCaptions, kGFTQ6LeverKeys, 0, PickListKind::kLever);
+  AddSliders(rows, kGFTQ6Sliders);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFTQ6Descriptor = {
+    &kPanelModelRows[kModuleGFTQ6],
+    &GFDev_GFTQ6_Count,
+    &MakeModuleVector<GFTQ6_Module>,
+    &LoadAs<GFTQ6_Module, LoadAssignments>,
+    {},  // no brightness report
+    &DialogRows,
+    nullptr,  // the plain unit label
+    &RunAs<GFTQ6_Module, ReloadLevers>,
+};
 
 }  // namespace drav

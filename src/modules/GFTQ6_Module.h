@@ -57,4 +57,7 @@ class GFTQ6_Module : public GF_Abstract_Module {
   mutable RecordLock recordLock_;
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFTQ6Descriptor;
+
 }  // namespace drav

@@ -6,6 +6,8 @@
 #include "modules/CommandTables.h"
 #include "base/OptionalXplmApi.h"
 #include "modules/PanelPower.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
@@ -136,5 +138,39 @@ std::int32_t GFWCP_Module::GetAssignedFunction(std::uint8_t key) {
   const std::int32_t index = ButtonIndexOfKey(key);
   return index < 0 ? 0 : GetFunctionId(buttonFunctions[index]);
 }
+
+// ---- the model's descriptor -------------------------------------------------------------------------
+
+namespace {
+
+// The six buttons, then the colour that each light shows when lit.
+void LoadAssignments(GFWCP_Module& panel, UnitAssignments& unit) {
+  RegisterUnit(panel, unit);
+  AssignGroup(panel, unit, kGFWCPKeys);
+  for (int index = 0; index < KeyCount(kGFWCPColourKeys) && index < kGFWCPButtons; ++index) {
+    panel.colours[index] = static_cast<std::uint8_t>(unit.ReadColour(kGFWCPColourKeys, index));
+  }
+  panel.SetDisplay();
+}
+
+void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
+  AddEmptyDefaultRows(rows.functions, 0, std::span(kButtonCaptions).first(6), kGFWCPKeys, 0, PickListKind::kWcp);
+  // An empty colour selects "BLACK", the first item.
+  AddEmptyDefaultRows(rows.colours, 0, std::span(kButtonCaptions).first(6), kGFWCPColourKeys, 0,
+                      PickListKind::kColour);
+}
+
+}  // namespace
+
+constexpr ModelDescriptor kGFWCPDescriptor = {
+    &kPanelModelRows[kModuleGFWCP],
+    &GFDev_GFWCP_Count,
+    &MakeModuleVector<GFWCP_Module>,
+    &LoadAs<GFWCP_Module, LoadAssignments>,
+    // brightness
+    {&ReadBrightness<std::uint32_t, GFDev_GFWCP_GetBrightness>,
+     &WriteBrightness<std::uint16_t, GFDev_GFWCP_SetBrightness>, false},
+    &DialogRows,
+};
 
 }  // namespace drav

@@ -57,4 +57,7 @@ class GFWCP_Module : public GF_Abstract_Module {
   LightMaskSender indicators_;
 };
 
+struct ModelDescriptor;
+extern const ModelDescriptor kGFWCPDescriptor;
+
 }  // namespace drav

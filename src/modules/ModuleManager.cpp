@@ -10,8 +10,9 @@ namespace drav {
 
 namespace {
 
-std::int32_t UnitCountFromDevices(const ModuleModel& model) {
-  const std::int32_t count = std::max(model.count != nullptr ? model.count() : 0, GFDev_UnitSpan(model.type));
+std::int32_t UnitCountFromDevices(const ModelDescriptor& model) {
+  const std::int32_t present = model.count != nullptr ? model.count() : GFDev_PresentUnitCount(model.Type());
+  const std::int32_t count = std::max(present, GFDev_UnitSpan(model.Type()));
   // The device tables have at most 32 slots; a larger answer is not believed.
   return std::clamp<std::int32_t>(count, 0, kMaxUnitsPerModel);
 }
@@ -35,24 +36,29 @@ void LogUnit(std::uint32_t moduleType, std::uint32_t unit) {
 
 }  // namespace
 
-ModuleManager::ModuleManager(std::span<const ModuleModel> models) : models_(models) {}
+ModuleManager::ModuleManager(std::span<const ModelDescriptor* const> models) : models_(models) {}
 
 void ModuleManager::CreateModules() {
-  for (const ModuleModel& model : models_) SizeContainer(model);
+  for (const ModelDescriptor* model : models_) SizeContainer(*model);
 }
 
-void ModuleManager::SizeContainer(const ModuleModel& model) {
-  if (!IsKnownModuleType(model.type) || model.makeContainer == nullptr) return;
+void ModuleManager::SizeContainer(const ModelDescriptor& model) {
+  if (!IsKnownModuleType(model.Type()) || model.makeContainer == nullptr) return;
   const std::int32_t count = UnitCountFromDevices(model);
-  std::unique_ptr<ModuleContainer>& container = containers_[model.type];
+  std::unique_ptr<ModuleContainer>& container = containers_[model.Type()];
   if (!container) container = model.makeContainer();
   if (container) container->Resize(count);
 }
 
-bool ModuleManager::AddModuleFor(std::uint32_t moduleType, std::uint32_t unit) {
+const ModelDescriptor* ModuleManager::Descriptor(std::uint32_t moduleType) const {
   const auto model = std::find_if(models_.begin(), models_.end(),
-                                  [&](const ModuleModel& entry) { return entry.type == moduleType; });
-  if (model == models_.end() || model->makeContainer == nullptr || unit >= static_cast<std::uint32_t>(kMaxUnitsPerModel)) return false;
+                                  [&](const ModelDescriptor* entry) { return entry->Type() == moduleType; });
+  return model != models_.end() ? *model : nullptr;
+}
+
+bool ModuleManager::AddModuleFor(std::uint32_t moduleType, std::uint32_t unit) {
+  const ModelDescriptor* model = Descriptor(moduleType);
+  if (model == nullptr || model->makeContainer == nullptr || unit >= static_cast<std::uint32_t>(kMaxUnitsPerModel)) return false;
   std::unique_ptr<ModuleContainer>& container = containers_[moduleType];
   if (!container) container = model->makeContainer();
   if (!container) return false;

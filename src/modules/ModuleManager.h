@@ -10,15 +10,15 @@
 #include "modules/GF_Abstract_Module.h"
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleContainer.h"
-#include "modules/ModuleModelTable.h"
+#include "modules/ModuleRegistry.h"
 #include "hid/ModuleTypes.h"
 
 namespace drav {
 
 class ModuleManager {
  public:
-  // models must outlive the manager (the production table is static; tests pass their own).
-  explicit ModuleManager(std::span<const ModuleModel> models = ProductionModuleModels());
+  // models must outlive the manager (the production registry is static; tests pass their own).
+  explicit ModuleManager(std::span<const ModelDescriptor* const> models = ProductionModels());
 
   ModuleManager(const ModuleManager&) = delete;
   ModuleManager& operator=(const ModuleManager&) = delete;
@@ -30,6 +30,9 @@ class ModuleManager {
   // Main thread, while no input callback runs: the container grows to hold the unit, a newcomer
   // that joined mid-flight; nobody else moves or loses state. False for a type without container.
   bool AddModuleFor(std::uint32_t moduleType, std::uint32_t unit);
+
+  // The descriptor this manager builds the model's modules from; null for a type it has none for.
+  const ModelDescriptor* Descriptor(std::uint32_t moduleType) const;
 
   // The container's size; 0 for a type without container or outside 1..19.
   std::int32_t UnitCount(std::uint32_t moduleType) const;
@@ -55,11 +58,11 @@ class ModuleManager {
 
  private:
   ModuleContainer* ContainerOf(std::uint32_t moduleType) const;
-  void SizeContainer(const ModuleModel& model);
+  void SizeContainer(const ModelDescriptor& model);
   template <class Visit>
   void ForEachModule(Visit&& visit) const;
 
-  std::span<const ModuleModel> models_;
+  std::span<const ModelDescriptor* const> models_;
   std::array<std::unique_ptr<ModuleContainer>, kLastModuleType + 1> containers_;
 };
 

@@ -2,8 +2,30 @@
 
 #include "modules/GF_Abstract_Module.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
+
+ModulePanelDirectory::ModulePanelDirectory(const ModuleManager& manager) : manager_(manager) {
+  for (ModuleType type : kBrightnessReadOrder) {
+    const ModelDescriptor* model = manager_.Descriptor(type);
+    if (model == nullptr || model->brightness.read == nullptr) continue;
+    readers_[readerCount_++] = {type, model->brightness.read};
+  }
+  for (ModuleType type : kBrightnessWriteOrder) {
+    const ModelDescriptor* model = manager_.Descriptor(type);
+    if (model == nullptr || model->brightness.write == nullptr) continue;
+    writers_[writerCount_++] = {type, model->brightness.write, model->brightness.reversedScale};
+  }
+}
+
+std::span<const BrightnessReader> ModulePanelDirectory::BrightnessReaders() const {
+  return std::span(readers_).first(readerCount_);
+}
+
+std::span<const BrightnessWriter> ModulePanelDirectory::BrightnessWriters() const {
+  return std::span(writers_).first(writerCount_);
+}
 
 RadioModule* ModulePanelDirectory::FindRadio(std::uint32_t moduleType, std::uint32_t unit) const {
   GF_Abstract_Module* module = nullptr;

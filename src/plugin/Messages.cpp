@@ -7,16 +7,13 @@
 #include "modules/CommandTables.h"
 #include "base/HostState.h"
 #include "base/OptionalXplmApi.h"
-#include "modules/GFTQ6_Module.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleRegistry.h"
 #include "ui/AssignDialog.h"
 
 namespace drav {
 
 namespace {
-
-constexpr std::uint32_t kGFMCPProType = 12;
-constexpr std::uint32_t kGFTQ6Type = 9;
 
 // The GF-MCPPro's defaults depend on the x737 mode, and the dialog shows it as available or not, so
 // both are brought up to date.
@@ -25,15 +22,20 @@ void SwitchX737Mcp(int on) {
   X737McpDirect = on;
   if (LoadOptionalXplmApi()) ResolveX737McpCommands();
   CloseAssignDialog();
-  LoadTypeAssignments(kGFMCPProType);
+  LoadTypeAssignments(kModuleGFMCPPro);
 }
 
-// The throttle levers take the new aircraft's engine and control limits. The walk stops at the
-// first unit without a module object.
-void RebindThrottleQuadrants() {
-  GF_Abstract_Module* module = nullptr;
-  for (std::uint32_t unit = 0; TheModuleManager().FindModule(kGFTQ6Type, unit, &module) == 1; ++unit) {
-    if (auto* quadrant = dynamic_cast<GFTQ6_Module*>(module)) quadrant->ReloadLevers();
+// Each model that follows the aircraft (the throttle levers take its engine and control limits)
+// hears of it on every unit. A model's walk stops at the first unit without a module object.
+void TellModulesAircraftLoaded() {
+  const ModuleManager& manager = TheModuleManager();
+  for (const ModelDescriptor* listed : ProductionModels()) {
+    const ModelDescriptor* model = manager.Descriptor(listed->Type());
+    if (model == nullptr || model->aircraftLoaded == nullptr) continue;
+    GF_Abstract_Module* module = nullptr;
+    for (std::uint32_t unit = 0; manager.FindModule(model->Type(), unit, &module) == 1; ++unit) {
+      model->aircraftLoaded(*module);
+    }
   }
 }
 
@@ -41,7 +43,7 @@ void UserAircraftLoaded() {
   ModulesInitialised = 0;  // the next refresh tick reloads every assignment, from the new aircraft's profile
   RefreshAircraftProfile();
   RefreshAssignDialog();  // an open dialog shows where the new aircraft's assignments come from
-  RebindThrottleQuadrants();
+  TellModulesAircraftLoaded();
 }
 
 }  // namespace

@@ -5,37 +5,15 @@
 
 #include "base/HostState.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav {
 
 namespace {
 
-constexpr std::uint32_t kDeviceListOrder[] = {
-    kModuleGF45,   kModuleGF46,  kModuleGFP8,     kModuleGFRP48,  kModuleGFT8,  kModuleGFLGT,
-    kModuleGFLGT2, kModuleGF166, kModuleGFMCP,    kModuleGFMCPPro, kModuleGFTQ6, kModuleGFEFIS,
-    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM,   kModuleGFDIO,
-};
-
-// The X-Plane version from which the GF-MESM is supported but still has nothing to assign here.
-constexpr int kMesmSupportedVersion = 900;
-
 const char* LabelFormat(std::uint32_t moduleType, const DeviceLabelContext& context) {
-  constexpr const char* kUnitFormat = "%s Unit %d";
-  constexpr const char* kNotAssignable = "%s - N/A";
-  constexpr const char* kDisabled = "%s DSBLD";
-  switch (moduleType) {
-    case kModuleGFEFIS:
-      return context.efisDisabled ? kDisabled : kUnitFormat;
-    case kModuleGFMCPPro:
-      if (context.x737McpDirect) return kNotAssignable;
-      return context.mcpProDisabled ? kDisabled : kUnitFormat;
-    case kModuleGFMESM:
-      return context.xplaneVersion < kMesmSupportedVersion ? "%s - N/S" : kNotAssignable;
-    case kModuleGFDIO:
-      return kNotAssignable;
-    default:
-      return kUnitFormat;
-  }
+  const ModelDescriptor* model = FindProductionModel(moduleType);
+  return model != nullptr && model->deviceLabel != nullptr ? model->deviceLabel(context) : kUnitLabelFormat;
 }
 
 }  // namespace
@@ -60,7 +38,7 @@ DeviceLabelContext CurrentDeviceLabelContext() {
 
 std::vector<DialogDevice> BuildDialogDeviceList(const DialogUnitCounts& counts) {
   std::vector<DialogDevice> devices;
-  for (std::uint32_t type : kDeviceListOrder) {
+  for (std::uint32_t type : kDialogDeviceOrder) {
     const std::int32_t units = std::max<std::int32_t>(0, counts[type]);
     for (std::int32_t unit = 1; unit <= units; ++unit) {
       if (static_cast<int>(devices.size()) >= kMaxDialogDevices) return devices;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hid/ModuleTypes.h"
+#include "modules/ModelDialogRows.h"
 
 namespace drav {
 
@@ -23,14 +24,6 @@ inline constexpr const char* kNoDevicesItem = "(No devices found.)";
 
 // Unit counts indexed by module type.
 using DialogUnitCounts = std::array<std::int32_t, kLastModuleType + 1>;
-
-// What changes a unit's label besides its model and number.
-struct DeviceLabelContext {
-  bool efisDisabled = false;
-  bool x737McpDirect = false;
-  bool mcpProDisabled = false;
-  int xplaneVersion = 0;
-};
 
 // The running plug-in's counts (module manager) and flags (host state).
 DialogUnitCounts CurrentDialogUnitCounts();

@@ -1,5 +1,5 @@
 // The shared display brightness: which panel is asked for it, which panels receive it and in what
-// order, the GF-LGT2's reversed scale, and failed device calls leaving the level as it was.
+// order (as the models' descriptors and the registry's orders give them), the GF-LGT2's reversed scale, and failed device calls leaving the level as it was.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,6 +13,8 @@
 #include "functions/DisplayBrightness.h"
 #include "hid/GFDev.h"
 #include "hid/ModuleTypes.h"
+#include "modules/ModuleManager.h"
+#include "modules/ModulePanelDirectory.h"
 
 namespace drav {
 namespace {
@@ -78,16 +80,23 @@ class DisplayBrightnessTest : public ::testing::Test {
   void SetUp() override {
     gFake = {};
     DisplayBrightnessLevel = 8;
+    SetPanelDirectory(&panels_);
     ASSERT_EQ(BrightnessReadOrder().size(), kReadModels);
     ASSERT_EQ(BrightnessWriteOrder().size(), kWriteModels);
     readers_ = FakeReaders(std::make_index_sequence<kReadModels>{});
     writers_ = FakeWriters(std::make_index_sequence<kWriteModels>{});
   }
-  void TearDown() override { DisplayBrightnessLevel = 8; }
+  void TearDown() override {
+    DisplayBrightnessLevel = 8;
+    SetPanelDirectory(nullptr);
+  }
 
   void Refresh() { RefreshDisplayBrightnessLevel(FakeUnits, readers_); }
   void Send() { SendDisplayBrightnessLevel(FakeUnits, writers_); }
 
+  // The production models' descriptors, with no module made: every model has 0 units.
+  ModuleManager manager_;
+  ModulePanelDirectory panels_{manager_};
   std::array<BrightnessReader, kReadModels> readers_{};
   std::array<BrightnessWriter, kWriteModels> writers_{};
 };

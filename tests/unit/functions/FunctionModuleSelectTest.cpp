@@ -54,15 +54,14 @@ class NotARadio : public GF_Abstract_Module {
 std::int32_t OneUnit() { return 1; }
 std::int32_t TwoUnits() { return 2; }
 
-const ModuleModel kRadioModels[] = {
-    {kModuleGF45, &OneUnit, &MakeModuleVector<Gf45>},
-    {kModuleGF166, &OneUnit, &MakeModuleVector<Gf166>},
-    {kModuleGF46, &TwoUnits, &MakeModuleVector<Gf46>},
-};
+const ModelDescriptor kGf45Model{&kPanelModelRows[kModuleGF45], &OneUnit, &MakeModuleVector<Gf45>, nullptr};
+const ModelDescriptor kGf166Model{&kPanelModelRows[kModuleGF166], &OneUnit, &MakeModuleVector<Gf166>, nullptr};
+const ModelDescriptor kGf46Model{&kPanelModelRows[kModuleGF46], &TwoUnits, &MakeModuleVector<Gf46>, nullptr};
+const ModelDescriptor* const kRadioModels[] = {&kGf45Model, &kGf166Model, &kGf46Model};
 
-const ModuleModel kBrokenModels[] = {
-    {kModuleGF46, &OneUnit, &MakeModuleVector<NotARadio>},
-};
+const ModelDescriptor kNotARadioModel{&kPanelModelRows[kModuleGF46], &OneUnit, &MakeModuleVector<NotARadio>,
+                                      nullptr};
+const ModelDescriptor* const kBrokenModels[] = {&kNotARadioModel};
 
 constexpr FunctionId kCom1Active = 9;
 constexpr FunctionId kCom1Standby = 10;

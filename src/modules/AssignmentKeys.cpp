@@ -1,4 +1,4 @@
-#include "config/AssignmentKeys.h"
+#include "modules/AssignmentKeys.h"
 
 #include <charconv>
 #include <cstring>

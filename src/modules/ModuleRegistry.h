@@ -1,0 +1,152 @@
+// The panel models the modules know, one descriptor each. Every model's descriptor stands at the
+// end of its own <Model>_Module.cpp: its row in the device layer's model table, how its units are
+// counted, the factory of its module container and the hook that loads a unit's assignments. The
+// registry lists them; the orders that behaviour fixes stand beside it as short lists.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "hid/ModelTable.h"
+#include "modules/AssignmentKeys.h"
+#include "modules/GF_Abstract_Module.h"
+#include "modules/ModelDialogRows.h"
+#include "modules/ModuleContainer.h"
+
+namespace drav {
+
+// A unit's key, read from its section and resolved: the function it names and the unit and kind of
+// radio the function acts on ((-1, -1) when it acts on none).
+struct AssignedKey {
+  std::int32_t functionId;
+  std::int32_t targetUnit;
+  std::int32_t targetKind;
+};
+
+// What a model's load hook reads from its unit's section of DRAV.INI, values already parsed. The
+// configuration layer implements it; each hook decides the order of the reads and of Register,
+// which the models need differently.
+class UnitAssignments {
+ public:
+  // The unit being loaded, and whether the load binds the module to it again (the dialog reloads
+  // the GF-DIO without registering it, so that the input bank it holds survives).
+  virtual std::uint16_t Unit() const = 0;
+  virtual bool Registering() const = 0;
+  // Key `index` of the group (each read may trace, in the order the hook asks).
+  virtual AssignedKey Read(const AssignmentKeyGroup& group, int index) = 0;
+  // A key's value as a function id only (the radios' mode table).
+  virtual std::int32_t ReadFunctionId(const AssignmentKeyGroup& group, int index) = 0;
+  // A key's value as a colour or a switch type (its index in the dialog's list).
+  virtual int ReadColour(const AssignmentKeyGroup& group, int index) = 0;
+  virtual int ReadSwitchType(const AssignmentKeyGroup& group, int index) = 0;
+  // The calibration numbers, defaults applied.
+  virtual int ReadWheelGain(const CalibrationKey& key) = 0;
+  virtual float ReadReal(const CalibrationKey& key) = 0;
+
+ protected:
+  ~UnitAssignments() = default;
+};
+
+// Register for the unit being loaded.
+void RegisterUnit(GF_Abstract_Module& module, const UnitAssignments& unit);
+// Every key of the group, in order, through the module's AssignFunction.
+void AssignGroup(GF_Abstract_Module& module, UnitAssignments& unit, const AssignmentKeyGroup& group);
+
+// The radios' Function1..Function8 go straight into the mode table (function ids only), then the
+// current mode is the first used one from where the unit was (it survives reloads).
+void LoadRadioModes(GF_Abstract_AvionicDevice& radio, UnitAssignments& unit);
+// The GF-45's and GF-46's hook: the radio is registered first, then its modes are loaded.
+void LoadRadioAssignments(GF_Abstract_AvionicDevice& radio, UnitAssignments& unit);
+
+using LoadAssignmentsHook = void (*)(GF_Abstract_Module& module, UnitAssignments& unit);
+
+// A hook written for one model class (or a base of it), run only on the objects of that model's own
+// factory.
+template <class T, auto Load>
+void LoadAs(GF_Abstract_Module& module, UnitAssignments& unit) {
+  Load(static_cast<T&>(module), unit);
+}
+template <class T, auto Run>
+void RunAs(GF_Abstract_Module& module) {
+  Run(static_cast<T&>(module));
+}
+
+// A model's brightness report through the device layer, as the shared display brightness uses it.
+struct ModelBrightness {
+  // *level written only on success (result 0); null: the model cannot tell its level.
+  std::int32_t (*read)(std::int32_t unit, std::int32_t* level);
+  std::int32_t (*write)(std::int32_t unit, std::int32_t value);  // null: no brightness report
+  bool reversedScale;  // the unit receives 15 - level
+};
+
+// The device layer's getters answer in 16 bits (the GF-WCP in 32); the level is one int for all.
+// The raw value is copied only on success, whatever the getter did with its out argument.
+template <typename Raw, std::int32_t (*Getter)(std::int32_t, Raw*)>
+std::int32_t ReadBrightness(std::int32_t unit, std::int32_t* level) {
+  Raw raw = 0;
+  const std::int32_t result = Getter(unit, &raw);
+  if (result == 0) *level = static_cast<std::int32_t>(raw);
+  return result;
+}
+
+// The setters take 16 bits, the GF-45 and GF-46 a full int; the devices keep the low four bits.
+template <typename Raw, std::int32_t (*Setter)(std::int32_t, Raw)>
+std::int32_t WriteBrightness(std::int32_t unit, std::int32_t value) {
+  return Setter(unit, static_cast<Raw>(value));
+}
+
+struct ModelDescriptor {
+  const PanelModel* hid;  // the model's row in the device layer's table
+  // The count of present units of the model; null: the device layer's count for its type.
+  std::int32_t (*count)();
+  // Builds the model's empty container.
+  std::unique_ptr<ModuleContainer> (*makeContainer)();
+  // Loads one unit's assignments into a module made by makeContainer; null: nothing to load.
+  LoadAssignmentsHook loadAssignments;
+  ModelBrightness brightness{};
+  // What the Assign Functions dialog shows for a unit of the model; null: nothing.
+  DialogRowsHook dialogRows = nullptr;
+  // The label format in the dialog's device list; null: kUnitLabelFormat.
+  DeviceLabelHook deviceLabel = nullptr;
+  // Run on every unit's module when the user's aircraft has been loaded; null: nothing to do.
+  void (*aircraftLoaded)(GF_Abstract_Module& module) = nullptr;
+
+  ModuleType Type() const { return hid->moduleType; }
+};
+
+// The production descriptors, in the order in which CreateModules sizes the containers.
+std::span<const ModelDescriptor* const> ProductionModels();
+// The production descriptor of a model; null for a model without module class.
+const ModelDescriptor* FindProductionModel(std::uint32_t moduleType);
+
+// The order in which every unit's assignments are loaded: radios first, the GF-DIO last.
+inline constexpr ModuleType kAssignmentLoadOrder[] = {
+    kModuleGF45,  kModuleGF46,  kModuleGF166,    kModuleGFLGT,   kModuleGFLGT2, kModuleGFMCP,
+    kModuleGFT8,  kModuleGFP8,  kModuleGFRP48,   kModuleGFTQ6,   kModuleGFMCPPro, kModuleGFEFIS,
+    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM,  kModuleGFDIO,
+};
+
+// The order of the Assign Functions dialog's device list.
+inline constexpr ModuleType kDialogDeviceOrder[] = {
+    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFRP48,   kModuleGFT8,  kModuleGFLGT,
+    kModuleGFLGT2, kModuleGF166, kModuleGFMCP, kModuleGFMCPPro, kModuleGFTQ6, kModuleGFEFIS,
+    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM, kModuleGFDIO,
+};
+
+// The panels asked for the shared display brightness: the first model with a unit answers (its
+// unit 0). The GF-45 has no getter. The GF-LGT2's answer is taken as it comes, on its own reversed
+// scale.
+inline constexpr ModuleType kBrightnessReadOrder[] = {
+    kModuleGFP8,  kModuleGFT8,     kModuleGF166,  kModuleGFLGT, kModuleGFLGT2,
+    kModuleGFMCP, kModuleGFMCPPro, kModuleGFRP48, kModuleGF46,  kModuleGFWCP,
+};
+
+// The panels sent the level, every unit of each.
+inline constexpr ModuleType kBrightnessWriteOrder[] = {
+    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFT8,     kModuleGFLGT,  kModuleGFLGT2,
+    kModuleGF166,  kModuleGFMCP, kModuleGFMCPPro, kModuleGFRP48, kModuleGFWCP,
+};
+
+}  // namespace drav
