@@ -47,16 +47,6 @@ TEST_F(DiscoveryTest, TheSerialDecidesBetweenTwoUnitsOfOnePort) {
   EXPECT_EQ(GFDev_UnitPath(kGFP8, 2), "") << "no newcomer was made";
 }
 
-TEST_F(DiscoveryTest, StartingTwiceLeavesOneObjectPerUnit) {
-  Plug(kGF46, "/dev/v/radio-a");
-  Plug(kGFP8, "/dev/v/switches");
-  StartLayer();
-  StartLayer();
-  EXPECT_EQ(GFDev_GF46_Count(), 1);
-  EXPECT_EQ(GFDev_GFP8_Count(), 1);
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 1), "");
-}
-
 TEST_F(DiscoveryTest, NoticesAreIgnoredWhileStoppedAndTablesEmptyAfterStop) {
   Plug(kGF46, "/dev/v/radio-a");
   GFDev_ProcessDeviceChanges();  // never started: nothing happens
@@ -68,24 +58,6 @@ TEST_F(DiscoveryTest, NoticesAreIgnoredWhileStoppedAndTablesEmptyAfterStop) {
   EXPECT_EQ(GFDev_UnitPath(kGF46, 0), "");
   Plug(kGF46, "/dev/v/radio-b");
   GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GF46_Count(), 0);
-}
-
-TEST_F(DiscoveryTest, OverlongPathIsRefused) {
-  const std::string longPath = "/dev/v/" + std::string(260, 'x');
-  Plug(kGF46, longPath);
-  StartLayer();
-  EXPECT_EQ(GFDev_GF46_Count(), 0);
-  Panels().Unplug(longPath);
-  Panels().Replug(longPath);
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GF46_Count(), 0);
-}
-
-TEST_F(DiscoveryTest, UnitThatCannotBeOpenedIsSkipped) {
-  const std::string path = Plug(kGF46, "/dev/v/radio-a");
-  Panels().SetFault(path, VirtualFault::Open, true);
-  StartLayer();
   EXPECT_EQ(GFDev_GF46_Count(), 0);
 }
 
