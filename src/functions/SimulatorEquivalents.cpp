@@ -5,7 +5,9 @@
 
 #include <XPLMDataAccess.h>
 
-#include <cstring>
+#include <array>
+#include <iterator>
+#include <string_view>
 
 #include "functions/DatarefBinding.h"
 #include "functions/SwitchBindingTable.h"
@@ -63,6 +65,12 @@ constexpr SimEquivalent kSimEquivalents[] = {
      nullptr},
 };
 
+constexpr auto kOriginalNames = [] {
+  std::array<std::string_view, std::size(kSimEquivalents)> names{};
+  for (std::size_t row = 0; row < names.size(); ++row) names[row] = kSimEquivalents[row].original;
+  return names;
+}();
+
 bool IsCommandDrive(EquivalentDrive drive) {
   return drive == D::kPressCommand || drive == D::kToggleCommand || drive == D::kHoldCommand ||
          drive == D::kStepCommands;
@@ -94,9 +102,13 @@ std::span<const SimEquivalent> SimEquivalents() { return kSimEquivalents; }
 
 const SimEquivalent* FindSimEquivalent(const char* original, float originalOn) {
   if (original == nullptr) return nullptr;
-  for (const SimEquivalent& row : kSimEquivalents) {
-    if (std::strcmp(row.original, original) != 0) continue;
-    if (row.originalOn == kAnyOnValue || row.originalOn == originalOn) return &row;
+  // Every binding of an aircraft load asks: the lengths, known to the compiler, turn most rows
+  // away without comparing a character.
+  const std::string_view name(original);
+  for (std::size_t row = 0; row < std::size(kSimEquivalents); ++row) {
+    if (kOriginalNames[row] != name) continue;
+    const SimEquivalent& found = kSimEquivalents[row];
+    if (found.originalOn == kAnyOnValue || found.originalOn == originalOn) return &found;
   }
   return nullptr;
 }

@@ -3,6 +3,9 @@
 // builder where the values are not whole numbers).
 #include "functions/SwitchBindingTable.h"
 
+#include <array>
+#include <iterator>
+
 #include "functions/DatarefBinding.h"
 
 namespace drav {
@@ -209,12 +212,27 @@ constexpr SwitchBindingRow kSwitchBindings[] = {
 std::span<const SwitchBindingRow> SwitchBindingRows() { return kSwitchBindings; }
 
 // A linear search: it runs only when a function is built, never per frame.
-const SwitchBinding* FindSwitchBinding(FunctionId id) {
-  if (id == kNada) return nullptr;
-  for (const SwitchBindingRow& row : kSwitchBindings) {
-    if (row.ids[0] == id || row.ids[1] == id) return &row.binding;
+namespace {
+
+// The first row naming each id, worked out by the compiler: an aircraft load looks up several
+// hundred ids, and a search through the table was a visible part of it.
+constexpr auto kFirstRowOfId = [] {
+  std::array<std::int16_t, kFunctionCount> rows{};
+  rows.fill(-1);
+  for (std::size_t row = 0; row < std::size(kSwitchBindings); ++row) {
+    for (const FunctionId id : kSwitchBindings[row].ids) {
+      if (id > kNada && id < kFunctionCount && rows[id] < 0) rows[id] = static_cast<std::int16_t>(row);
+    }
   }
-  return nullptr;
+  return rows;
+}();
+
+}  // namespace
+
+const SwitchBinding* FindSwitchBinding(FunctionId id) {
+  if (id <= kNada || id >= kFunctionCount) return nullptr;
+  const std::int16_t row = kFirstRowOfId[static_cast<std::size_t>(id)];
+  return row < 0 ? nullptr : &kSwitchBindings[row].binding;
 }
 
 }  // namespace drav
