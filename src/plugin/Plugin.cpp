@@ -4,6 +4,7 @@
 #include <XPLMUtilities.h>
 
 #include <cstdio>
+#include <memory>
 #include <string>
 
 #include "functions/CustomDatarefs.h"
@@ -32,6 +33,7 @@
 #include "config/Assignments.h"
 #include "config/UnitNumbers.h"
 #include "plugin/PluginActions.h"
+#include "plugin/PluginContext.h"
 
 namespace drav {
 
@@ -43,6 +45,9 @@ constexpr const char* kPluginDescription = "Drav plugin " DRAV_VERSION " (MR).";
 constexpr std::size_t kEntryBufferSize = 256;  // the simulator's name, signature, description buffers
 
 void* gModuleInstance = nullptr;  // the DLL's instance handle on Windows (PluginExports.cpp)
+
+// Everything the plug-in keeps, from XPluginStart to XPluginStop: the one owner of its state.
+std::unique_ptr<PluginContext> gContext;
 bool gPanelsRunning = false;      // between the device layer's start at enable and its stop
 
 // How the function layer reaches the radios and counts units: through the plug-in's manager.
@@ -108,6 +113,8 @@ void RescanPanels() {
 void SetModuleInstance(void* instance) { gModuleInstance = instance; }
 
 int PluginStart(char* outName, char* outSignature, char* outDescription) {
+  gContext.reset();  // a start without a stop before it begins from nothing all the same
+  gContext = std::make_unique<PluginContext>();
   ResetHostState();
   ClearCommandTables();
   ResetPanelPowerLookups();
@@ -141,6 +148,7 @@ void PluginStop() {
   DestroySplashWindow();
   UnregisterTakeoverDatarefs();
   SetPanelDirectory(nullptr);
+  gContext.reset();
 }
 
 int PluginEnable() {
