@@ -24,23 +24,10 @@ if command -v ccache >/dev/null; then launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=cc
 cmake --preset default "${launcher[@]}" >/dev/null
 cmake --build build/default --target dravsim -j2 >/dev/null
 
-# ---- the kernel ---------------------------------------------------------------------------------
-package="${KERNEL_PACKAGE:-$(apt-cache depends linux-image-amd64 | awk '/Depends: linux-image-/ {print $2; exit}')}"
-[ -n "$package" ] || { echo "test-kernel: no kernel package found"; exit 1; }
-kernel_root="$work/$package"
-if [ ! -d "$kernel_root/boot" ]; then
-  (cd "$work" && rm -f "$package"_*.deb && apt-get download "$package" >/dev/null 2>&1)
-  dpkg-deb -x "$work/$package"_*.deb "$kernel_root"
-fi
-vmlinuz=$(ls "$kernel_root"/boot/vmlinuz-*)
-moddir=$(ls -d "$kernel_root"/lib/modules/*)
-
-# udev, unpacked from its packages (its daemon is udevadm under another name).
-udev_root="$work/udev"
-if [ ! -x "$udev_root/bin/udevadm" ]; then
-  (cd "$work" && rm -f udev_*.deb && apt-get download udev >/dev/null 2>&1)
-  dpkg-deb -x "$work"/udev_*.deb "$udev_root"
-fi
+# ---- the kernel and udev ------------------------------------------------------------------------
+script=test-kernel
+source scripts/lib/vm-kernel.sh
+fetch_kernel_and_udev
 
 # ---- the initramfs ------------------------------------------------------------------------------
 image="$work/image"
@@ -49,16 +36,6 @@ mkdir -p "$image"/{bin,dev,proc,sys,tmp,modules,run}
 cp /bin/busybox "$image/bin/busybox"
 
 # Modules in load order: each one's dependencies first.
-modules=()
-add_module() {
-  local name="$1" file dep
-  file=$(find "$moddir" -name "$name.ko*" | head -n1)
-  [ -n "$file" ] || { echo "test-kernel: module $name missing from $package"; exit 1; }
-  for dep in $(modinfo -F depends "$file" | tr ',' ' '); do add_module "$dep"; done
-  case " ${modules[*]-} " in *" $(basename "$file") "*) return ;; esac
-  cp "$file" "$image/modules/"
-  modules+=("$(basename "$file")")
-}
 for m in hid uhid hid-generic; do add_module "$m"; done
 
 # dravsim, udevadm and the shared libraries they load, at the same paths.

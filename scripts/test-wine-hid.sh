@@ -148,19 +148,9 @@ nice -n 5 cmake --build build/default --target dravsim -j2 >/dev/null
 cmake --preset windows "${launcher[@]}" >/dev/null
 nice -n 5 cmake --build build/windows --target dravsim -j2 >/dev/null
 
-package="${KERNEL_PACKAGE:-$(apt-cache depends linux-image-amd64 | awk '/Depends: linux-image-/ {print $2; exit}')}"
-[ -n "$package" ] || { echo "test-wine-hid: no kernel package found"; exit 1; }
-kernel_root="$work/$package"
-if [ ! -d "$kernel_root/boot" ]; then
-  (cd "$work" && rm -f "$package"_*.deb && apt-get download "$package" >/dev/null 2>&1)
-  dpkg-deb -x "$work/$package"_*.deb "$kernel_root"
-fi
-vmlinuz=$(ls "$kernel_root"/boot/vmlinuz-*)
-moddir=$(ls -d "$kernel_root"/lib/modules/*)
-if [ ! -x "$work/udev/bin/udevadm" ]; then
-  (cd "$work" && rm -f udev_*.deb && apt-get download udev >/dev/null 2>&1)
-  dpkg-deb -x "$work"/udev_*.deb "$work/udev"
-fi
+script=test-wine-hid
+source scripts/lib/vm-kernel.sh
+fetch_kernel_and_udev
 
 # The prefix, made natively (under TCG wineboot takes well over a minute). Without SDL (not
 # installed here) winebus 8 takes its udev bus only when the SDL bus is switched off.
@@ -186,16 +176,6 @@ image="$work/image"
 rm -rf "$image"
 mkdir -p "$image"/{bin,dev,proc,sys,modules,host}
 cp /bin/busybox "$image/bin/busybox"
-modules=()
-add_module() {
-  local name="$1" file dep
-  file=$(find "$moddir" -name "$name.ko*" | head -n1)
-  [ -n "$file" ] || { echo "test-wine-hid: module $name missing from $package"; exit 1; }
-  for dep in $(modinfo -F depends "$file" | tr ',' ' '); do add_module "$dep"; done
-  case " ${modules[*]-} " in *" $(basename "$file") "*) return ;; esac
-  cp "$file" "$image/modules/"
-  modules+=("$(basename "$file")")
-}
 for m in hid uhid hid-generic virtio_pci 9pnet_virtio 9p overlay; do add_module "$m"; done
 {
   echo '#!/bin/busybox sh'
