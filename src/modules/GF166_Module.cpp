@@ -5,7 +5,6 @@
 
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"

@@ -1,6 +1,5 @@
 #include "modules/GF45_Module.h"
 
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"

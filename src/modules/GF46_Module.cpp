@@ -1,6 +1,5 @@
 #include "modules/GF46_Module.h"
 
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"

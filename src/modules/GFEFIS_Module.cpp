@@ -1,9 +1,9 @@
 #include "modules/GFEFIS_Module.h"
 
-#include "hid/InputRecords.h"
 #include <atomic>
 
 #include "functions/AvionicAdjust.h"
+#include "hid/InputRecords.h"
 #include "base/HostState.h"
 #include "base/Log.h"
 #include "base/Settings.h"

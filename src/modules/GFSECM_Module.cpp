@@ -1,8 +1,8 @@
 #include "modules/GFSECM_Module.h"
 
-#include "hid/InputRecords.h"
 #include <cstdlib>
 
+#include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
