@@ -1,5 +1,7 @@
 // The device layer's flat access interface: one group of functions per model, addressing a unit by
-// its number, plus the single input callback and the device-information queries.
+// its number, plus the single input callback and the device-information queries. Each per-model
+// function makes the unit's port (UnitPort.h) and asks it; the modules hold their units' ports
+// and call them directly.
 //
 // Result codes of every function that returns a status.
 #pragma once

@@ -5,7 +5,6 @@
 
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -95,7 +94,7 @@ std::int32_t KeyToButton(std::uint8_t key) {
 
 }  // namespace
 
-GF166_Module::GF166_Module() {
+GF166_Module::GF166_Module() : GF_Abstract_AvionicDevice(kModuleGF166) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
@@ -108,10 +107,9 @@ void GF166_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
 
   // The encoder counts are thrown away: only movement after registration is input.
-  std::int16_t ignoredDial1 = 0;
-  std::int16_t ignoredDial2 = 0;
-  std::uint8_t buttons = 0;
-  GFDev_GF166_GetState(unit, &ignoredDial1, &ignoredDial2, &buttons);
+  GF166InputRecord state{};
+  Port().TakeInput(state);
+  const std::uint8_t buttons = state.buttons;
   {
     std::lock_guard<std::mutex> lock(decodingLock_.mutex);
     prevSwitchVals_ = buttons;
@@ -121,7 +119,7 @@ void GF166_Module::Register(std::uint16_t unitNumber) {
   const int encoderType = gSettings.RMK166EncoderType;
   if (encoderType >= kLowestEncoderType && encoderType <= kHighestEncoderType) {
     const auto type = static_cast<std::uint8_t>(encoderType);
-    GFDev_GF166_SetEncoderType(unit, type, type);
+    Port().SetEncoderType(type, type);
   }
 }
 
@@ -193,7 +191,7 @@ void GF166_Module::SetDisplay() {
 // code is set off by a space so that it sits like the other four-digit values; the space goes
 // only to the display, the shared function keeps its own text for the other modules.
 void GF166_Module::ShowSingleFunction() {
-  GFDev_GF166_SetDisplay1(unit, primary->tag);
+  Port().SetDisplay(1, primary->tag);
   Keep(lastLeft, primary->tag);
 
   if (Same(primary->text, lastRight)) return;
@@ -203,7 +201,7 @@ void GF166_Module::ShowSingleFunction() {
   } else {
     std::snprintf(right, sizeof right, "%s", primary->text);
   }
-  GFDev_GF166_SetDisplay2(unit, right);
+  Port().SetDisplay(2, right);
   Keep(lastRight, primary->text);
 }
 
@@ -219,13 +217,13 @@ bool GF166_Module::ShowDualFunction() {
   }
   const bool logging = DisplayLoggingEnabled();
   if (!Same(left, lastLeft)) {
-    GFDev_GF166_SetDisplay1(unit, left);
+    Port().SetDisplay(1, left);
     if (logging) LogFormat("GF166_Module::SetDisplay -  Left Display = %s", left);
   }
   if (!Same(secondary->text, lastRight)) {
     char right[kTextSize];
     std::snprintf(right, sizeof right, " %s", secondary->text);
-    GFDev_GF166_SetDisplay2(unit, right);
+    Port().SetDisplay(2, right);
     if (logging) LogFormat("GF166_Module::SetDisplay -  Right Display = %s", right);
   }
   Keep(lastLeft, left);
@@ -239,14 +237,14 @@ void GF166_Module::SendLights() {
     if (GetFunctionState(buttonFunctions[i]) == 1) mask |= std::uint32_t{1} << i;
   }
   lights_.Update(
-      true, mask, [this](std::uint32_t sent) { GFDev_GF166_SetLEDs(unit, static_cast<std::uint8_t>(sent)); },
+      true, mask, [this](std::uint32_t sent) { Port().SetIndicators(sent); },
       "GF166_Module::SetDisplay - Indicators");
 }
 
 void GF166_Module::SendBlank() {
-  lights_.Clear([this](std::uint32_t sent) { GFDev_GF166_SetLEDs(unit, static_cast<std::uint8_t>(sent)); });
-  GFDev_GF166_SetDisplay1(unit, kBlankDisplay);
-  GFDev_GF166_SetDisplay2(unit, kBlankDisplay);
+  lights_.Clear([this](std::uint32_t sent) { Port().SetIndicators(sent); });
+  Port().SetDisplay(1, kBlankDisplay);
+  Port().SetDisplay(2, kBlankDisplay);
   lastLeft[0] = '\0';
   lastRight[0] = '\0';
 }
@@ -314,12 +312,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGF166Descriptor = {
     &kPanelModelRows[kModuleGF166],
-    &GFDev_GF166_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GF166_Module>,
     &LoadAs<GF166_Module, LoadAssignments>,
     // brightness
-    {&ReadBrightness<std::uint16_t, GFDev_GF166_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GF166_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGF166>, &WriteUnitBrightness<kModuleGF166>, false},
     &DialogRows,
 };
 

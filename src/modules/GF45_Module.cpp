@@ -1,6 +1,5 @@
 #include "modules/GF45_Module.h"
 
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -20,8 +19,6 @@ const RadioModelTraits kGF45Model = {
     1,
     "    ",
     "     ",
-    &GFDev_GF45_SetDisplay1,
-    &GFDev_GF45_SetDisplay2,
     false,
     "GF45_Module::SetDisplay -  Alpha Display = %s",
     "GF45_Module::SetDisplay -  char_display = %s",
@@ -67,10 +64,10 @@ void GF45_Module::HandleInput(std::int32_t control, std::int32_t value) {
 
 constexpr ModelDescriptor kGF45Descriptor = {
     &kPanelModelRows[kModuleGF45],
-    &GFDev_GF45_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GF45_Module>,
     &LoadAs<GF45_Module, LoadRadioAssignments>,
-    {nullptr, &WriteBrightness<std::int32_t, GFDev_GF45_SetBrightness>, false},  // sent, never asked
+    {nullptr, &WriteUnitBrightness<kModuleGF45>, false},  // sent, never asked
     &RadioDialogRows,
 };
 

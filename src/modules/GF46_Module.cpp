@@ -1,6 +1,5 @@
 #include "modules/GF46_Module.h"
 
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -21,8 +20,6 @@ const RadioModelTraits kGF46Model = {
     3,
     "    ",
     "      ",
-    &GFDev_GF46_SetDisplay1,
-    &GFDev_GF46_SetDisplay2,
     true,
     "GF46_Module::SetDisplay -  Alpha Display = %s",
     "GF46_Module::SetDisplay -  char_display = %s",
@@ -93,12 +90,11 @@ void GF46_Module::StepToNextMode() {
 
 constexpr ModelDescriptor kGF46Descriptor = {
     &kPanelModelRows[kModuleGF46],
-    &GFDev_GF46_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GF46_Module>,
     &LoadAs<GF46_Module, LoadRadioAssignments>,
     // brightness
-    {&ReadBrightness<std::uint16_t, GFDev_GF46_GetBrightness>,
-     &WriteBrightness<std::int32_t, GFDev_GF46_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGF46>, &WriteUnitBrightness<kModuleGF46>, false},
     &RadioDialogRows,
 };
 

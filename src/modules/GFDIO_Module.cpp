@@ -1,9 +1,9 @@
 #include "modules/GFDIO_Module.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -48,7 +48,7 @@ std::uint32_t Low32(std::uint64_t bank) { return static_cast<std::uint32_t>(bank
 
 }  // namespace
 
-GFDIO_Module::GFDIO_Module() {
+GFDIO_Module::GFDIO_Module() : GF_Abstract_Module(kModuleGFDIO) {
   for (SwitchFunction& record : inputFunctions) ClearFunction(record);
   for (SwitchFunction& record : offStateFunctions) ClearFunction(record);
   for (SwitchFunction& record : outputFunctions) ClearFunction(record);
@@ -88,9 +88,9 @@ void GFDIO_Module::CopyStateFrom(const GFDIO_Module& other) {
 void GFDIO_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
   // A unit that cannot be read counts as all inputs open.
-  for (std::uint8_t& byte : stateBytes) byte = 0;
-  GFDev_GFDIO_GetState(unit, &stateBytes[0], &stateBytes[1], &stateBytes[2], &stateBytes[3], &stateBytes[4],
-                       &stateBytes[5], &stateBytes[6]);
+  GFDIOInputRecord state{};
+  Port().TakeInput(state);
+  std::ranges::copy(state.states, stateBytes);
   const std::uint64_t bank = BankOf(stateBytes);
   {
     std::lock_guard<std::mutex> lock(decodingLock_);
@@ -165,8 +165,8 @@ std::uint32_t GFDIO_Module::OutputMask() const {
 }
 
 void GFDIO_Module::SendOutputs(std::uint32_t mask) {
-  GFDev_GFDIO_SetOutputs(unit, static_cast<std::uint8_t>(mask & 0xFFu), static_cast<std::uint8_t>((mask >> 8) & 0xFFu),
-                         static_cast<std::uint8_t>((mask >> 16) & 0xFFu), static_cast<std::uint8_t>(mask >> 24));
+  Port().SetOutputs({static_cast<std::uint8_t>(mask & 0xFFu), static_cast<std::uint8_t>((mask >> 8) & 0xFFu),
+                     static_cast<std::uint8_t>((mask >> 16) & 0xFFu), static_cast<std::uint8_t>(mask >> 24)});
   lastOutputs_ = mask;
 }
 
@@ -284,7 +284,7 @@ const char* DeviceLabel(const DeviceLabelContext&) { return kNotAssignableLabelF
 
 constexpr ModelDescriptor kGFDIODescriptor = {
     &kPanelModelRows[kModuleGFDIO],
-    &GFDev_GFDIO_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFDIO_Module>,
     &LoadAs<GFDIO_Module, LoadAssignments>,
     {},  // no brightness report

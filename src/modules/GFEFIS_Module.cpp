@@ -3,7 +3,7 @@
 #include <atomic>
 
 #include "functions/AvionicAdjust.h"
-#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
 #include "base/HostState.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -57,7 +57,7 @@ bool IsButtonKey(std::uint8_t key) { return key < kEFISButtonControls; }
 
 }  // namespace
 
-GFEFIS_Module::GFEFIS_Module() {
+GFEFIS_Module::GFEFIS_Module() : GF_Abstract_Module(kModuleGFEFIS) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
@@ -95,10 +95,10 @@ void GFEFIS_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
 
   // A unit that cannot be read counts as everything off and both selectors at position 0.
-  std::int16_t countA = 0, countB = 0;  // the encoders' movement before registration is dropped
-  std::uint16_t switches = 0;
-  std::uint8_t selectors = 0;
-  GFDev_GFEFIS_GetState(unit, &countA, &countB, &switches, &selectors);
+  GFEFISInputRecord state{};  // the encoders' movement before registration is dropped
+  Port().TakeInput(state);
+  const std::uint16_t switches = state.switches;
+  const std::uint8_t selectors = state.selectors;
   const std::uint8_t mode = ModeOf(selectors);
   const std::uint8_t range = RangeOf(selectors);
   {
@@ -268,7 +268,7 @@ const char* DeviceLabel(const DeviceLabelContext& context) {
 
 constexpr ModelDescriptor kGFEFISDescriptor = {
     &kPanelModelRows[kModuleGFEFIS],
-    &GFDev_GFEFIS_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFEFIS_Module>,
     &LoadAs<GFEFIS_Module, LoadAssignments>,
     {},  // no brightness report

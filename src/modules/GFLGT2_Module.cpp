@@ -1,7 +1,6 @@
 #include "modules/GFLGT2_Module.h"
 
 #include "functions/AvionicAdjust.h"
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -54,7 +53,7 @@ std::int32_t FuelSlotOfSwitches(std::uint8_t switches) {
 
 }  // namespace
 
-GFLGT2_Module::GFLGT2_Module() {
+GFLGT2_Module::GFLGT2_Module() : GF_Abstract_Module(kModuleGFLGT2) {
   for (SwitchFunction& record : switchFunctions) ClearFunction(record);
 }
 
@@ -62,9 +61,9 @@ void GFLGT2_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
 
   // Wheel counts read here are movement from before the unit was bound: dropped.
-  std::int16_t discarded[kLGT2Wheels] = {};
-  std::uint8_t switches = 0;
-  GFDev_GFLGT2_GetState(unit, &discarded[0], &discarded[1], &discarded[2], &switches);
+  GFLGT2InputRecord state{};
+  Port().TakeInput(state);
+  const std::uint8_t switches = state.switches;
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GFLGT2_Module::Register - PrevSwitchVals", switches);
 
   const std::int32_t position = LeverPositionOf(switches);
@@ -146,7 +145,7 @@ void GFLGT2_Module::UpdateOutputs() {
 }
 
 void GFLGT2_Module::SendLights(std::uint32_t mask) const {
-  GFDev_GFLGT2_SetLEDs(unit, static_cast<std::uint8_t>(mask));
+  Port().SetIndicators(mask);
 }
 
 void GFLGT2_Module::SetDisplay() {
@@ -227,12 +226,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGFLGT2Descriptor = {
     &kPanelModelRows[kModuleGFLGT2],
-    &GFDev_GFLGT2_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFLGT2_Module>,
     &LoadAs<GFLGT2_Module, LoadAssignments>,
     // brightness: its own reversed scale
-    {&ReadBrightness<std::uint16_t, GFDev_GFLGT2_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GFLGT2_SetBrightness>, true},
+    {&ReadUnitBrightness<kModuleGFLGT2>, &WriteUnitBrightness<kModuleGFLGT2>, true},
     &DialogRows,
 };
 

@@ -1,7 +1,6 @@
 #include "modules/GFLGT_Module.h"
 
 #include "functions/AvionicAdjust.h"
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -28,7 +27,7 @@ std::int32_t ScaledSteps(std::int64_t steps, std::int32_t gain) {
 
 }  // namespace
 
-GFLGT_Module::GFLGT_Module() {
+GFLGT_Module::GFLGT_Module() : GF_Abstract_Module(kModuleGFLGT) {
   ClearFunction(gear);
   ClearFunction(flaps);
 }
@@ -38,9 +37,9 @@ void GFLGT_Module::Register(std::uint16_t unitNumber) {
 
   // The wheel count read here is movement from before the unit was bound: dropped. A unit that
   // cannot be read counts as all switches open.
-  std::int16_t discarded = 0;
-  std::uint8_t switches = 0;
-  GFDev_GFLGT_GetState(unit, &discarded, &switches);
+  GFLGTInputRecord state{};
+  Port().TakeInput(state);
+  const std::uint8_t switches = state.switches;
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GFLGT_Module::Register - SwitchState", switches);
 
   const std::int32_t position = LeverPositionOf(switches);
@@ -92,7 +91,7 @@ void GFLGT_Module::UpdateOutputs() {
 }
 
 void GFLGT_Module::SendLights(std::uint32_t mask) const {
-  GFDev_GFLGT_SetLEDs(unit, static_cast<std::uint8_t>(mask));
+  Port().SetIndicators(mask);
 }
 
 void GFLGT_Module::SetDisplay() {
@@ -163,12 +162,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGFLGTDescriptor = {
     &kPanelModelRows[kModuleGFLGT],
-    &GFDev_GFLGT_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFLGT_Module>,
     &LoadAs<GFLGT_Module, LoadAssignments>,
     // brightness
-    {&ReadBrightness<std::uint16_t, GFDev_GFLGT_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GFLGT_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGFLGT>, &WriteUnitBrightness<kModuleGFLGT>, false},
     &DialogRows,
 };
 

@@ -6,7 +6,6 @@
 
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "modules/CommandTables.h"
 #include "base/HostState.h"
@@ -29,12 +28,12 @@ constexpr std::uint32_t kInputMask = 0x00FFFFFFu;
 // Course and heading texts begin with a blank, which the three-digit displays skip; the speed text
 // keeps its two leading blanks, so the value sits at the right of its display.
 constexpr McpDisplaySlot kDisplays[GFMCPPro_Module::kDialCount] = {
-    {&GFDev_GFMCPPro_SetDisplay1, 1, 3, false, kThreeBlank, 'A'},
-    {&GFDev_GFMCPPro_SetDisplay2, 0, 6, false, kSixBlank, 'B'},
-    {&GFDev_GFMCPPro_SetDisplay3, 1, 3, false, kThreeBlank, 'C'},
-    {&GFDev_GFMCPPro_SetDisplay4, 0, 5, false, kSixBlank, 'D'},
-    {&GFDev_GFMCPPro_SetDisplay5, 0, 5, false, kSixBlank, 'E'},
-    {&GFDev_GFMCPPro_SetDisplay6, 1, 3, false, kThreeBlank, 'F'},
+    {1, 1, 3, false, kThreeBlank, 'A'},
+    {2, 0, 6, false, kSixBlank, 'B'},
+    {3, 1, 3, false, kThreeBlank, 'C'},
+    {4, 0, 5, false, kSixBlank, 'D'},
+    {5, 0, 5, false, kSixBlank, 'E'},
+    {6, 1, 3, false, kThreeBlank, 'F'},
 };
 
 // Rows of X737McpCommands (the aircraft's own order, not the panel's).
@@ -104,8 +103,6 @@ void RunX737(std::int32_t row, bool on) {
   RunCommandOnce(on ? X737McpCommands[row].on : X737McpCommands[row].off);
 }
 
-void SendLightMask(std::int32_t unit, std::uint32_t mask) { GFDev_GFMCPPro_SetLEDs(unit, mask); }
-
 }  // namespace
 
 std::int32_t GFMCPPro_Module::X737CommandIndex(std::int32_t control) {
@@ -114,7 +111,7 @@ std::int32_t GFMCPPro_Module::X737CommandIndex(std::int32_t control) {
 
 void GFMCPPro_Module::ForgetSeenTakeover() { gSeenTakeover = 0; }
 
-GFMCPPro_Module::GFMCPPro_Module() {
+GFMCPPro_Module::GFMCPPro_Module() : GF_Abstract_Module(kModuleGFMCPPro) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
@@ -128,17 +125,16 @@ void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
 
   // Encoder counts are thrown away: only movement after registration is input.
-  std::int16_t ignored[kDialCount] = {};
-  std::uint32_t switches = 0;
-  GFDev_GFMCPPro_GetState(unit, &ignored[0], &ignored[1], &ignored[2], &ignored[3], &ignored[4], &ignored[5],
-                          &switches);
+  GFMCPProInputRecord state{};
+  Port().TakeInput(state);
+  const std::uint32_t switches = state.switches;
   {
     std::lock_guard<std::mutex> lock(decodingLock_.mutex);
     switchState_ = switches;
   }
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GFMCPPro_Module::Register - SwitchState", switches & 0xFFFFu);
 
-  GFDev_GFMCPPro_SetBrightness(unit, static_cast<std::uint16_t>(DisplayBrightnessLevel));
+  Port().SetBrightness(static_cast<std::uint16_t>(DisplayBrightnessLevel));
 
   if (X737McpDirect != 0) {
     SyncX737Switches(switches);
@@ -264,19 +260,19 @@ void GFMCPPro_Module::SendLights(bool powered) {
     if (GetFunctionState(buttonFunctions[i]) == 1) mask |= std::uint32_t{1} << i;
   }
   lights_.Update(
-      powered, mask, [this](std::uint32_t sent) { SendLightMask(unit, sent); },
+      powered, mask, [this](std::uint32_t sent) { Port().SetIndicators(sent); },
       "GFMCPPro_Module::SetDisplay - Indicators");
 }
 
 void GFMCPPro_Module::SendDisplays(bool powered) {
-  SendMcpDisplays(unit, powered, kDisplays, dialFunctions, lastText, DisplayLoggingEnabled(),
+  SendMcpDisplays(Port(), powered, kDisplays, dialFunctions, lastText, DisplayLoggingEnabled(),
                   "GFMCPPro_Module::SetDisplay");
 }
 
 void GFMCPPro_Module::ClearDisplay() {
   if (TakenOver()) return;
-  lights_.Clear([this](std::uint32_t sent) { SendLightMask(unit, sent); });
-  BlankMcpDisplays(unit, kDisplays, lastText);
+  lights_.Clear([this](std::uint32_t sent) { Port().SetIndicators(sent); });
+  BlankMcpDisplays(Port(), kDisplays, lastText);
 }
 
 void GFMCPPro_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
@@ -344,12 +340,11 @@ const char* DeviceLabel(const DeviceLabelContext& context) {
 
 constexpr ModelDescriptor kGFMCPProDescriptor = {
     &kPanelModelRows[kModuleGFMCPPro],
-    &GFDev_GFMCPPro_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFMCPPro_Module>,
     &LoadAs<GFMCPPro_Module, LoadAssignments>,
     // brightness
-    {&ReadBrightness<std::uint16_t, GFDev_GFMCPPro_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GFMCPPro_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGFMCPPro>, &WriteUnitBrightness<kModuleGFMCPPro>, false},
     &DialogRows,
     &DeviceLabel,
 };

@@ -5,7 +5,6 @@
 
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -24,11 +23,11 @@ constexpr const char* kSixBlank = "      ";
 // Course and heading texts begin with a blank and the speed text with two, which the three-digit
 // displays skip; the two six-digit displays show the whole text one digit in from the left edge.
 constexpr McpDisplaySlot kDisplays[GFMCP_Module::kDialCount] = {
-    {&GFDev_GFMCP_SetDisplay1, 1, 3, false, kThreeBlank, 'A'},
-    {&GFDev_GFMCP_SetDisplay2, 1, 3, false, kThreeBlank, 'B'},
-    {&GFDev_GFMCP_SetDisplay3, 2, 4, false, kThreeBlank, 'C'},
-    {&GFDev_GFMCP_SetDisplay4, 0, kWholeText, true, kSixBlank, 'D'},
-    {&GFDev_GFMCP_SetDisplay5, 0, kWholeText, true, kSixBlank, 'E'},
+    {1, 1, 3, false, kThreeBlank, 'A'},
+    {2, 1, 3, false, kThreeBlank, 'B'},
+    {3, 2, 4, false, kThreeBlank, 'C'},
+    {4, 0, kWholeText, true, kSixBlank, 'D'},
+    {5, 0, kWholeText, true, kSixBlank, 'E'},
 };
 
 std::int32_t ButtonIndexOfKey(std::uint8_t key) {
@@ -39,13 +38,9 @@ std::int32_t DialIndexOfKey(std::uint8_t key) {
   return key >= 'A' && key <= 'E' ? key - 'A' : -1;
 }
 
-void SendLightMask(std::int32_t unit, std::uint32_t mask) {
-  GFDev_GFMCP_SetLEDs(unit, static_cast<std::uint8_t>(mask));
-}
-
 }  // namespace
 
-GFMCP_Module::GFMCP_Module() {
+GFMCP_Module::GFMCP_Module() : GF_Abstract_Module(kModuleGFMCP) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
@@ -68,10 +63,10 @@ void GFMCP_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
 
   // Encoder counts are thrown away: only movement after registration is input.
-  std::int16_t ignored[kDialCount] = {};
-  std::uint8_t bank1 = 0;
-  std::uint8_t bank2 = 0;
-  GFDev_GFMCP_GetState(unit, &ignored[0], &ignored[1], &ignored[2], &ignored[3], &ignored[4], &bank1, &bank2);
+  GFMCPInputRecord state{};
+  Port().TakeInput(state);
+  const std::uint8_t bank1 = state.buttons1;
+  const std::uint8_t bank2 = state.buttons2;
   {
     std::lock_guard<std::mutex> lock(decodingLock_.mutex);
     switchVals1_8_ = bank1;
@@ -144,17 +139,17 @@ void GFMCP_Module::SendLights(bool powered) {
     if (GetFunctionState(buttonFunctions[i]) == 1) mask |= std::uint32_t{1} << i;
   }
   lights_.Update(
-      powered, mask, [this](std::uint32_t sent) { SendLightMask(unit, sent); }, "GFMCP_Module::SetDisplay - Indicators");
+      powered, mask, [this](std::uint32_t sent) { Port().SetIndicators(sent); }, "GFMCP_Module::SetDisplay - Indicators");
 }
 
 void GFMCP_Module::SendDisplays(bool powered) {
-  SendMcpDisplays(unit, powered, kDisplays, dialFunctions, lastText, DisplayLoggingEnabled(),
+  SendMcpDisplays(Port(), powered, kDisplays, dialFunctions, lastText, DisplayLoggingEnabled(),
                   "GFMCP_Module::SetDisplay");
 }
 
 void GFMCP_Module::ClearDisplay() {
-  lights_.Clear([this](std::uint32_t sent) { SendLightMask(unit, sent); });
-  BlankMcpDisplays(unit, kDisplays, lastText);
+  lights_.Clear([this](std::uint32_t sent) { Port().SetIndicators(sent); });
+  BlankMcpDisplays(Port(), kDisplays, lastText);
 }
 
 void GFMCP_Module::AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1,
@@ -220,12 +215,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) { AddKeyedRows(r
 
 constexpr ModelDescriptor kGFMCPDescriptor = {
     &kPanelModelRows[kModuleGFMCP],
-    &GFDev_GFMCP_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFMCP_Module>,
     &LoadAs<GFMCP_Module, LoadAssignments>,
     // brightness
-    {&ReadBrightness<std::uint16_t, GFDev_GFMCP_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GFMCP_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGFMCP>, &WriteUnitBrightness<kModuleGFMCP>, false},
     &DialogRows,
 };
 

@@ -1,6 +1,6 @@
 #include "modules/GFMESM_Module.h"
 
-#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
 #include "modules/CommandTables.h"
 #include "base/Log.h"
 #include "base/OptionalXplmApi.h"
@@ -79,7 +79,7 @@ const char* const kGetButtonLabels[3] = {"GFMESM_Module::GetButton - Selector1",
 
 }  // namespace
 
-GFMESM_Module::GFMESM_Module() {
+GFMESM_Module::GFMESM_Module() : GF_Abstract_Module(kModuleGFMESM) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
@@ -107,7 +107,7 @@ GFMESMInputRecord GFMESM_Module::State() const {
 void GFMESM_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
   GFMESMInputRecord state{};
-  GFDev_GFMESM_GetState(unit, &state.values[0], &state.values[1], &state.values[2]);
+  Port().TakeInput(state);
   {
     std::lock_guard<std::mutex> lock(decodingLock_);
     decoding_ = state;
@@ -217,7 +217,7 @@ const char* DeviceLabel(const DeviceLabelContext& context) {
 
 constexpr ModelDescriptor kGFMESMDescriptor = {
     &kPanelModelRows[kModuleGFMESM],
-    &GFDev_GFMESM_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFMESM_Module>,
     &LoadAs<GFMESM_Module, LoadAssignments>,
     {},  // no brightness report

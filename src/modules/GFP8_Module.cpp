@@ -1,6 +1,5 @@
 #include "modules/GFP8_Module.h"
 
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -12,10 +11,10 @@ namespace drav {
 namespace {
 
 const LightBoxModel kGFP8Model{
+    kModuleGFP8,
     "GFP8_Module::Register - PrevSwitchVals",
     "GFP8_Module::SetDisplay - Indicators",
-    &GFDev_GFP8_GetSwitches,
-    &GFDev_GFP8_SetLEDs,
+    &ReadSwitchByte,
 };
 
 }  // namespace
@@ -55,12 +54,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGFP8Descriptor = {
     &kPanelModelRows[kModuleGFP8],
-    &GFDev_GFP8_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFP8_Module>,
     &LoadAs<GFP8_Module, LoadAssignments>,
     // brightness
-    {&ReadBrightness<std::uint16_t, GFDev_GFP8_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GFP8_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGFP8>, &WriteUnitBrightness<kModuleGFP8>, false},
     &DialogRows,
 };
 

@@ -1,7 +1,6 @@
 #include "modules/GFRP48_Module.h"
 
 #include "functions/AvionicAdjust.h"
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -17,16 +16,18 @@ constexpr std::uint8_t kFirstDialKey = 'A';
 
 // Registration needs only the button byte; the encoder counts it reads (and so clears) are
 // movements from before the unit was bound to anything.
-std::int32_t ReadRP48Buttons(std::int32_t unit, std::uint8_t* buttons) {
-  std::int16_t discarded[kRP48Encoders] = {};
-  return GFDev_GFRP48_GetState(unit, &discarded[0], &discarded[1], &discarded[2], &discarded[3], buttons);
+std::int32_t ReadRP48Buttons(const UnitPort& port, std::uint8_t* buttons) {
+  GFRP48InputRecord state{};
+  const std::int32_t result = port.TakeInput(state);
+  if (result == 0) *buttons = state.buttons;
+  return result;
 }
 
 const LightBoxModel kGFRP48Model{
+    kModuleGFRP48,
     "GFRP48_Module::Register - PrevSwitchVals",
     "GFRP48_Module::SetDisplay - Indicators",
     &ReadRP48Buttons,
-    &GFDev_GFRP48_SetLEDs,
 };
 
 std::int32_t DialIndexOfKey(std::uint8_t key) {
@@ -121,12 +122,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGFRP48Descriptor = {
     &kPanelModelRows[kModuleGFRP48],
-    &GFDev_GFRP48_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFRP48_Module>,
     &LoadAs<GFRP48_Module, LoadAssignments>,
     // brightness
-    {&ReadBrightness<std::uint16_t, GFDev_GFRP48_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GFRP48_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGFRP48>, &WriteUnitBrightness<kModuleGFRP48>, false},
     &DialogRows,
 };
 

@@ -14,6 +14,8 @@ namespace drav {
 namespace {
 
 constexpr FunctionId kFunctionTransponder = kFnXPDR;
+constexpr int kAlphaDisplay = 1;
+constexpr int kNumericDisplay = 2;
 
 // Where a list opens when it has no valid position yet: the instrument list on the altimeter.
 struct RadioListShape {
@@ -71,7 +73,8 @@ void ResetSharedRadioFunctionLists() {
   gAutopilotList = MultiFunctionList{};
 }
 
-GFRadioModule::GFRadioModule(const RadioModelTraits& traits) : source(traits.singleSource), traits_(&traits) {}
+GFRadioModule::GFRadioModule(const RadioModelTraits& traits)
+    : GF_Abstract_AvionicDevice(traits.moduleType), source(traits.singleSource), traits_(&traits) {}
 
 bool GFRadioModule::HasSelection() const { return ShowsList() ? list != nullptr : single != nullptr; }
 
@@ -161,8 +164,8 @@ void GFRadioModule::ClearDisplay() { SendBlanks(); }
 
 // The device's answer is ignored: a text sent to an unplugged unit counts as sent.
 void GFRadioModule::SendBlanks() {
-  traits_->sendAlpha(unit, traits_->alphaBlank);
-  traits_->sendNumeric(unit, traits_->numericBlank);
+  Port().SetDisplay(kAlphaDisplay, traits_->alphaBlank);
+  Port().SetDisplay(kNumericDisplay, traits_->numericBlank);
   lastAlpha.Forget();
   lastValue.Forget();
 }
@@ -170,7 +173,7 @@ void GFRadioModule::SendBlanks() {
 void GFRadioModule::ShowAlpha(const AvionicFunction& function) {
   const char* line = ShowsList() ? traits_->alphaListLine : traits_->alphaSingleLine;
   lastAlpha.Update(
-      true, function.tag, traits_->alphaBlank, [this](const char* text) { traits_->sendAlpha(unit, text); },
+      true, function.tag, traits_->alphaBlank, [this](const char* text) { Port().SetDisplay(kAlphaDisplay, text); },
       [line](const char* text) { LogFormat(line, text); });
 }
 
@@ -188,7 +191,7 @@ void GFRadioModule::ShowNumeric(const AvionicFunction& function) {
   };
   lastValue.Update(
       true, function.text, traits_->numericBlank,
-      [&](const char* text) { traits_->sendNumeric(unit, compose(text)); },
+      [&](const char* text) { Port().SetDisplay(kNumericDisplay, compose(text)); },
       [&](const char* text) { LogFormat(line, compose(text)); });
 }
 

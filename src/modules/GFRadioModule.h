@@ -13,15 +13,14 @@
 
 namespace drav {
 
-// The facts that tell one radio model from the other.
+// The facts that tell one radio model from the other. Both show the alphanumeric text on their
+// display 1 and the numeric one on display 2.
 struct RadioModelTraits {
   ModuleType moduleType;       // passed to AdjustAvionicFunction: the models' knob layouts differ
   std::int32_t singleSource;   // the value of `source` while one function is shown
   std::int32_t listSource;     // ... and while a multi-function list is
   const char* alphaBlank;      // four spaces
   const char* numericBlank;    // one space per digit of the numeric display
-  std::int32_t (*sendAlpha)(std::int32_t unit, const char* text);
-  std::int32_t (*sendNumeric)(std::int32_t unit, const char* text);
   // The six-digit display shows the four-digit squawk one place in from the left.
   bool transponderLeadingSpace;
   // The SetDisplay trace lines (printf formats with one %s).

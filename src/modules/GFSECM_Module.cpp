@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "hid/GFDev.h"
+#include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
@@ -55,7 +55,7 @@ std::int32_t DetectTwoState(std::uint8_t now, std::uint8_t* last, std::int32_t c
 
 }  // namespace
 
-GFSECM_Module::GFSECM_Module() {
+GFSECM_Module::GFSECM_Module() : GF_Abstract_Module(kModuleGFSECM) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
@@ -87,7 +87,7 @@ void GFSECM_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
 
   GFSECMInputRecord state{};  // a unit that cannot be read counts as all off, key unknown
-  GFDev_GFSECM_GetState(unit, &state.rotary, &state.second, &state.third, &state.fourth, &state.switches);
+  Port().TakeInput(state);
   {
     std::lock_guard<std::mutex> lock(decodingLock_);
     decoding_ = state;
@@ -217,7 +217,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGFSECMDescriptor = {
     &kPanelModelRows[kModuleGFSECM],
-    &GFDev_GFSECM_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFSECM_Module>,
     &LoadAs<GFSECM_Module, LoadAssignments>,
     {},  // no brightness report

@@ -1,6 +1,5 @@
 #include "modules/GFT8_Module.h"
 
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -15,10 +14,10 @@ constexpr std::int32_t kLandingGear = kFnLANDING_GEAR;
 constexpr std::int32_t kApDisengage = kFnAP_DISENGAGE;
 
 const LightBoxModel kGFT8Model{
+    kModuleGFT8,
     "GFT8_Module::Register - PrevSwitchVals",
     "GFT8_Module::SetDisplay - Indicators",
-    &GFDev_GFT8_GetSwitches,
-    &GFDev_GFT8_SetLEDs,
+    &ReadSwitchByte,
 };
 
 }  // namespace
@@ -79,12 +78,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGFT8Descriptor = {
     &kPanelModelRows[kModuleGFT8],
-    &GFDev_GFT8_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFT8_Module>,
     &LoadAs<GFT8_Module, LoadAssignments>,
     // brightness
-    {&ReadBrightness<std::uint16_t, GFDev_GFT8_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GFT8_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGFT8>, &WriteUnitBrightness<kModuleGFT8>, false},
     &DialogRows,
 };
 

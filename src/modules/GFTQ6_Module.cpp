@@ -5,13 +5,12 @@
 #include "hid/InputRecords.h"
 #include "base/Log.h"
 #include "base/Settings.h"
-#include "hid/GFDev.h"
 #include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
 
 namespace drav {
 
-GFTQ6_Module::GFTQ6_Module() {
+GFTQ6_Module::GFTQ6_Module() : GF_Abstract_Module(kModuleGFTQ6) {
   for (LeverFunction& lever : levers) InitLever(lever);
 }
 
@@ -115,7 +114,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGFTQ6Descriptor = {
     &kPanelModelRows[kModuleGFTQ6],
-    &GFDev_GFTQ6_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFTQ6_Module>,
     &LoadAs<GFTQ6_Module, LoadAssignments>,
     {},  // no brightness report

@@ -1,7 +1,6 @@
 #include "modules/GFWCP_Module.h"
 
 #include "functions/FunctionCatalogue.h"
-#include "hid/GFDev.h"
 #include "hid/InputRecords.h"
 #include "modules/CommandTables.h"
 #include "base/OptionalXplmApi.h"
@@ -35,7 +34,7 @@ std::int32_t ButtonIndexOfKey(std::uint8_t key) {
 
 }  // namespace
 
-GFWCP_Module::GFWCP_Module() {
+GFWCP_Module::GFWCP_Module() : GF_Abstract_Module(kModuleGFWCP) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
@@ -66,10 +65,10 @@ void GFWCP_Module::CopyStateFrom(const GFWCP_Module& other) {
 void GFWCP_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
   // A unit that cannot be read counts as all buttons up.
-  std::uint8_t switches = 0;
-  GFDev_GFWCP_GetSwitches(unit, &switches);
+  GFWCPInputRecord state{};
+  Port().TakeInput(state);
   std::lock_guard<std::mutex> lock(decodingLock_);
-  prevSwitchVals_ = switches;
+  prevSwitchVals_ = state.switches;
 }
 
 std::uint8_t GFWCP_Module::PrevSwitchVals() const {
@@ -103,7 +102,7 @@ std::uint32_t GFWCP_Module::LightMask() const {
 void GFWCP_Module::SendLights(std::uint32_t mask) {
   for (std::int32_t i = 0; i < kGFWCPButtons; ++i) {
     const std::uint8_t colour = (mask & (1u << i)) != 0 ? colours[i] : kDarkColour;
-    GFDev_GFWCP_SetLEDColour(unit, static_cast<std::uint8_t>(i + 1), colour);
+    Port().SetIndicatorColour(static_cast<std::uint8_t>(i + 1), colour);
   }
 }
 
@@ -164,12 +163,11 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 
 constexpr ModelDescriptor kGFWCPDescriptor = {
     &kPanelModelRows[kModuleGFWCP],
-    &GFDev_GFWCP_Count,
+    nullptr,  // the device layer's count
     &MakeModuleVector<GFWCP_Module>,
     &LoadAs<GFWCP_Module, LoadAssignments>,
     // brightness
-    {&ReadBrightness<std::uint32_t, GFDev_GFWCP_GetBrightness>,
-     &WriteBrightness<std::uint16_t, GFDev_GFWCP_SetBrightness>, false},
+    {&ReadUnitBrightness<kModuleGFWCP>, &WriteUnitBrightness<kModuleGFWCP>, false},
     &DialogRows,
 };
 

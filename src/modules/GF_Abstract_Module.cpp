@@ -14,6 +14,7 @@ std::int32_t StepIndex(std::int32_t index, std::int32_t direction) {
 
 void GF_Abstract_Module::Register(std::uint16_t unitNumber) {
   unit = unitNumber;
+  port_ = UnitPort(port_.ModuleType(), unitNumber);
   ClearDisplay();
 }
 

@@ -6,6 +6,8 @@
 
 #include "functions/FunctionCatalogue.h"
 #include "functions/PanelDirectory.h"
+#include "hid/ModuleTypes.h"
+#include "hid/UnitPort.h"
 
 namespace drav {
 
@@ -21,7 +23,8 @@ class GF_Abstract_Module {
  public:
   // The virtual operations, in their fixed order.
 
-  // Binds the object to its unit: stores it, then blanks the unit and forgets what was sent.
+  // Binds the object to its unit: stores it and the unit's port, then blanks the unit and forgets
+  // what was sent.
   virtual void Register(std::uint16_t unitNumber);
   // Composes displays and lights from the bound functions and sends what changed.
   virtual void SetDisplay() = 0;
@@ -46,14 +49,23 @@ class GF_Abstract_Module {
   // silently skipping a model's destructor and leaking the function records it holds.
   virtual ~GF_Abstract_Module() = default;
 
-  std::uint16_t unit = 0;  // 0-based unit among the devices of this model; every device call passes it
+  std::uint16_t unit = 0;  // 0-based unit among the devices of this model
+
+  // Where every device call goes: the port of this model's `unit`.
+  const UnitPort& Port() const { return port_; }
 
  protected:
+  // An object of no model (a test's stand-in): its port answers as for a unit out of range.
+  GF_Abstract_Module() = default;
+  // An object of one model, bound to unit 0 until Register binds it to its own.
+  explicit GF_Abstract_Module(ModuleType type) : port_(type, 0) {}
   // Copies are how containers grow; they are made of whole model objects only, never through the
   // base, which would slice.
-  GF_Abstract_Module() = default;
   GF_Abstract_Module(const GF_Abstract_Module&) = default;
   GF_Abstract_Module& operator=(const GF_Abstract_Module&) = default;
+
+ private:
+  UnitPort port_;
 };
 
 // The radio modules (GF-45, GF-46, GF-166): one current function chosen from up to eight modes.
@@ -78,6 +90,7 @@ class GF_Abstract_AvionicDevice : public GF_Abstract_Module, public RadioModule 
 
  protected:
   GF_Abstract_AvionicDevice() = default;
+  explicit GF_Abstract_AvionicDevice(ModuleType type) : GF_Abstract_Module(type) {}
   GF_Abstract_AvionicDevice(const GF_Abstract_AvionicDevice&) = default;
   GF_Abstract_AvionicDevice& operator=(const GF_Abstract_AvionicDevice&) = default;
 

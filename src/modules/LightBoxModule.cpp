@@ -2,6 +2,7 @@
 
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "hid/InputRecords.h"
 #include "modules/PanelPower.h"
 
 namespace drav {
@@ -18,7 +19,14 @@ std::int32_t ButtonIndexOfKey(std::uint8_t key) {
 
 }  // namespace
 
-LightBoxModule::LightBoxModule(const LightBoxModel& model) : model_(&model) {
+std::int32_t ReadSwitchByte(const UnitPort& port, std::uint8_t* switches) {
+  GFSwitchByteInputRecord state{};
+  const std::int32_t result = port.TakeInput(state);
+  if (result == 0) *switches = state.switches;
+  return result;
+}
+
+LightBoxModule::LightBoxModule(const LightBoxModel& model) : GF_Abstract_Module(model.type), model_(&model) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
@@ -51,7 +59,7 @@ void LightBoxModule::Register(std::uint16_t unitNumber) {
 
   // A unit that cannot be read counts as all switches off.
   std::uint8_t switches = 0;
-  model_->readSwitches(unit, &switches);
+  model_->readSwitches(Port(), &switches);
   {
     std::lock_guard<std::mutex> lock(decodingLock_);
     prevSwitchVals_ = switches;
@@ -92,12 +100,12 @@ void LightBoxModule::SetDisplay() {
   // Without power nothing is composed: the mask sent is 0 whatever the functions say.
   const bool powered = HasPanelPower(false);
   const std::uint8_t mask = powered ? LightMask() : 0;
-  const auto send = [this](std::uint32_t bits) { model_->sendLights(unit, static_cast<std::uint8_t>(bits)); };
+  const auto send = [this](std::uint32_t bits) { Port().SetIndicators(bits); };
   indicators_.Update(powered, mask, send, model_->setDisplayLabel);
 }
 
 void LightBoxModule::ClearDisplay() {
-  indicators_.Clear([this](std::uint32_t bits) { model_->sendLights(unit, static_cast<std::uint8_t>(bits)); });
+  indicators_.Clear([this](std::uint32_t bits) { Port().SetIndicators(bits); });
 }
 
 void LightBoxModule::UpdateOutputs() {

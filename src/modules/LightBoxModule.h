@@ -14,14 +14,17 @@ namespace drav {
 
 inline constexpr std::int32_t kLightBoxButtons = 8;
 
-// The model's device calls and trace labels; one constant instance per model.
+// The model, its trace labels and how its switch byte is read; one constant instance per model.
 struct LightBoxModel {
+  ModuleType type;
   const char* registerLabel;    // "GFP8_Module::Register - PrevSwitchVals"
   const char* setDisplayLabel;  // "GFP8_Module::SetDisplay - Indicators"
-  // The unit's current switch (button) byte, read at registration.
-  std::int32_t (*readSwitches)(std::int32_t unit, std::uint8_t* switches);
-  std::int32_t (*sendLights)(std::int32_t unit, std::uint8_t mask);
+  // The unit's current switch (button) byte, read at registration; written only on success.
+  std::int32_t (*readSwitches)(const UnitPort& port, std::uint8_t* switches);
 };
+
+// The readSwitches of the models whose input record is the switch byte alone.
+std::int32_t ReadSwitchByte(const UnitPort& port, std::uint8_t* switches);
 
 class LightBoxModule : public GF_Abstract_Module {
  public:

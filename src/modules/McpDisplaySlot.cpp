@@ -6,6 +6,7 @@
 
 #include "functions/FunctionObjects.h"
 #include "base/Log.h"
+#include "hid/UnitPort.h"
 
 namespace drav {
 
@@ -30,16 +31,16 @@ void ComposeMcpDisplayText(const McpDisplaySlot& slot, const char* text, char* o
   out[written] = '\0';
 }
 
-void BlankMcpDisplays(std::int32_t unit, std::span<const McpDisplaySlot> slots, std::span<McpLastText> lastTexts) {
-  for (const McpDisplaySlot& slot : slots) slot.send(unit, slot.blank);
+void BlankMcpDisplays(const UnitPort& port, std::span<const McpDisplaySlot> slots, std::span<McpLastText> lastTexts) {
+  for (const McpDisplaySlot& slot : slots) port.SetDisplay(slot.display, slot.blank);
   for (McpLastText& text : lastTexts) text[0] = '\0';
 }
 
-void SendMcpDisplays(std::int32_t unit, bool powered, std::span<const McpDisplaySlot> slots,
+void SendMcpDisplays(const UnitPort& port, bool powered, std::span<const McpDisplaySlot> slots,
                      std::span<AvionicFunction* const> dials, std::span<McpLastText> lastTexts, bool logging,
                      const char* logPrefix) {
   if (!powered) {
-    BlankMcpDisplays(unit, slots, lastTexts);
+    BlankMcpDisplays(port, slots, lastTexts);
     return;
   }
   const std::size_t count = std::min({slots.size(), dials.size(), lastTexts.size()});
@@ -52,7 +53,7 @@ void SendMcpDisplays(std::int32_t unit, bool powered, std::span<const McpDisplay
     McpDisplaySlot slot = slots[i];
     if (dial->custom != nullptr) slot.first = 0;
     ComposeMcpDisplayText(slot, dial->text, shown, sizeof shown);
-    slots[i].send(unit, shown);
+    port.SetDisplay(slots[i].display, shown);
     std::snprintf(lastTexts[i], kMcpTextSize, "%s", dial->text);
     if (logging) LogFormat("%s -  %c freqval = %s", logPrefix, slots[i].letter, shown);
   }

@@ -8,8 +8,10 @@
 
 namespace drav {
 
+class UnitPort;
+
 struct McpDisplaySlot {
-  std::int32_t (*send)(std::int32_t unit, const char* text);
+  int display;              // the unit's display number (1-based)
   std::int32_t first;       // first character taken (0-based)
   std::int32_t count;       // at most this many characters; kWholeText takes the rest
   bool leadingSpace;        // a space goes before the characters taken
@@ -33,10 +35,10 @@ using McpLastText = char[kMcpTextSize];
 // sent text is logged as "<logPrefix> -  <letter> freqval = <text>" when `logging` is set. Without
 // power every display gets its blank text and the memory is cleared, so power coming back resends
 // them all. The three spans run in parallel (one entry per display).
-void SendMcpDisplays(std::int32_t unit, bool powered, std::span<const McpDisplaySlot> slots,
+void SendMcpDisplays(const UnitPort& port, bool powered, std::span<const McpDisplaySlot> slots,
                      std::span<AvionicFunction* const> dials, std::span<McpLastText> lastTexts, bool logging,
                      const char* logPrefix);
 // Every display blank, the memory cleared.
-void BlankMcpDisplays(std::int32_t unit, std::span<const McpDisplaySlot> slots, std::span<McpLastText> lastTexts);
+void BlankMcpDisplays(const UnitPort& port, std::span<const McpDisplaySlot> slots, std::span<McpLastText> lastTexts);
 
 }  // namespace drav

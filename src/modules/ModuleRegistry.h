@@ -10,6 +10,7 @@
 #include <string>
 
 #include "hid/ModelTable.h"
+#include "hid/UnitPort.h"
 #include "modules/AssignmentKeys.h"
 #include "modules/GF_Abstract_Module.h"
 #include "modules/ModelDialogRows.h"
@@ -81,20 +82,15 @@ struct ModelBrightness {
   bool reversedScale;  // the unit receives 15 - level
 };
 
-// The device layer's getters answer in 16 bits (the GF-WCP in 32); the level is one int for all.
-// The raw value is copied only on success, whatever the getter did with its out argument.
-template <typename Raw, std::int32_t (*Getter)(std::int32_t, Raw*)>
-std::int32_t ReadBrightness(std::int32_t unit, std::int32_t* level) {
-  Raw raw = 0;
-  const std::int32_t result = Getter(unit, &raw);
-  if (result == 0) *level = static_cast<std::int32_t>(raw);
-  return result;
+// A model's brightness through the port of the unit asked for (the shared display brightness
+// addresses units by number). The level is one int for all models; the devices keep its low bits.
+template <ModuleType Type>
+std::int32_t ReadUnitBrightness(std::int32_t unit, std::int32_t* level) {
+  return UnitPort(Type, unit).GetBrightness(level);
 }
-
-// The setters take 16 bits, the GF-45 and GF-46 a full int; the devices keep the low four bits.
-template <typename Raw, std::int32_t (*Setter)(std::int32_t, Raw)>
-std::int32_t WriteBrightness(std::int32_t unit, std::int32_t value) {
-  return Setter(unit, static_cast<Raw>(value));
+template <ModuleType Type>
+std::int32_t WriteUnitBrightness(std::int32_t unit, std::int32_t value) {
+  return UnitPort(Type, unit).SetBrightness(value);
 }
 
 struct ModelDescriptor {
