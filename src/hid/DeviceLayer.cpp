@@ -429,15 +429,34 @@ bool GFDev_ReturnsSettled() {
 
 void InputDelivery::SetCallback(GFDevInputCallback callback) {
   Hold();
+  receiver_.store(nullptr);
   callback_.store(callback);
+  Release();
+}
+
+void InputDelivery::SetReceiver(InputReceiver* receiver) {
+  Hold();
+  callback_.store(nullptr);
+  receiver_.store(receiver);
+  Release();
+}
+
+void InputDelivery::Forget(const InputReceiver& receiver) {
+  Hold();
+  if (receiver_.load() == &receiver) receiver_.store(nullptr);
   Release();
 }
 
 bool InputDelivery::DeliverWithin(std::uint32_t moduleType, std::uint16_t unit, const void* record,
                                   std::chrono::milliseconds wait) {
   if (!gate_.TryEnterFor(wait)) return false;
-  bool taken = true;
-  if (GFDevInputCallback callback = callback_.load()) taken = callback(moduleType, unit, record) != kGFDevInputRefused;
+  int answer = 1;
+  if (InputReceiver* receiver = receiver_.load()) {
+    answer = receiver->Receive(moduleType, unit, record);
+  } else if (GFDevInputCallback callback = callback_.load()) {
+    answer = callback(moduleType, unit, record);
+  }
+  const bool taken = answer != kGFDevInputRefused;
   gate_.Leave();
   return taken;
 }

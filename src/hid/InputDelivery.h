@@ -13,14 +13,27 @@
 
 namespace drav {
 
+// Takes the records in the place of a flat callback, for a receiver that keeps what it needs (the
+// modules, the queue) in itself rather than in globals. Called on the read threads.
+class InputReceiver {
+ public:
+  virtual ~InputReceiver() = default;
+  // As GFDevInputCallback: kGFDevInputRefused when the record was not taken.
+  virtual int Receive(std::uint32_t moduleType, std::uint16_t unit, const void* record) = 0;
+};
+
 class InputDelivery {
  public:
   InputDelivery() = default;
   InputDelivery(const InputDelivery&) = delete;
   InputDelivery& operator=(const InputDelivery&) = delete;
 
-  // Main thread: waits for the delivery running now, then puts the callback in place (null: none).
+  // Main thread: wait for the delivery running now, then put the callback or the receiver in the
+  // place of whichever was there (null: none).
   void SetCallback(GFDevInputCallback callback);
+  void SetReceiver(InputReceiver* receiver);
+  // Main thread: takes the receiver away if it is still the one in place.
+  void Forget(const InputReceiver& receiver);
   // Main thread: no delivery runs between the two (read threads wait their turn).
   void Hold() { gate_.Enter(); }
   void Release() { gate_.Leave(); }
@@ -38,6 +51,7 @@ class InputDelivery {
   InputCallbackGate gate_;
   std::atomic<bool> refused_{false};
   std::atomic<GFDevInputCallback> callback_{nullptr};
+  std::atomic<InputReceiver*> receiver_{nullptr};
 };
 
 }  // namespace drav

@@ -100,7 +100,7 @@ GF166_Module::GF166_Module() {
 }
 
 std::uint8_t GF166_Module::PrevSwitchVals() const {
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   return static_cast<std::uint8_t>(prevSwitchVals_);
 }
 
@@ -113,7 +113,7 @@ void GF166_Module::Register(std::uint16_t unitNumber) {
   std::uint8_t buttons = 0;
   GFDev_GF166_GetState(unit, &ignoredDial1, &ignoredDial2, &buttons);
   {
-    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    std::lock_guard<std::mutex> lock(decodingLock_);
     prevSwitchVals_ = buttons;
   }
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GF166_Module::Register - PrevSwitchVals", buttons);
@@ -137,7 +137,7 @@ std::int32_t GF166_Module::GetButton(const void* record, std::int32_t* value) {
   if (dial != -1) return dial;
 
   if (gDebug.DebugGetButtonFunction != 0) LogBits16("GF166_Module::GetButton - BtnState", input.buttons);
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   const InputBank buttons{input.buttons, &prevSwitchVals_, kButtonCount, kControlSwap};
   return DetectBankChange(buttons, value);
 }

@@ -61,25 +61,6 @@ GFEFIS_Module::GFEFIS_Module() {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
-GFEFIS_Module::GFEFIS_Module(const GFEFIS_Module& other) : GF_Abstract_Module(other) {
-  for (std::int32_t i = 0; i < kEFISButtonControls; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  dialFunctions[0] = other.dialFunctions[0];
-  dialFunctions[1] = other.dialFunctions[1];
-  decoding_ = other.Snapshot();
-}
-
-GFEFIS_Module& GFEFIS_Module::operator=(const GFEFIS_Module& other) {
-  if (this == &other) return *this;
-  GF_Abstract_Module::operator=(other);
-  for (std::int32_t i = 0; i < kEFISButtonControls; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  dialFunctions[0] = other.dialFunctions[0];
-  dialFunctions[1] = other.dialFunctions[1];
-  const DecodingState state = other.Snapshot();
-  std::lock_guard<std::mutex> lock(decodingLock_);
-  decoding_ = state;
-  return *this;
-}
-
 GFEFIS_Module::DecodingState GFEFIS_Module::Snapshot() const {
   std::lock_guard<std::mutex> lock(decodingLock_);
   return decoding_;

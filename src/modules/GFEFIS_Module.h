@@ -26,8 +26,6 @@ inline constexpr std::int32_t kEFISDialControlB = 40;
 class GFEFIS_Module : public GF_Abstract_Module {
  public:
   GFEFIS_Module();
-  GFEFIS_Module(const GFEFIS_Module& other);
-  GFEFIS_Module& operator=(const GFEFIS_Module& other);
 
   // Reads the panel, then puts the simulator's display mode, range and pointer switches where the
   // panel's selectors and switches are.

@@ -17,6 +17,7 @@
 #include "modules/PanelPower.h"
 #include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
+#include "modules/ModuleState.h"
 
 namespace drav {
 
@@ -37,7 +38,7 @@ constexpr McpDisplaySlot kDisplays[GFMCPPro_Module::kDialCount] = {
     {&GFDev_GFMCPPro_SetDisplay6, 1, 3, false, kThreeBlank, 'F'},
 };
 
-// Rows of X737McpCommands (the aircraft's own order, not the panel's).
+// Rows of the x737 MCP commands (the aircraft's own order, not the panel's).
 enum X737Row : std::int32_t {
   kNoX737Command = -1,
   kFdA = 0,
@@ -69,9 +70,6 @@ constexpr std::int32_t kX737RowOfControl[GFMCPPro_Module::kButtonCount] = {
     kApDisconnect, kFdB,
 };
 
-// The take-over flag as the last SetDisplay saw it, shared by every unit.
-std::int32_t gSeenTakeover = 0;
-
 bool TakenOver() { return McpProDisabled != 0; }
 
 // GetButton asks from the device input thread while the dataref accessor writes on the main thread.
@@ -101,7 +99,8 @@ std::int32_t DialIndexOfKey(std::uint8_t key) {
 
 void RunX737(std::int32_t row, bool on) {
   if (row < 0 || row >= kX737McpCommandCount) return;
-  RunCommandOnce(on ? X737McpCommands[row].on : X737McpCommands[row].off);
+  const CommandTriple& commands = TheCommandTables().x737Mcp[row];
+  RunCommandOnce(on ? commands.on : commands.off);
 }
 
 void SendLightMask(std::int32_t unit, std::uint32_t mask) { GFDev_GFMCPPro_SetLEDs(unit, mask); }
@@ -112,14 +111,12 @@ std::int32_t GFMCPPro_Module::X737CommandIndex(std::int32_t control) {
   return control >= 0 && control < kButtonCount ? kX737RowOfControl[control] : kNoX737Command;
 }
 
-void GFMCPPro_Module::ForgetSeenTakeover() { gSeenTakeover = 0; }
-
 GFMCPPro_Module::GFMCPPro_Module() {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
 std::uint32_t GFMCPPro_Module::SwitchState() const {
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   return switchState_;
 }
 
@@ -133,7 +130,7 @@ void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
   GFDev_GFMCPPro_GetState(unit, &ignored[0], &ignored[1], &ignored[2], &ignored[3], &ignored[4], &ignored[5],
                           &switches);
   {
-    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    std::lock_guard<std::mutex> lock(decodingLock_);
     switchState_ = switches;
   }
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GFMCPPro_Module::Register - SwitchState", switches & 0xFFFFu);
@@ -174,7 +171,7 @@ std::int32_t GFMCPPro_Module::GetButton(const void* record, std::int32_t* value)
   if (dial != -1) return dial;
 
   if (logging) LogBits16("GFMCPPro_Module::GetButton - BtnState", input.switches & 0xFFFFu);
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   const InputBank inputs{input.switches & kInputMask, &switchState_, kButtonCount, 0};
   return DetectBankChange(inputs, value);
 }
@@ -201,7 +198,7 @@ void GFMCPPro_Module::HandleX737Input(std::int32_t control, std::int32_t value) 
   } else if (control == kControlDisengage) {
     RunX737(row, value == 0);  // bar up engages, as in Register
   } else if (value == 1) {
-    RunCommandOnce(X737McpCommands[row].toggle);
+    RunCommandOnce(TheCommandTables().x737Mcp[row].toggle);
   }
 }
 
@@ -241,9 +238,10 @@ void GFMCPPro_Module::UpdateOutputs() {
 // Returns true while another plug-in holds the panel. The first unit to see the panel handed
 // back forgets what it sent, so that it sends everything again.
 bool GFMCPPro_Module::TrackTakeover() {
-  if (McpProDisabled != gSeenTakeover) {
-    gSeenTakeover = McpProDisabled;
-    if (gSeenTakeover == 0) {
+  std::int32_t& seen = CurrentModuleState().seenMcpProTakeover;
+  if (McpProDisabled != seen) {
+    seen = McpProDisabled;
+    if (seen == 0) {
       lights_.Clear([](std::uint32_t) {});  // forgotten, not sent: the mask below goes out whole
       for (McpLastText& text : lastText) text[0] = '\0';
     }

@@ -50,12 +50,12 @@ GFMCP_Module::GFMCP_Module() {
 }
 
 std::uint8_t GFMCP_Module::SwitchVals1_8() const {
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   return static_cast<std::uint8_t>(switchVals1_8_);
 }
 
 std::uint8_t GFMCP_Module::SwitchVals9_16() const {
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   return static_cast<std::uint8_t>(switchVals9_16_);
 }
 
@@ -73,7 +73,7 @@ void GFMCP_Module::Register(std::uint16_t unitNumber) {
   std::uint8_t bank2 = 0;
   GFDev_GFMCP_GetState(unit, &ignored[0], &ignored[1], &ignored[2], &ignored[3], &ignored[4], &bank1, &bank2);
   {
-    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    std::lock_guard<std::mutex> lock(decodingLock_);
     switchVals1_8_ = bank1;
     switchVals9_16_ = bank2;
   }
@@ -98,7 +98,7 @@ std::int32_t GFMCP_Module::GetButton(const void* record, std::int32_t* value) {
   if (dial != -1) return dial;
 
   if (logging) LogBits16("GFMCP_Module::GetButton - BtnState1_8", input.buttons1);
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   const InputBank buttons{input.buttons1, &switchVals1_8_, kLitButtonCount, 0};
   const std::int32_t button = DetectBankChange(buttons, value);
   if (button != -1) return button;

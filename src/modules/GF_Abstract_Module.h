@@ -48,12 +48,13 @@ class GF_Abstract_Module {
 
   std::uint16_t unit = 0;  // 0-based unit among the devices of this model; every device call passes it
 
+  // A module stays where it was made (ModuleContainer.h): read threads decode against it and its
+  // function records are pointed at, so it is neither copied nor moved.
+  GF_Abstract_Module(const GF_Abstract_Module&) = delete;
+  GF_Abstract_Module& operator=(const GF_Abstract_Module&) = delete;
+
  protected:
-  // Copies are how containers grow; they are made of whole model objects only, never through the
-  // base, which would slice.
   GF_Abstract_Module() = default;
-  GF_Abstract_Module(const GF_Abstract_Module&) = default;
-  GF_Abstract_Module& operator=(const GF_Abstract_Module&) = default;
 };
 
 // The radio modules (GF-45, GF-46, GF-166): one current function chosen from up to eight modes.
@@ -78,8 +79,6 @@ class GF_Abstract_AvionicDevice : public GF_Abstract_Module, public RadioModule 
 
  protected:
   GF_Abstract_AvionicDevice() = default;
-  GF_Abstract_AvionicDevice(const GF_Abstract_AvionicDevice&) = default;
-  GF_Abstract_AvionicDevice& operator=(const GF_Abstract_AvionicDevice&) = default;
 
  private:
   std::int32_t CurrentModeFunction() const;
