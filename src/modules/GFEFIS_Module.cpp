@@ -40,10 +40,6 @@ constexpr EFISAction kEFISActions[kEFISButtonControls] = {
 constexpr std::int32_t kEFISSwitchBits = 16;
 constexpr std::uint16_t kLeftAdf = 1u << 8, kLeftVor = 1u << 9, kRightAdf = 1u << 10, kRightVor = 1u << 11;
 
-// The flag is written by the takeover dataref on the main thread and read here on the input thread
-// too; reading it atomically keeps that read well defined.
-bool TakenOver() { return std::atomic_ref<int>(EfisDisabled).load(std::memory_order_relaxed) != 0; }
-
 std::uint8_t ModeOf(std::uint8_t selectors) { return selectors & 0x0F; }
 std::uint8_t RangeOf(std::uint8_t selectors) { return selectors >> 4; }
 
@@ -60,6 +56,10 @@ bool IsButtonKey(std::uint8_t key) { return key < kEFISButtonControls; }
 GFEFIS_Module::GFEFIS_Module() {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
+
+// The flag is written by the takeover dataref on the main thread and read here on the input thread
+// too; reading it atomically keeps that read well defined.
+bool GFEFIS_Module::TakenOver() const { return std::atomic_ref<int>(*takeover_).load(std::memory_order_relaxed) != 0; }
 
 GFEFIS_Module::DecodingState GFEFIS_Module::Snapshot() const {
   std::lock_guard<std::mutex> lock(decodingLock_);

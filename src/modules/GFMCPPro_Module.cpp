@@ -70,13 +70,6 @@ constexpr std::int32_t kX737RowOfControl[GFMCPPro_Module::kButtonCount] = {
     kApDisconnect, kFdB,
 };
 
-bool TakenOver() { return McpProDisabled != 0; }
-
-// GetButton asks from the device input thread while the dataref accessor writes on the main thread.
-bool TakenOverSeenFromInputThread() {
-  return std::atomic_ref<int>(McpProDisabled).load(std::memory_order_relaxed) != 0;
-}
-
 bool IsLatchingSwitch(std::int32_t control) {
   return control == GFMCPPro_Module::kControlAutothrottleArm || control == GFMCPPro_Module::kControlAltitudeKnob ||
          control == GFMCPPro_Module::kControlFlightDirectorLeft ||
@@ -120,6 +113,13 @@ std::uint32_t GFMCPPro_Module::SwitchState() const {
   return switchState_;
 }
 
+bool GFMCPPro_Module::TakenOver() const { return *takeover_ != 0; }
+
+// GetButton asks from the device input thread while the dataref accessor writes on the main thread.
+bool GFMCPPro_Module::TakenOverSeenFromInputThread() const {
+  return std::atomic_ref<int>(*takeover_).load(std::memory_order_relaxed) != 0;
+}
+
 void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
   if (TakenOver()) return;
   GF_Abstract_Module::Register(unitNumber);
@@ -137,7 +137,7 @@ void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
 
   GFDev_GFMCPPro_SetBrightness(unit, static_cast<std::uint16_t>(DisplayBrightnessLevel));
 
-  if (X737McpDirect != 0) {
+  if (CurrentHostFlags().x737McpDirect != 0) {
     SyncX737Switches(switches);
     return;
   }
@@ -178,7 +178,7 @@ std::int32_t GFMCPPro_Module::GetButton(const void* record, std::int32_t* value)
 
 void GFMCPPro_Module::HandleInput(std::int32_t control, std::int32_t value) {
   if (TakenOver()) return;
-  if (X737McpDirect != 0) {
+  if (CurrentHostFlags().x737McpDirect != 0) {
     HandleX737Input(control, value);
   } else {
     HandleOwnInput(control, value);
@@ -239,8 +239,8 @@ void GFMCPPro_Module::UpdateOutputs() {
 // back forgets what it sent, so that it sends everything again.
 bool GFMCPPro_Module::TrackTakeover() {
   std::int32_t& seen = CurrentModuleState().seenMcpProTakeover;
-  if (McpProDisabled != seen) {
-    seen = McpProDisabled;
+  if (*takeover_ != seen) {
+    seen = *takeover_;
     if (seen == 0) {
       lights_.Clear([](std::uint32_t) {});  // forgotten, not sent: the mask below goes out whole
       for (McpLastText& text : lastText) text[0] = '\0';
@@ -311,8 +311,8 @@ namespace {
 // Registered first, as the GF-MCP; the defaults follow the x737 mode at the time of loading.
 void LoadAssignments(GFMCPPro_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
-  AssignGroup(panel, unit, GFMCPProButtonKeys(X737Mode));
-  AssignGroup(panel, unit, GFMCPProKnobKeys(X737Mode));
+  AssignGroup(panel, unit, GFMCPProButtonKeys(CurrentHostFlags().x737Mode));
+  AssignGroup(panel, unit, GFMCPProKnobKeys(CurrentHostFlags().x737Mode));
   panel.SetDisplay();
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <mutex>
 
+#include "base/HostState.h"
 #include "functions/FunctionObjects.h"
 #include "modules/GF_Abstract_Module.h"
 #include "modules/McpDisplaySlot.h"
@@ -54,6 +55,8 @@ class GFMCPPro_Module : public GF_Abstract_Module {
   std::uint32_t LastIndicators() const { return lights_.LastSent(); }
 
  private:
+  bool TakenOver() const;
+  bool TakenOverSeenFromInputThread() const;
   void SyncX737Switches(std::uint32_t switches);
   void HandleX737Input(std::int32_t control, std::int32_t value);
   void HandleOwnInput(std::int32_t control, std::int32_t value);
@@ -64,6 +67,9 @@ class GFMCPPro_Module : public GF_Abstract_Module {
 
   // Owned by GetButton on the input thread; Register resets it on the main thread.
   std::uint32_t switchState_ = 0;
+  // The plug-in's take-over flag, taken when the module is made, so that the input thread need not
+  // look for it.
+  int* takeover_ = &CurrentHostFlags().mcpProDisabled;
   mutable std::mutex decodingLock_;
   LightMaskSender lights_;  // lastIndicators
 };

@@ -31,6 +31,9 @@ struct ModuleState {
   CommandTables commands;
   PowerDatarefs power;
   GearDatarefs gear;
+  // Whether the assignments of every model have been loaded from DRAV.INI since the start or the
+  // last aircraft load.
+  bool modulesInitialised = false;
   // The GF-MCPPro take-over flag as the modules last saw it: one value for every unit.
   std::int32_t seenMcpProTakeover = 0;
 };

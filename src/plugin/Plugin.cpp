@@ -98,7 +98,7 @@ void RescanPanels() {
   StartPanels();
   ReportUnitsFound();
   // Before the first refresh tick the assignments are not loaded yet; that tick loads them all.
-  if (ModulesInitialised == 1) {
+  if (CurrentModuleState().modulesInitialised) {
     LoadAllAssignments();
     TheModuleManager().RefreshAll();
   }
@@ -150,7 +150,7 @@ int PluginEnable() {
   RegisterFlightLoops();
   if (LoadOptionalXplmApi()) ResolveEngineAndAnnunciatorCommands();
   RegisterPluginCommands();
-  if (ModulesInitialised == 1) TheModuleManager().RefreshAll();
+  if (CurrentModuleState().modulesInitialised) TheModuleManager().RefreshAll();
   return 1;
 }
 
