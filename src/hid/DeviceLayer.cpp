@@ -135,14 +135,15 @@ bool AdvanceReturn(PendingReturn& returning) {
 }
 
 void AnnounceReturns() {
-  for (auto it = Run().returning.begin(); it != Run().returning.end();) {
+  DeviceLayerRun& run = Run();
+  for (auto it = run.returning.begin(); it != run.returning.end();) {
     if (!AdvanceReturn(*it)) {
       ++it;
       continue;
     }
     const DeviceObject& object = *it->object;
-    it = Run().returning.erase(it);
-    if (Run().unitReturnHandler != nullptr) Run().unitReturnHandler(object.ModuleType(), object.Unit());
+    it = run.returning.erase(it);
+    if (run.unitReturnHandler != nullptr) run.unitReturnHandler(object.ModuleType(), object.Unit());
   }
 }
 
@@ -162,7 +163,7 @@ std::string WhoIs(const DeviceObject::Identity& identity, const std::string& pat
 // without a memory.
 std::vector<std::string> RecallNumbers(const PanelModel& model) {
   std::vector<std::string> recalled;
-  if (Run().numberMemory != nullptr) recalled = Run().numberMemory->Recall(model.moduleType, model.slots);
+  if (UnitNumberMemory* memory = Run().numberMemory) recalled = memory->Recall(model.moduleType, model.slots);
   recalled.resize(static_cast<std::size_t>(model.slots));
   return recalled;
 }
@@ -191,19 +192,20 @@ std::int32_t ChooseSlot(const PanelModel& model, const std::vector<std::string>&
 // the second one is not remembered at all, so that the two do not take the memory from each other.
 void RememberNumber(const PanelModel& model, std::vector<std::string>& recalled, std::int32_t slot,
                     const std::string& who) {
-  if (Run().numberMemory == nullptr || who.empty()) return;
+  UnitNumberMemory* memory = Run().numberMemory;
+  if (memory == nullptr || who.empty()) return;
   const DeviceTables& tables = State().tables;
   for (std::int32_t number = 0; number < model.slots; ++number) {
     std::string& holder = recalled[static_cast<std::size_t>(number)];
     if (number == slot || holder != who) continue;
     const DeviceObject* there = tables.At(model.moduleType, number);
     if (there != nullptr && WhoIs(there->Who(), there->Path()) == who) return;
-    Run().numberMemory->Remember(model.moduleType, number, "");
+    memory->Remember(model.moduleType, number, "");
     holder.clear();
   }
   std::string& mine = recalled[static_cast<std::size_t>(slot)];
   if (mine == who) return;
-  Run().numberMemory->Remember(model.moduleType, slot, who);
+  memory->Remember(model.moduleType, slot, who);
   mine = who;
 }
 
@@ -370,26 +372,28 @@ std::int32_t GFDev_Start(void* /*instance*/) {
 }
 
 std::int32_t GFDev_Stop() {
-  if (Run().backend != nullptr) Run().backend->StopNotifications();
-  State().input.SetCallback(nullptr);
+  HidState& state = State();
+  if (state.run.backend != nullptr) state.run.backend->StopNotifications();
+  state.input.SetCallback(nullptr);
   // Every writer is told first, so that stalled units wait out their last write side by side and
   // the stop takes about one write timeout however many of them there are.
-  State().tables.ForEach([](DeviceObject& object) { object.RequestStop(); });
-  Run().returning.clear();
-  State().tables.DestroyAll();
-  State().input.ForgetRefused();
-  Run().backend = nullptr;
-  Run().changes.clear();
+  state.tables.ForEach([](DeviceObject& object) { object.RequestStop(); });
+  state.run.returning.clear();
+  state.tables.DestroyAll();
+  state.input.ForgetRefused();
+  state.run.backend = nullptr;
+  state.run.changes.clear();
   return kGFDevDone;
 }
 
 void GFDev_ProcessDeviceChanges() {
-  if (Run().backend == nullptr) return;
-  Run().changes.clear();
-  Run().backend->TakeDeviceChanges(Run().changes);
-  for (const HidDeviceChange& change : Run().changes) {
+  DeviceLayerRun& run = Run();
+  if (run.backend == nullptr) return;
+  run.changes.clear();
+  run.backend->TakeDeviceChanges(run.changes);
+  for (const HidDeviceChange& change : run.changes) {
     if (change.kind == HidDeviceChange::Kind::Arrival) {
-      HandleArrival(*Run().backend, change.path);
+      HandleArrival(*run.backend, change.path);
     } else {
       HandleRemoval(change.path);
     }
@@ -422,7 +426,8 @@ GFDevInputHold::GFDevInputHold() : input_(CurrentHidState().input) { input_.Hold
 GFDevInputHold::~GFDevInputHold() { input_.Release(); }
 
 bool GFDev_ReturnsSettled() {
-  return std::all_of(Run().returning.begin(), Run().returning.end(), [](const PendingReturn& unit) {
+  const std::vector<PendingReturn>& returning = Run().returning;
+  return std::all_of(returning.begin(), returning.end(), [](const PendingReturn& unit) {
     return !unit.object->HasHandle() || unit.object->InitialStateSettled();
   });
 }
