@@ -4,13 +4,8 @@
 #include <memory>
 #include <utility>
 
-#include "hid/DeviceObject.h"
 
 namespace dravsim {
-
-namespace {
-constexpr std::chrono::milliseconds kScenarioFeatureReadWait{1000};
-}  // namespace
 
 ScenarioResult& ScenarioResult::operator+=(const ScenarioResult& other) {
   passed += other.passed;
@@ -29,9 +24,6 @@ ScenarioContext::ScenarioContext(sim::SimHost& simHost, std::ostream& output, st
     hardware_ = options.uhid ? MakeUhidPanelHardware(hardwareError) : MakeVirtualPanelHardware();
   }
   hid = hardware_.get();
-  // A feature read that a unit's writer does for the main thread is given ample time here: on a
-  // loaded machine under a sanitizer an answering unit must never look stalled to a scenario.
-  drav::SetFeatureReadWait(kScenarioFeatureReadWait);
 }
 
 void ScenarioContext::BeginCommand(int line) {

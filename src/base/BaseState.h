@@ -3,10 +3,12 @@
 #pragma once
 
 #include "base/ContextSlot.h"
+#include "base/HostState.h"
 
 namespace drav {
 
 struct BaseState {
+  HostFlags host;
 };
 
 inline BaseState& CurrentBaseState() { return ContextSlot<BaseState>::Current(); }

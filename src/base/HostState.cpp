@@ -1,25 +1,19 @@
 #include "base/HostState.h"
 
+#include "base/BaseState.h"
+
 namespace drav {
 
 SimulatorVersions gSimulatorVersions;
-int ModulesInitialised = 0;
 int SplashTickCount = 0;
-int X737Mode = 0;
-int X737McpDirect = 0;
-int McpProDisabled = 0;
-int EfisDisabled = 0;
 XPLMDataRef gMetricPressDataref = nullptr;
 
 void ResetHostState() {
   gSimulatorVersions = {};
-  ModulesInitialised = 0;
   SplashTickCount = 0;
-  X737Mode = 0;
-  X737McpDirect = 0;
-  McpProDisabled = 0;
-  EfisDisabled = 0;
   gMetricPressDataref = nullptr;
 }
+
+HostFlags& CurrentHostFlags() { return CurrentBaseState().host; }
 
 }  // namespace drav

@@ -14,20 +14,25 @@ struct SimulatorVersions {
 
 extern SimulatorVersions gSimulatorVersions;
 
-// 1 once the assignments of every module type have been loaded from DRAV.INI.
-extern int ModulesInitialised;
 // Ticks of UpdateFlightLoop since the last enable, 0..6; the splash window closes on the seventh.
 extern int SplashTickCount;
 
-// Switched by the x737 aircraft's messages: its autopilot is driven through its own datarefs and
-// commands, and the GF-MCPPro gets x737 defaults.
-extern int X737Mode;
-extern int X737McpDirect;
+// The flags the plug-in is switched by while it runs, part of its state (BaseState): every start
+// begins with all of them off.
+struct HostFlags {
+  // Switched by the x737 aircraft's messages: its autopilot is driven through its own datarefs and
+  // commands, and the GF-MCPPro gets x737 defaults.
+  int x737Mode = 0;
+  int x737McpDirect = 0;
+  // Switched by other plug-ins through "merrow/drav/mcppro_disabled" and "merrow/drav/efis_disabled":
+  // non-zero leaves the GF-MCPPro (or GF-EFIS) to them. A panel's input thread reads its flag
+  // through a pointer its module took when it was made, never through the context.
+  int mcpProDisabled = 0;
+  int efisDisabled = 0;
+};
 
-// Switched by other plug-ins through "merrow/drav/mcppro_disabled" and "merrow/drav/efis_disabled":
-// non-zero leaves the GF-MCPPro (or GF-EFIS) to them.
-extern int McpProDisabled;
-extern int EfisDisabled;
+// The running plug-in's flags.
+HostFlags& CurrentHostFlags();
 
 // "sim/physics/metric_press", found once at start for the display formatting.
 extern XPLMDataRef gMetricPressDataref;

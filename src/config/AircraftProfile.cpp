@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+#include "config/ConfigState.h"
+
 namespace drav {
 namespace {
 
@@ -11,18 +13,7 @@ namespace {
 constexpr std::size_t kAircraftFileNameSize = 256;
 constexpr std::size_t kAircraftPathSize = 512;
 
-std::string gAircraftProfilePath;
-
-// A load reads a unit's keys one section after another: the last section's answer is kept until
-// the outermost load ends or a file is written.
-struct SectionMemo {
-  int loads = 0;
-  bool known = false;
-  unsigned writes = 0;  // IniWriteCount when it was learnt
-  std::string section;
-  ProfileFile file = ProfileFile::kAllAircraft;
-};
-SectionMemo gMemo;
+AircraftProfileState& State() { return CurrentConfigState().profile; }
 
 // Windows', macOS's classic and every other system's.
 bool IsSeparator(char c) { return c == '\\' || c == ':' || c == '/'; }
@@ -42,31 +33,32 @@ void RefreshAircraftProfile() {
   const std::string_view name(fileName);
   const bool inFolder = !name.empty() && aircraft.size() > name.size() && aircraft.ends_with(name) &&
                         IsSeparator(aircraft[aircraft.size() - name.size() - 1]);
-  gAircraftProfilePath = inFolder ? std::string(aircraft.substr(0, aircraft.size() - name.size())) + kConfigFileName
-                                  : std::string();
+  State().path = inFolder ? std::string(aircraft.substr(0, aircraft.size() - name.size())) + kConfigFileName
+                           : std::string();
 }
 
-const std::string& AircraftProfilePath() { return gAircraftProfilePath; }
+const std::string& AircraftProfilePath() { return State().path; }
 
 ProfileFile SectionProfile(const std::string& section) {
-  if (gAircraftProfilePath.empty()) return ProfileFile::kAllAircraft;
-  if (gMemo.loads > 0 && gMemo.known && gMemo.writes == IniWriteCount() && gMemo.section == section) {
-    return gMemo.file;
-  }
+  AircraftProfileState& profile = State();
+  if (profile.path.empty()) return ProfileFile::kAllAircraft;
+  AircraftProfileState::SectionMemo& memo = profile.memo;
+  if (memo.loads > 0 && memo.known && memo.writes == IniWriteCount() && memo.section == section) return memo.file;
   const ProfileFile file =
-      IniHasSection(gAircraftProfilePath, section.c_str()) ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
-  if (gMemo.loads > 0) gMemo = SectionMemo{gMemo.loads, true, IniWriteCount(), section, file};
+      IniHasSection(profile.path, section.c_str()) ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
+  if (memo.loads > 0) memo = AircraftProfileState::SectionMemo{memo.loads, true, IniWriteCount(), section, file};
   return file;
 }
 
 std::string ProfilePath(ProfileFile file) {
-  return file == ProfileFile::kThisAircraft ? gAircraftProfilePath : PluginFilePath(kConfigFileName);
+  return file == ProfileFile::kThisAircraft ? State().path : PluginFilePath(kConfigFileName);
 }
 
 void ReadProfileValueInto(const std::string& section, const char* key, const char* defaultValue, char* outValue) {
   const char* fallback = defaultValue != nullptr ? defaultValue : "";
   if (SectionProfile(section) == ProfileFile::kThisAircraft) {
-    ReadIniValueTraced(gAircraftProfilePath, gAircraftProfilePath.c_str(), section.c_str(), key, outValue, fallback);
+    const std::string& path = State().path;
+    ReadIniValueTraced(path, path.c_str(), section.c_str(), key, outValue, fallback);
   } else {
     ReadIniValue(kConfigFileName, section.c_str(), key, outValue, fallback);
   }
@@ -81,13 +73,14 @@ std::string ReadProfileValue(const std::string& section, const std::string& key,
 // The outermost one takes both indexes; the nested ones (a load opens one per type and per unit)
 // only count.
 ProfileReadSnapshot::ProfileReadSnapshot() {
-  if (gMemo.loads++ > 0) return;
+  AircraftProfileState& profile = State();
+  if (profile.memo.loads++ > 0) return;
   global_.emplace(kConfigFileName);
-  if (!gAircraftProfilePath.empty()) aircraft_.emplace(IniPath{gAircraftProfilePath});
+  if (!profile.path.empty()) aircraft_.emplace(IniPath{profile.path});
 }
 
 ProfileReadSnapshot::~ProfileReadSnapshot() {
-  if (--gMemo.loads == 0) gMemo.known = false;
+  if (--State().memo.loads == 0) State().memo.known = false;
 }
 
 }  // namespace drav

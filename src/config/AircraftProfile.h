@@ -12,6 +12,22 @@ namespace drav {
 
 enum class ProfileFile { kAllAircraft, kThisAircraft };
 
+// What the profiles keep between calls, from one plug-in start to its stop (ConfigState).
+struct AircraftProfileState {
+  // The aircraft's DRAV.INI, empty while X-Plane reports no aircraft.
+  std::string path;
+  // A load reads a unit's keys one section after another: the last section's answer is kept until
+  // the outermost load ends or a file is written.
+  struct SectionMemo {
+    int loads = 0;
+    bool known = false;
+    unsigned writes = 0;  // IniWriteCount when it was learnt
+    std::string section;
+    ProfileFile file = ProfileFile::kAllAircraft;
+  };
+  SectionMemo memo;
+};
+
 // Asks X-Plane which aircraft is the user's (XPLMGetNthAircraftModel(0)) and remembers its
 // folder's DRAV.INI. Called when an aircraft loads and before every full load.
 void RefreshAircraftProfile();

@@ -7,6 +7,7 @@
 #include "base/IniFile.h"
 #include "config/AircraftProfile.h"
 #include "config/AssignmentValues.h"
+#include "config/ConfigState.h"
 #include "functions/CustomBindings.h"
 #include "functions/FunctionCatalogue.h"
 #include "base/HostState.h"
@@ -24,9 +25,10 @@ static_assert(kGFDIOButton == 0 && kGFDIOSwitch2Way == 1 && kGFDIOSwitch3Way == 
 
 namespace {
 
-ModuleManager* gAssignmentManager = nullptr;  // nullptr: the plug-in's own
-
-ModuleManager& Manager() { return gAssignmentManager != nullptr ? *gAssignmentManager : TheModuleManager(); }
+ModuleManager& Manager() {
+  ModuleManager* chosen = CurrentConfigState().assignmentManager;
+  return chosen != nullptr ? *chosen : TheModuleManager();
+}
 
 // One unit's section, read for its model's load hook.
 class SectionAssignments final : public UnitAssignments {
@@ -126,7 +128,7 @@ void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool regi
 
 bool HasAssignmentLoader(std::uint32_t moduleType) { return FindLoader(moduleType) != nullptr; }
 
-void SetAssignmentModuleManager(ModuleManager* manager) { gAssignmentManager = manager; }
+void SetAssignmentModuleManager(ModuleManager* manager) { CurrentConfigState().assignmentManager = manager; }
 
 std::string AssignmentSection(std::uint32_t moduleType, std::uint32_t unit) {
   char section[32];

@@ -31,7 +31,7 @@ void LoadUnitAssignments(std::uint32_t moduleType, std::uint32_t unit, bool regi
 bool HasAssignmentLoader(std::uint32_t moduleType);
 
 // The modules that loading binds: the plug-in's own manager, or a test's (nullptr restores the
-// plug-in's own).
+// plug-in's own). A fresh plug-in start binds its own.
 void SetAssignmentModuleManager(ModuleManager* manager);
 
 // ---- reading one assignment ----------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "config/Assignments.h"
+#include "config/ConfigState.h"
 #include "base/IniFile.h"
 
 namespace drav {
@@ -46,9 +47,6 @@ void IniUnitNumberMemory::Remember(std::uint32_t moduleType, std::int32_t unit, 
   WriteIniValue(kConfigFileName, kUnitNumbersSection, key.c_str(), who.c_str());
 }
 
-IniUnitNumberMemory& TheUnitNumberMemory() {
-  static IniUnitNumberMemory memory;
-  return memory;
-}
+IniUnitNumberMemory& TheUnitNumberMemory() { return CurrentConfigState().unitNumbers; }
 
 }  // namespace drav

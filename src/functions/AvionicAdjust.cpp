@@ -135,7 +135,7 @@ AdjustPlan AltitudePlan(AvionicFunction& function, std::uint32_t) {
 }
 
 AdjustPlan VerticalSpeedPlan(AvionicFunction&, std::uint32_t) {
-  return Whole(Inner(VerticalSpeed(X737Mode ? 50 : 100)));
+  return Whole(Inner(VerticalSpeed(CurrentHostFlags().x737Mode ? 50 : 100)));
 }
 
 // The RP48 and EFIS turn the whole height in tens of feet; every other panel turns the units

@@ -89,7 +89,7 @@ bool BuildFromCommandTable(FunctionId id, SwitchFunction& record) {
 }
 
 bool BuildAutopilotVariant(const AutopilotBindingRow& row, SwitchFunction& record) {
-  const AutopilotVariant& variant = X737Mode != 0 ? row.withX737 : row.withoutX737;
+  const AutopilotVariant& variant = CurrentHostFlags().x737Mode != 0 ? row.withX737 : row.withoutX737;
   switch (variant.build) {
     case AutopilotBuild::kNothing:
       return false;

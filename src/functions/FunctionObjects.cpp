@@ -201,7 +201,7 @@ const char* ApplyAvionicEquivalent(AvionicFunction& object, const char* path) {
 AvionicFunction* BuildSharedAvionic(const AvionicFunctionRow& row) {
   AvionicFunction* object = SharedAvionicFunction(row.id);
   if (object == nullptr) return nullptr;
-  const bool x737 = X737Mode != 0;
+  const bool x737 = CurrentHostFlags().x737Mode != 0;
   const char* path = x737 && row.x737Path != nullptr ? row.x737Path : row.path;
   const char* auxPath = x737 ? row.auxX737Path : row.auxPath;
   // The companion first: the speed display reads it to choose between knots and Mach.

@@ -26,7 +26,7 @@
 #include "hid/DeviceObject.h"
 #include "hid/DeviceTables.h"
 #include "hid/GFDev.h"
-#include "hid/InputCallbackGate.h"
+#include "hid/HidState.h"
 #include "hid/ModelTable.h"
 #include "hid/backend/HidBackend.h"
 #include "base/Log.h"
@@ -35,28 +35,10 @@ namespace drav {
 
 namespace {
 
-// Holds the gate for a scope.
-class GateHold {
- public:
-  explicit GateHold(InputCallbackGate& gate) : gate_(gate) { gate_.Enter(); }
-  ~GateHold() { gate_.Leave(); }
-  GateHold(const GateHold&) = delete;
-  GateHold& operator=(const GateHold&) = delete;
-
- private:
-  InputCallbackGate& gate_;
-};
-
-InputCallbackGate gInputCallbackGate;
-// Some unit's newest input was refused by the callback and waits to be handed over again.
-std::atomic<bool> gInputRefused{false};
-std::atomic<GFDevInputCallback> gInputCallback{nullptr};
 constexpr std::chrono::milliseconds kInputCallbackWait{1000};
 
-// The backend the running layer's objects were made with (null while stopped), and the notices
-// buffer, kept between frames so that asking every frame allocates nothing.
-HidBackend* gBackend = nullptr;
-std::vector<HidDeviceChange> gChanges;
+HidState& State() { return CurrentHidState(); }
+DeviceLayerRun& Run() { return State().run; }
 
 // A panel the system would not let us open is told in the simulator's log, with the reason; any
 // other vendor's device is none of the pilot's business.
@@ -96,7 +78,7 @@ DeviceObject* ReturningUnit(const Arrival& arrival, const std::string& path) {
   DeviceObject* bySerial = nullptr;
   DeviceObject* byLocation = nullptr;
   DeviceObject* byPath = nullptr;
-  TheDeviceTables().ForEach([&](DeviceObject& object) {
+  State().tables.ForEach([&](DeviceObject& object) {
     if (object.Present() || object.ModuleType() != arrival.model->moduleType) return;
     const DeviceObject::Identity& known = object.Who();
     if (bySerial == nullptr && !arrival.identity.serial.empty() && known.serial == arrival.identity.serial) {
@@ -117,7 +99,7 @@ DeviceObject* ReturningUnit(const Arrival& arrival, const std::string& path) {
 // The unit the layer holds as present at a path (a path may also be remembered by absent units).
 DeviceObject* PresentUnitAt(const std::string& path) {
   DeviceObject* found = nullptr;
-  TheDeviceTables().ForEach([&](DeviceObject& object) {
+  State().tables.ForEach([&](DeviceObject& object) {
     if (found == nullptr && object.Present() && DevicePathsEqual(object.Path(), path)) found = &object;
   });
   return found;
@@ -128,21 +110,16 @@ DeviceObject* PresentUnitAt(const std::string& path) {
 // from where its switches really are. One that cannot be opened at its return (still settling, or
 // held by another program) is tried again every kReopenFrames calls until it opens or leaves.
 constexpr int kReopenFrames = 15;
-struct PendingReturn {
-  DeviceObject* object;
-  int framesToReopen;
-};
-std::vector<PendingReturn> gReturning;
-GFDevUnitReturnHandler gUnitReturnHandler = nullptr;
+using PendingReturn = DeviceLayerRun::PendingReturn;
 
 void ForgetReturn(const DeviceObject& object) {
-  std::erase_if(gReturning, [&](const PendingReturn& unit) { return unit.object == &object; });
+  std::erase_if(Run().returning, [&](const PendingReturn& unit) { return unit.object == &object; });
 }
 
 void Rejoin(DeviceObject& object) {
   object.SetPresent(object.Reopen());
   ForgetReturn(object);
-  gReturning.push_back({&object, kReopenFrames});
+  Run().returning.push_back({&object, kReopenFrames});
 }
 
 // True when the unit is open again and ready to be announced.
@@ -158,14 +135,15 @@ bool AdvanceReturn(PendingReturn& returning) {
 }
 
 void AnnounceReturns() {
-  for (auto it = gReturning.begin(); it != gReturning.end();) {
+  DeviceLayerRun& run = Run();
+  for (auto it = run.returning.begin(); it != run.returning.end();) {
     if (!AdvanceReturn(*it)) {
       ++it;
       continue;
     }
     const DeviceObject& object = *it->object;
-    it = gReturning.erase(it);
-    if (gUnitReturnHandler != nullptr) gUnitReturnHandler(object.ModuleType(), object.Unit());
+    it = run.returning.erase(it);
+    if (run.unitReturnHandler != nullptr) run.unitReturnHandler(object.ModuleType(), object.Unit());
   }
 }
 
@@ -177,8 +155,6 @@ void TakeAway(DeviceObject& object) {
 
 // ---- numbers that stay -----------------------------------------------------------------------------
 
-UnitNumberMemory* gNumberMemory = nullptr;
-
 std::string WhoIs(const DeviceObject::Identity& identity, const std::string& path) {
   return GFDev_RememberedIdentity(identity.serial, identity.location, path);
 }
@@ -187,7 +163,7 @@ std::string WhoIs(const DeviceObject::Identity& identity, const std::string& pat
 // without a memory.
 std::vector<std::string> RecallNumbers(const PanelModel& model) {
   std::vector<std::string> recalled;
-  if (gNumberMemory != nullptr) recalled = gNumberMemory->Recall(model.moduleType, model.slots);
+  if (UnitNumberMemory* memory = Run().numberMemory) recalled = memory->Recall(model.moduleType, model.slots);
   recalled.resize(static_cast<std::size_t>(model.slots));
   return recalled;
 }
@@ -202,7 +178,7 @@ std::int32_t RecalledNumber(const std::vector<std::string>& recalled, const std:
 // not kept for a remembered unit; and only when there is none, the first empty slot at all (the
 // absent unit it was kept for loses it). -1 when the table is full.
 std::int32_t ChooseSlot(const PanelModel& model, const std::vector<std::string>& recalled, const std::string& who) {
-  const DeviceTables& tables = TheDeviceTables();
+  const DeviceTables& tables = State().tables;
   const std::int32_t remembered = RecalledNumber(recalled, who);
   if (remembered >= 0 && tables.At(model.moduleType, remembered) == nullptr) return remembered;
   for (std::int32_t slot = 0; slot < model.slots; ++slot) {
@@ -216,19 +192,20 @@ std::int32_t ChooseSlot(const PanelModel& model, const std::vector<std::string>&
 // the second one is not remembered at all, so that the two do not take the memory from each other.
 void RememberNumber(const PanelModel& model, std::vector<std::string>& recalled, std::int32_t slot,
                     const std::string& who) {
-  if (gNumberMemory == nullptr || who.empty()) return;
-  const DeviceTables& tables = TheDeviceTables();
+  UnitNumberMemory* memory = Run().numberMemory;
+  if (memory == nullptr || who.empty()) return;
+  const DeviceTables& tables = State().tables;
   for (std::int32_t number = 0; number < model.slots; ++number) {
     std::string& holder = recalled[static_cast<std::size_t>(number)];
     if (number == slot || holder != who) continue;
     const DeviceObject* there = tables.At(model.moduleType, number);
     if (there != nullptr && WhoIs(there->Who(), there->Path()) == who) return;
-    gNumberMemory->Remember(model.moduleType, number, "");
+    memory->Remember(model.moduleType, number, "");
     holder.clear();
   }
   std::string& mine = recalled[static_cast<std::size_t>(slot)];
   if (mine == who) return;
-  gNumberMemory->Remember(model.moduleType, slot, who);
+  memory->Remember(model.moduleType, slot, who);
   mine = who;
 }
 
@@ -238,10 +215,10 @@ void RememberNumber(const PanelModel& model, std::vector<std::string>& recalled,
 DeviceObject* AddUnit(HidBackend& backend, const PanelModel& model, const std::string& path,
                       DeviceObject::Identity identity, DeviceObject::InitialRead initialRead, std::int32_t slot) {
   const DeviceClass& deviceClass = model.deviceClass;
-  DeviceTables& tables = TheDeviceTables();
+  DeviceTables& tables = State().tables;
   if (slot < 0) return nullptr;
 
-  auto object = std::make_unique<DeviceObject>(deviceClass, backend, path);
+  auto object = std::make_unique<DeviceObject>(deviceClass, backend, State().input, path);
   object->SetWho(std::move(identity));
   if (!deviceClass.openedAfterEntry) object->Open(initialRead);
   DeviceObject* placed = tables.Place(model.moduleType, slot, std::move(object));
@@ -279,7 +256,7 @@ void DiscoverUnits(HidBackend& backend, const std::vector<std::string>& paths) {
   for (std::size_t i = 0; i < found.size(); ++i) {
     const PanelModel& model = *found[i].arrival.model;
     const std::int32_t slot = RecalledNumber(recalledOf(model), found[i].who);
-    if (slot < 0 || TheDeviceTables().At(model.moduleType, slot) != nullptr) continue;
+    if (slot < 0 || State().tables.At(model.moduleType, slot) != nullptr) continue;
     AddUnit(backend, model, found[i].path, found[i].arrival.identity, DeviceObject::InitialRead::Now, slot);
     placed[i] = true;
   }
@@ -304,13 +281,13 @@ void AddNewcomer(HidBackend& backend, const std::string& path, Arrival arrival) 
                                 DeviceObject::InitialRead::OnReadThread, slot);
   if (added == nullptr) return;
   RememberNumber(model, recalled, slot, who);
-  gReturning.push_back({added, kReopenFrames});
+  Run().returning.push_back({added, kReopenFrames});
 }
 
 // A unit that came back keeps its number; the memory follows it if it was edited meanwhile.
 void RememberReturn(const DeviceObject& object) {
   const PanelModel* model = FindPanelModel(object.ModuleType());
-  if (gNumberMemory == nullptr || model == nullptr) return;
+  if (Run().numberMemory == nullptr || model == nullptr) return;
   std::vector<std::string> recalled = RecallNumbers(*model);
   RememberNumber(*model, recalled, object.Unit(), WhoIs(object.Who(), object.Path()));
 }
@@ -326,7 +303,7 @@ void HandleArrival(HidBackend& backend, const std::string& path) {
   if (!arrival) {
     // Nobody to ask (the device cannot be opened now): a unit known here is tried again until it
     // opens or leaves.
-    if (std::optional<DeviceTables::Location> known = TheDeviceTables().FindByPath(path)) Rejoin(*known->object);
+    if (std::optional<DeviceTables::Location> known = State().tables.FindByPath(path)) Rejoin(*known->object);
     return;
   }
   if (stale != nullptr) {
@@ -357,7 +334,7 @@ void HandleRemoval(const std::string& path) {
     TakeAway(*present);
     return;
   }
-  std::erase_if(gReturning, [&](const PendingReturn& returning) {
+  std::erase_if(Run().returning, [&](const PendingReturn& returning) {
     return !returning.object->Present() && DevicePathsEqual(returning.object->Path(), path);
   });
 }
@@ -369,7 +346,7 @@ std::int32_t CheckInfoUnit(std::uint32_t moduleType, std::int32_t unit, DeviceOb
   const PanelModel* model = FindPanelModel(moduleType);
   if (model == nullptr) return kGFDevDone;
   if (unit < 0 || unit >= model->slots) return kGFDevUnitOutOfRange;
-  object = TheDeviceTables().At(moduleType, unit);
+  object = State().tables.At(moduleType, unit);
   return object == nullptr ? kGFDevNoDevice : kGFDevDone;
 }
 
@@ -381,17 +358,12 @@ void CopyBounded(char* out, std::size_t capacity, const std::string& text) {
 
 }  // namespace
 
-DeviceTables& TheDeviceTables() {
-  // GFDev_Stop empties the tables on disable, so by the time the plug-in is unloaded (and this
-  // object destroyed) they hold nothing; an object that is never freed would leak at every unload.
-  static DeviceTables tables;
-  return tables;
-}
+DeviceTables& TheDeviceTables() { return CurrentHidState().tables; }
 
 std::int32_t GFDev_Start(void* /*instance*/) {
   GFDev_Stop();
   HidBackend& backend = ActiveHidBackend();
-  gBackend = &backend;
+  Run().backend = &backend;
   // Arrivals and removals come through the backend on every platform, so hot-plug does not depend
   // on having a window to receive them.
   backend.StartNotifications();
@@ -400,29 +372,28 @@ std::int32_t GFDev_Start(void* /*instance*/) {
 }
 
 std::int32_t GFDev_Stop() {
-  if (gBackend != nullptr) gBackend->StopNotifications();
-  {
-    GateHold hold(gInputCallbackGate);
-    gInputCallback.store(nullptr);
-  }
+  HidState& state = State();
+  if (state.run.backend != nullptr) state.run.backend->StopNotifications();
+  state.input.SetCallback(nullptr);
   // Every writer is told first, so that stalled units wait out their last write side by side and
   // the stop takes about one write timeout however many of them there are.
-  TheDeviceTables().ForEach([](DeviceObject& object) { object.RequestStop(); });
-  gReturning.clear();
-  TheDeviceTables().DestroyAll();
-  gInputRefused.store(false);
-  gBackend = nullptr;
-  gChanges.clear();
+  state.tables.ForEach([](DeviceObject& object) { object.RequestStop(); });
+  state.run.returning.clear();
+  state.tables.DestroyAll();
+  state.input.ForgetRefused();
+  state.run.backend = nullptr;
+  state.run.changes.clear();
   return kGFDevDone;
 }
 
 void GFDev_ProcessDeviceChanges() {
-  if (gBackend == nullptr) return;
-  gChanges.clear();
-  gBackend->TakeDeviceChanges(gChanges);
-  for (const HidDeviceChange& change : gChanges) {
+  DeviceLayerRun& run = Run();
+  if (run.backend == nullptr) return;
+  run.changes.clear();
+  run.backend->TakeDeviceChanges(run.changes);
+  for (const HidDeviceChange& change : run.changes) {
     if (change.kind == HidDeviceChange::Kind::Arrival) {
-      HandleArrival(*gBackend, change.path);
+      HandleArrival(*run.backend, change.path);
     } else {
       HandleRemoval(change.path);
     }
@@ -430,9 +401,9 @@ void GFDev_ProcessDeviceChanges() {
   AnnounceReturns();
 }
 
-void GFDev_SetUnitReturnHandler(GFDevUnitReturnHandler handler) { gUnitReturnHandler = handler; }
+void GFDev_SetUnitReturnHandler(GFDevUnitReturnHandler handler) { Run().unitReturnHandler = handler; }
 
-void GFDev_SetUnitNumberMemory(UnitNumberMemory* memory) { gNumberMemory = memory; }
+void GFDev_SetUnitNumberMemory(UnitNumberMemory* memory) { Run().numberMemory = memory; }
 
 std::string GFDev_RememberedIdentity(const std::string& serial, const std::string& location, const std::string& path) {
   // Blanks around a serial are not seen in DRAV.INI, so they do not count.
@@ -443,7 +414,7 @@ std::string GFDev_RememberedIdentity(const std::string& serial, const std::strin
 }
 
 std::int32_t GFDev_UnitSpan(std::uint32_t moduleType) {
-  const DeviceTables& tables = TheDeviceTables();
+  const DeviceTables& tables = State().tables;
   for (std::int32_t unit = tables.Slots(moduleType) - 1; unit >= 0; --unit) {
     const DeviceObject* object = tables.At(moduleType, unit);
     if (object != nullptr && object->Present()) return unit + 1;
@@ -451,29 +422,59 @@ std::int32_t GFDev_UnitSpan(std::uint32_t moduleType) {
   return 0;
 }
 
-GFDevInputHold::GFDevInputHold() { gInputCallbackGate.Enter(); }
-GFDevInputHold::~GFDevInputHold() { gInputCallbackGate.Leave(); }
+GFDevInputHold::GFDevInputHold() : input_(CurrentHidState().input) { input_.Hold(); }
+GFDevInputHold::~GFDevInputHold() { input_.Release(); }
 
 bool GFDev_ReturnsSettled() {
-  return std::all_of(gReturning.begin(), gReturning.end(), [](const PendingReturn& unit) {
+  const std::vector<PendingReturn>& returning = Run().returning;
+  return std::all_of(returning.begin(), returning.end(), [](const PendingReturn& unit) {
     return !unit.object->HasHandle() || unit.object->InitialStateSettled();
   });
 }
 
+void InputDelivery::SetCallback(GFDevInputCallback callback) {
+  Hold();
+  receiver_.store(nullptr);
+  callback_.store(callback);
+  Release();
+}
+
+void InputDelivery::SetReceiver(InputReceiver* receiver) {
+  Hold();
+  callback_.store(nullptr);
+  receiver_.store(receiver);
+  Release();
+}
+
+void InputDelivery::Forget(const InputReceiver& receiver) {
+  Hold();
+  if (receiver_.load() == &receiver) receiver_.store(nullptr);
+  Release();
+}
+
+bool InputDelivery::DeliverWithin(std::uint32_t moduleType, std::uint16_t unit, const void* record,
+                                  std::chrono::milliseconds wait) {
+  if (!gate_.TryEnterFor(wait)) return false;
+  int answer = 1;
+  if (InputReceiver* receiver = receiver_.load()) {
+    answer = receiver->Receive(moduleType, unit, record);
+  } else if (GFDevInputCallback callback = callback_.load()) {
+    answer = callback(moduleType, unit, record);
+  }
+  const bool taken = answer != kGFDevInputRefused;
+  gate_.Leave();
+  return taken;
+}
+
 std::int32_t GFDev_RegisterInputCallback(GFDevInputCallback callback) {
   if (callback == nullptr) return 0;
-  GateHold hold(gInputCallbackGate);
-  gInputCallback.store(callback);
+  State().input.SetCallback(callback);
   return 1;
 }
 
 bool GFDev_DeliverInputWithin(std::uint32_t moduleType, std::uint16_t unit, const void* record,
                               std::chrono::milliseconds wait) {
-  if (!gInputCallbackGate.TryEnterFor(wait)) return false;
-  bool taken = true;
-  if (GFDevInputCallback callback = gInputCallback.load()) taken = callback(moduleType, unit, record) != kGFDevInputRefused;
-  gInputCallbackGate.Leave();
-  return taken;
+  return State().input.DeliverWithin(moduleType, unit, record, wait);
 }
 
 bool GFDev_DeliverInput(std::uint32_t moduleType, std::uint16_t unit, const void* record) {
@@ -481,20 +482,19 @@ bool GFDev_DeliverInput(std::uint32_t moduleType, std::uint16_t unit, const void
 }
 
 void GFDev_RedeliverRefusedInput() {
-  if (!gInputRefused.exchange(false)) return;
+  InputDelivery& input = State().input;
+  if (!input.TakeRefused()) return;
   bool stillRefused = false;
-  TheDeviceTables().ForEach([&](DeviceObject& object) {
+  State().tables.ForEach([&](DeviceObject& object) {
     if (!object.RedeliverRefusedInput()) stillRefused = true;
   });
-  if (stillRefused) gInputRefused.store(true);
+  if (stillRefused) input.NoteRefused();
 }
-
-void GFDev_NoteInputRefused() { gInputRefused.store(true); }
 
 std::int32_t GFDev_FindUnitByPath(std::uint32_t moduleType, const char* path, std::int32_t* unit) {
   if (unit != nullptr) *unit = -1;
   if (path == nullptr || FindPanelModel(moduleType) == nullptr) return kGFDevNoDevice;
-  const std::int32_t found = TheDeviceTables().FindUnitByPath(moduleType, path);
+  const std::int32_t found = State().tables.FindUnitByPath(moduleType, path);
   if (found < 0) return kGFDevNoDevice;
   if (unit != nullptr) *unit = found;
   return kGFDevDone;
@@ -523,10 +523,10 @@ std::int32_t GFDev_GetDeviceInfoEx(std::uint32_t moduleType, std::int32_t unit, 
   return kGFDevDone;
 }
 
-std::int32_t GFDev_PresentUnitCount(std::uint32_t moduleType) { return TheDeviceTables().PresentCount(moduleType); }
+std::int32_t GFDev_PresentUnitCount(std::uint32_t moduleType) { return State().tables.PresentCount(moduleType); }
 
 std::string GFDev_UnitPath(std::uint32_t moduleType, std::int32_t unit) {
-  const DeviceObject* object = TheDeviceTables().At(moduleType, unit);
+  const DeviceObject* object = State().tables.At(moduleType, unit);
   return object == nullptr ? std::string() : object->Path();
 }
 
@@ -536,7 +536,7 @@ bool GFDev_UnitPresentAt(std::uint32_t moduleType, const std::string& path) {
 }
 
 std::uint64_t GFDev_InputReportsHandled(std::uint32_t moduleType, std::int32_t unit) {
-  const DeviceObject* object = TheDeviceTables().At(moduleType, unit);
+  const DeviceObject* object = State().tables.At(moduleType, unit);
   return object == nullptr ? 0 : object->InputReportsHandled();
 }
 
@@ -547,7 +547,7 @@ bool GFDev_WaitForOutputIdle(std::chrono::milliseconds timeout) {
 bool GFDev_WaitForOutputIdleExcept(std::span<const std::string> stalledPaths, std::chrono::milliseconds timeout) {
   const auto deadline = std::chrono::steady_clock::now() + timeout;
   bool idle = true;
-  TheDeviceTables().ForEach([&](DeviceObject& object) {
+  State().tables.ForEach([&](DeviceObject& object) {
     if (!idle || std::find(stalledPaths.begin(), stalledPaths.end(), object.Path()) != stalledPaths.end()) return;
     if (!object.WaitForOutputIdle(deadline)) idle = false;
   });
@@ -555,7 +555,7 @@ bool GFDev_WaitForOutputIdleExcept(std::span<const std::string> stalledPaths, st
 }
 
 std::size_t GFDev_QueuedOutputReports(std::uint32_t moduleType, std::int32_t unit) {
-  const DeviceObject* object = TheDeviceTables().At(moduleType, unit);
+  const DeviceObject* object = State().tables.At(moduleType, unit);
   return object == nullptr ? 0 : object->QueuedReports();
 }
 

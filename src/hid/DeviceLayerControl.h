@@ -12,6 +12,8 @@
 
 namespace drav {
 
+class InputDelivery;
+
 // Main thread: handles the arrivals and removals the backend noticed since the last call (on
 // Windows the notification window does this while the simulator pumps its messages; elsewhere the
 // plug-in calls it every frame). Does nothing while the layer is stopped.
@@ -57,14 +59,15 @@ class GFDevInputHold {
   ~GFDevInputHold();
   GFDevInputHold(const GFDevInputHold&) = delete;
   GFDevInputHold& operator=(const GFDevInputHold&) = delete;
+
+ private:
+  InputDelivery& input_;
 };
 
 // Main thread, every frame: hands the newest input state of every unit whose input the callback
 // refused (its queue was full) to the callback again, without waiting for the input mutex (a unit
 // that is delivering right now is tried at the next call). Cheap when nothing was refused.
 void GFDev_RedeliverRefusedInput();
-// Read threads: a unit's input was refused (DeviceObject.cpp).
-void GFDev_NoteInputRefused();
 // GFDev_DeliverInput with its own wait for the input mutex.
 bool GFDev_DeliverInputWithin(std::uint32_t moduleType, std::uint16_t unit, const void* record,
                               std::chrono::milliseconds wait);

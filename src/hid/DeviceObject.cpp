@@ -5,6 +5,7 @@
 
 #include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
+#include "hid/HidState.h"
 #include "hid/ReportEncoders.h"
 
 namespace drav {
@@ -49,12 +50,10 @@ std::string StoredPath(std::string_view path) {
   return upper;
 }
 
-std::atomic<std::int64_t> gFeatureReadWaitMs{3};
-
 }  // namespace
 
-std::chrono::milliseconds FeatureReadWait() { return std::chrono::milliseconds(gFeatureReadWaitMs.load()); }
-void SetFeatureReadWait(std::chrono::milliseconds wait) { gFeatureReadWaitMs.store(wait.count()); }
+std::chrono::milliseconds FeatureReadWait() { return CurrentHidState().featureReadWait; }
+void SetFeatureReadWait(std::chrono::milliseconds wait) { CurrentHidState().featureReadWait = wait; }
 
 std::optional<std::string> NormaliseDevicePath(std::string_view path) {
   if (path.empty() || path.size() > kMaxDevicePathLength) return std::nullopt;
@@ -63,9 +62,11 @@ std::optional<std::string> NormaliseDevicePath(std::string_view path) {
   return upper;
 }
 
-DeviceObject::DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, std::string_view path)
+DeviceObject::DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, InputDelivery& input,
+                           std::string_view path)
     : class_(deviceClass),
       backend_(backend),
+      input_(input),
       openPath_(path),
       path_(StoredPath(path)),
       queue_(deviceClass.queueCapacity, deviceClass.reportKeyLength) {}
@@ -201,10 +202,9 @@ void DeviceObject::DecodeAndDeliver(StateDecoder decode, const std::uint8_t* rep
 }
 
 bool DeviceObject::Deliver(const LastInputState& record, std::chrono::milliseconds wait) {
-  const bool taken =
-      GFDev_DeliverInputWithin(class_.moduleType, static_cast<std::uint16_t>(unit_.load()), record.bytes.data(), wait);
+  const bool taken = input_.DeliverWithin(class_.moduleType, static_cast<std::uint16_t>(unit_.load()), record.bytes.data(), wait);
   inputRefused_.store(!taken);
-  if (!taken) GFDev_NoteInputRefused();
+  if (!taken) input_.NoteRefused();
   return taken;
 }
 
@@ -334,6 +334,9 @@ std::int32_t DeviceObject::SetDIOOutputs(const std::array<std::uint8_t, 4>& outp
 // ---- waking the writers of a run of reports once -------------------------------------------------
 
 namespace {
+// The batch open on this thread, if any. Not the plug-in's state but a thread's scratch: it points
+// at a batch on that thread's stack for as long as the batch's scope lasts and is null outside it,
+// so nothing of it outlives a frame, and each thread (the main one, a test's) has its own.
 thread_local WriterWakeBatch* tOpenBatch = nullptr;
 }  // namespace
 

@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "hid/DeviceClasses.h"
+#include "hid/InputDelivery.h"
 #include "hid/ReportQueue.h"
 #include "hid/WriterWakeBatch.h"
 #include "hid/backend/HidBackend.h"
@@ -41,15 +42,17 @@ inline constexpr std::int32_t kUnassignedUnit = -99;
 
 // How long the main thread waits for a feature read that a unit's write thread does for it; far
 // below a frame. dravsim and the tests may raise it, where a loaded machine must not make an
-// ordinary read look stalled.
+// ordinary read look stalled. A setting of the running layer's state: a plug-in start begins from
+// the short wait.
 std::chrono::milliseconds FeatureReadWait();
 void SetFeatureReadWait(std::chrono::milliseconds wait);
 
 class DeviceObject {
  public:
   // Keeps the path as given (to open it) and upper-cased (to report and compare it); opens nothing.
-  // The backend must outlive the object.
-  DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, std::string_view path);
+  // The backend and the input delivery (which its read thread hands the unit's records to) must
+  // outlive the object.
+  DeviceObject(const DeviceClass& deviceClass, HidBackend& backend, InputDelivery& input, std::string_view path);
   ~DeviceObject();  // Close
 
   DeviceObject(const DeviceObject&) = delete;
@@ -190,6 +193,7 @@ class DeviceObject {
 
   const DeviceClass& class_;
   HidBackend& backend_;
+  InputDelivery& input_;
   std::string openPath_;
   std::string path_;
   Identity identity_;

@@ -1,12 +1,10 @@
 #include "modules/CommandTables.h"
 
 #include "base/OptionalXplmApi.h"
+#include "modules/ModuleState.h"
 
 namespace drav {
 
-std::array<CommandPair, kEngineStartCommandCount> EngineStartCommands;
-std::array<XPLMCommandRef, kAnnunciatorCommandCount> AnnunciatorCommands;
-std::array<CommandTriple, kX737McpCommandCount> X737McpCommands;
 
 const std::array<CommandPairNames, kEngineStartCommandCount> kEngineStartCommandNames = {{
     {"sim/starters/engage_starter_1", "sim/starters/engage_starter_1"},
@@ -55,32 +53,34 @@ const std::array<CommandTripleNames, kX737McpCommandCount> kX737McpCommandNames 
     {"x737/mcp/TOGA_ON", "x737/mcp/TOGA_OFF", "x737/mcp/TOGA_TOGGLE"},
 }};
 
+namespace {
+CommandTables& Tables() { return CurrentModuleState().commands; }
+}  // namespace
+
+const CommandTables& TheCommandTables() { return Tables(); }
+
 void ResolveEngineAndAnnunciatorCommands() {
+  CommandTables& tables = Tables();
   for (int row = 0; row < kEngineStartCommandCount; ++row) {
-    EngineStartCommands[row].press = FindOptionalCommand(kEngineStartCommandNames[row].press);
-    EngineStartCommands[row].release = FindOptionalCommand(kEngineStartCommandNames[row].release);
+    tables.engineStart[row].press = FindOptionalCommand(kEngineStartCommandNames[row].press);
+    tables.engineStart[row].release = FindOptionalCommand(kEngineStartCommandNames[row].release);
   }
   for (int row = 0; row < kAnnunciatorCommandCount; ++row) {
-    AnnunciatorCommands[row] = FindOptionalCommand(kAnnunciatorCommandNames[row]);
+    tables.annunciators[row] = FindOptionalCommand(kAnnunciatorCommandNames[row]);
   }
 }
 
 void ResolveX737McpCommands() {
+  CommandTables& tables = Tables();
   for (int row = 0; row < kX737McpCommandCount; ++row) {
-    X737McpCommands[row].on = FindOptionalCommand(kX737McpCommandNames[row].on);
+    tables.x737Mcp[row].on = FindOptionalCommand(kX737McpCommandNames[row].on);
   }
   for (int row = 0; row < kX737McpCommandCount; ++row) {
-    X737McpCommands[row].off = FindOptionalCommand(kX737McpCommandNames[row].off);
+    tables.x737Mcp[row].off = FindOptionalCommand(kX737McpCommandNames[row].off);
   }
   for (int row = 0; row < kX737McpCommandCount; ++row) {
-    X737McpCommands[row].toggle = FindOptionalCommand(kX737McpCommandNames[row].toggle);
+    tables.x737Mcp[row].toggle = FindOptionalCommand(kX737McpCommandNames[row].toggle);
   }
-}
-
-void ClearCommandTables() {
-  EngineStartCommands = {};
-  AnnunciatorCommands = {};
-  X737McpCommands = {};
 }
 
 }  // namespace drav

@@ -23,12 +23,18 @@ inline constexpr int kEngineStartCommandCount = 14;
 inline constexpr int kAnnunciatorCommandCount = 3;
 inline constexpr int kX737McpCommandCount = 20;
 
-// GF-MESM starters, igniters, magnetos and mixture (press and release).
-extern std::array<CommandPair, kEngineStartCommandCount> EngineStartCommands;
-// GF-WCP: clear master warning, clear master caution, clear master accept.
-extern std::array<XPLMCommandRef, kAnnunciatorCommandCount> AnnunciatorCommands;
-// GF-MCPPro in x737 mode: the aircraft's MCP buttons (on, off, toggle).
-extern std::array<CommandTriple, kX737McpCommandCount> X737McpCommands;
+// The handles, looked up afresh by every plug-in start (ModuleState); main thread only.
+struct CommandTables {
+  // GF-MESM starters, igniters, magnetos and mixture (press and release).
+  std::array<CommandPair, kEngineStartCommandCount> engineStart{};
+  // GF-WCP: clear master warning, clear master caution, clear master accept.
+  std::array<XPLMCommandRef, kAnnunciatorCommandCount> annunciators{};
+  // GF-MCPPro in x737 mode: the aircraft's MCP buttons (on, off, toggle).
+  std::array<CommandTriple, kX737McpCommandCount> x737Mcp{};
+};
+
+// The running plug-in's tables.
+const CommandTables& TheCommandTables();
 
 // The names, for the resolvers and the tests.
 struct CommandPairNames {
@@ -48,7 +54,5 @@ extern const std::array<CommandTripleNames, kX737McpCommandCount> kX737McpComman
 void ResolveEngineAndAnnunciatorCommands();
 // All "on" names, then all "off", then all "toggle": done when the x737 MCP comes on or goes off.
 void ResolveX737McpCommands();
-// Forgets every handle (a fresh load).
-void ClearCommandTables();
 
 }  // namespace drav

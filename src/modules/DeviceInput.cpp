@@ -1,13 +1,10 @@
 #include "modules/DeviceInput.h"
 
-#include <type_traits>
-
 #include "hid/GFDev.h"
+#include "hid/HidState.h"
+#include "modules/ModuleState.h"
 
 namespace drav {
-
-static_assert(std::is_same_v<decltype(&OnDeviceInput), GFDevInputCallback>,
-              "OnDeviceInput is registered with the device layer as its input callback");
 
 int DeliverDeviceInput(const ModuleManager& manager, InputEventQueue& queue, std::uint32_t moduleType,
                        std::uint16_t unit, const void* record) {
@@ -24,8 +21,15 @@ int DeliverDeviceInput(const ModuleManager& manager, InputEventQueue& queue, std
   return 1;
 }
 
-int OnDeviceInput(std::uint32_t moduleType, std::uint16_t unit, const void* record) {
-  return DeliverDeviceInput(TheModuleManager(), TheInputQueue(), moduleType, unit, record);
+DeviceInputReceiver::~DeviceInputReceiver() {
+  if (connectedTo_ != nullptr) connectedTo_->Forget(*this);
 }
+
+void DeviceInputReceiver::Connect() {
+  connectedTo_ = &CurrentHidState().input;
+  connectedTo_->SetReceiver(this);
+}
+
+void ReceiveDeviceInput() { CurrentModuleState().deviceInput.Connect(); }
 
 }  // namespace drav

@@ -99,7 +99,7 @@ GF166_Module::GF166_Module() : GF_Abstract_AvionicDevice(kModuleGF166) {
 }
 
 std::uint8_t GF166_Module::PrevSwitchVals() const {
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   return static_cast<std::uint8_t>(prevSwitchVals_);
 }
 
@@ -111,7 +111,7 @@ void GF166_Module::Register(std::uint16_t unitNumber) {
   Port().TakeInput(state);
   const std::uint8_t buttons = state.buttons;
   {
-    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    std::lock_guard<std::mutex> lock(decodingLock_);
     prevSwitchVals_ = buttons;
   }
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GF166_Module::Register - PrevSwitchVals", buttons);
@@ -135,7 +135,7 @@ std::int32_t GF166_Module::GetButton(const void* record, std::int32_t* value) {
   if (dial != -1) return dial;
 
   if (gDebug.DebugGetButtonFunction != 0) LogBits16("GF166_Module::GetButton - BtnState", input.buttons);
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   const InputBank buttons{input.buttons, &prevSwitchVals_, kButtonCount, kControlSwap};
   return DetectBankChange(buttons, value);
 }

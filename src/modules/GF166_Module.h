@@ -26,8 +26,6 @@ class GF166_Module : public GF_Abstract_AvionicDevice {
   static constexpr std::size_t kTextSize = 20;
 
   GF166_Module();
-  GF166_Module(const GF166_Module&) = default;
-  GF166_Module& operator=(const GF166_Module&) = default;
   ~GF166_Module() override = default;
 
   void Register(std::uint16_t unitNumber) override;
@@ -52,15 +50,6 @@ class GF166_Module : public GF_Abstract_AvionicDevice {
   std::uint8_t PrevSwitchVals() const;
 
  private:
-  // A mutex that a copied module does not share: containers grow by copying module objects, and
-  // each object guards only its own decoding state.
-  struct DecodingLock {
-    DecodingLock() = default;
-    DecodingLock(const DecodingLock&) {}
-    DecodingLock& operator=(const DecodingLock&) { return *this; }
-    std::mutex mutex;
-  };
-
   void SendLights();
   void ShowSingleFunction();
   bool ShowDualFunction();  // false when nothing may be sent (a PREV or NEXT object is current)
@@ -69,7 +58,7 @@ class GF166_Module : public GF_Abstract_AvionicDevice {
   // Owned by GetButton on the input thread; Register resets it on the main thread while reports
   // may already arrive, hence the lock. Wider than the byte because the bank decoder works on 32 bits.
   std::uint32_t prevSwitchVals_ = 0;
-  mutable DecodingLock decodingLock_;
+  mutable std::mutex decodingLock_;
   LightMaskSender lights_;  // lastIndicators
 };
 

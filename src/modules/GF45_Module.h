@@ -11,8 +11,6 @@ namespace drav {
 class GF45_Module : public GFRadioModule {
  public:
   GF45_Module();
-  GF45_Module(const GF45_Module&) = default;
-  GF45_Module& operator=(const GF45_Module&) = default;
 
   // Control 0 Dial 1, control 1 Dial 2; Dial 1 wins when both moved in one record.
   std::int32_t GetButton(const void* record, std::int32_t* value) override;

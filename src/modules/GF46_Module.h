@@ -11,15 +11,12 @@ namespace drav {
 class GF46_Module : public GFRadioModule {
  public:
   GF46_Module();
-  GF46_Module(const GF46_Module&) = default;
-  GF46_Module& operator=(const GF46_Module&) = default;
 
   // Control 0 Dial 1, control 1 Dial 2 (wins over Dial 1), control 2 the button (wins over both).
   std::int32_t GetButton(const void* record, std::int32_t* value) override;
   void HandleInput(std::int32_t control, std::int32_t value) override;
 
-  // The button byte of the last record. Only GetButton (the input thread) reads or writes it; the
-  // main thread touches it only when the manager copies modules, while no input is delivered.
+  // The button byte of the last record. Only GetButton (the input thread) reads or writes it.
   std::uint8_t lastButton = 0;
 
  private:

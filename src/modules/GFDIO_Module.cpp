@@ -54,37 +54,6 @@ GFDIO_Module::GFDIO_Module() : GF_Abstract_Module(kModuleGFDIO) {
   for (SwitchFunction& record : outputFunctions) ClearFunction(record);
 }
 
-GFDIO_Module::GFDIO_Module(const GFDIO_Module& other) : GF_Abstract_Module(other) { CopyStateFrom(other); }
-
-GFDIO_Module& GFDIO_Module::operator=(const GFDIO_Module& other) {
-  if (this != &other) {
-    GF_Abstract_Module::operator=(other);
-    CopyStateFrom(other);
-  }
-  return *this;
-}
-
-void GFDIO_Module::CopyStateFrom(const GFDIO_Module& other) {
-  for (std::int32_t i = 0; i < kGFDIOInputs; ++i) {
-    inputFunctions[i] = other.inputFunctions[i];
-    offStateFunctions[i] = other.offStateFunctions[i];
-  }
-  for (std::int32_t i = 0; i < kGFDIOOutputs; ++i) outputFunctions[i] = other.outputFunctions[i];
-  for (std::int32_t i = 0; i < kGFDIOStateBytes; ++i) stateBytes[i] = other.stateBytes[i];
-  lastOutputs_ = other.lastOutputs_;
-
-  std::uint8_t types[kGFDIOInputs];
-  std::uint64_t bank = 0;
-  {
-    std::lock_guard<std::mutex> lock(other.decodingLock_);
-    for (std::int32_t i = 0; i < kGFDIOInputs; ++i) types[i] = other.switchTypes_[i];
-    bank = other.prevSwitchBank_;
-  }
-  std::lock_guard<std::mutex> lock(decodingLock_);
-  for (std::int32_t i = 0; i < kGFDIOInputs; ++i) switchTypes_[i] = types[i];
-  prevSwitchBank_ = bank;
-}
-
 void GFDIO_Module::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
   // A unit that cannot be read counts as all inputs open.

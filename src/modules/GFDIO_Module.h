@@ -26,9 +26,6 @@ enum GFDIOSwitchType : std::uint8_t {
 class GFDIO_Module : public GF_Abstract_Module {
  public:
   GFDIO_Module();
-  // Containers grow by copying: the copy gets the configuration and decoding state, and its own lock.
-  GFDIO_Module(const GFDIO_Module& other);
-  GFDIO_Module& operator=(const GFDIO_Module& other);
 
   // Stores the unit, darkens the outputs and takes the input bank from the device. Runs no function.
   void Register(std::uint16_t unitNumber) override;
@@ -74,7 +71,6 @@ class GFDIO_Module : public GF_Abstract_Module {
   std::uint8_t stateBytes[kGFDIOStateBytes] = {};
 
  private:
-  void CopyStateFrom(const GFDIO_Module& other);
   std::uint32_t OutputMask() const;
   void SendOutputs(std::uint32_t mask);
 

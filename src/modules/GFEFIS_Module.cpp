@@ -40,10 +40,6 @@ constexpr EFISAction kEFISActions[kEFISButtonControls] = {
 constexpr std::int32_t kEFISSwitchBits = 16;
 constexpr std::uint16_t kLeftAdf = 1u << 8, kLeftVor = 1u << 9, kRightAdf = 1u << 10, kRightVor = 1u << 11;
 
-// The flag is written by the takeover dataref on the main thread and read here on the input thread
-// too; reading it atomically keeps that read well defined.
-bool TakenOver() { return std::atomic_ref<int>(EfisDisabled).load(std::memory_order_relaxed) != 0; }
-
 std::uint8_t ModeOf(std::uint8_t selectors) { return selectors & 0x0F; }
 std::uint8_t RangeOf(std::uint8_t selectors) { return selectors >> 4; }
 
@@ -61,24 +57,9 @@ GFEFIS_Module::GFEFIS_Module() : GF_Abstract_Module(kModuleGFEFIS) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
-GFEFIS_Module::GFEFIS_Module(const GFEFIS_Module& other) : GF_Abstract_Module(other) {
-  for (std::int32_t i = 0; i < kEFISButtonControls; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  dialFunctions[0] = other.dialFunctions[0];
-  dialFunctions[1] = other.dialFunctions[1];
-  decoding_ = other.Snapshot();
-}
-
-GFEFIS_Module& GFEFIS_Module::operator=(const GFEFIS_Module& other) {
-  if (this == &other) return *this;
-  GF_Abstract_Module::operator=(other);
-  for (std::int32_t i = 0; i < kEFISButtonControls; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  dialFunctions[0] = other.dialFunctions[0];
-  dialFunctions[1] = other.dialFunctions[1];
-  const DecodingState state = other.Snapshot();
-  std::lock_guard<std::mutex> lock(decodingLock_);
-  decoding_ = state;
-  return *this;
-}
+// The flag is written by the takeover dataref on the main thread and read here on the input thread
+// too; reading it atomically keeps that read well defined.
+bool GFEFIS_Module::TakenOver() const { return std::atomic_ref<int>(*takeover_).load(std::memory_order_relaxed) != 0; }
 
 GFEFIS_Module::DecodingState GFEFIS_Module::Snapshot() const {
   std::lock_guard<std::mutex> lock(decodingLock_);

@@ -1,6 +1,6 @@
 // The GF-EFIS: sixteen buttons and switches, a four-position display mode selector, a seven-position
 // range selector and two encoders (decision height, barometric setting). It has no lights or
-// displays. Another plug-in may take the panel over through EfisDisabled; while it does, this module
+// displays. Another plug-in may take the panel over through the EFIS take-over flag; while it does, this module
 // leaves the unit alone.
 #pragma once
 
@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include "functions/FunctionObjects.h"
+#include "base/HostState.h"
 #include "hid/InputRecords.h"
 #include "modules/GF_Abstract_Module.h"
 
@@ -26,8 +27,6 @@ inline constexpr std::int32_t kEFISDialControlB = 40;
 class GFEFIS_Module : public GF_Abstract_Module {
  public:
   GFEFIS_Module();
-  GFEFIS_Module(const GFEFIS_Module& other);
-  GFEFIS_Module& operator=(const GFEFIS_Module& other);
 
   // Reads the panel, then puts the simulator's display mode, range and pointer switches where the
   // panel's selectors and switches are.
@@ -61,6 +60,7 @@ class GFEFIS_Module : public GF_Abstract_Module {
     std::uint8_t rangeSelector = 0;
   };
 
+  bool TakenOver() const;
   DecodingState Snapshot() const;
   std::int32_t DecodeLocked(const GFEFISInputRecord& record, std::int32_t* value);
   void SetPosition(std::int32_t control, std::int32_t position);
@@ -69,6 +69,9 @@ class GFEFIS_Module : public GF_Abstract_Module {
 
   mutable std::mutex decodingLock_;
   DecodingState decoding_;
+  // The plug-in's take-over flag, taken when the module is made, so that the input thread need not
+  // look for it.
+  int* takeover_ = &CurrentHostFlags().efisDisabled;
 };
 
 struct ModelDescriptor;

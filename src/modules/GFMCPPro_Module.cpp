@@ -16,6 +16,7 @@
 #include "modules/PanelPower.h"
 #include "modules/ModelDialogRows.h"
 #include "modules/ModuleRegistry.h"
+#include "modules/ModuleState.h"
 
 namespace drav {
 
@@ -36,7 +37,7 @@ constexpr McpDisplaySlot kDisplays[GFMCPPro_Module::kDialCount] = {
     {6, 1, 3, false, kThreeBlank, 'F'},
 };
 
-// Rows of X737McpCommands (the aircraft's own order, not the panel's).
+// Rows of the x737 MCP commands (the aircraft's own order, not the panel's).
 enum X737Row : std::int32_t {
   kNoX737Command = -1,
   kFdA = 0,
@@ -68,16 +69,6 @@ constexpr std::int32_t kX737RowOfControl[GFMCPPro_Module::kButtonCount] = {
     kApDisconnect, kFdB,
 };
 
-// The take-over flag as the last SetDisplay saw it, shared by every unit.
-std::int32_t gSeenTakeover = 0;
-
-bool TakenOver() { return McpProDisabled != 0; }
-
-// GetButton asks from the device input thread while the dataref accessor writes on the main thread.
-bool TakenOverSeenFromInputThread() {
-  return std::atomic_ref<int>(McpProDisabled).load(std::memory_order_relaxed) != 0;
-}
-
 bool IsLatchingSwitch(std::int32_t control) {
   return control == GFMCPPro_Module::kControlAutothrottleArm || control == GFMCPPro_Module::kControlAltitudeKnob ||
          control == GFMCPPro_Module::kControlFlightDirectorLeft ||
@@ -100,7 +91,8 @@ std::int32_t DialIndexOfKey(std::uint8_t key) {
 
 void RunX737(std::int32_t row, bool on) {
   if (row < 0 || row >= kX737McpCommandCount) return;
-  RunCommandOnce(on ? X737McpCommands[row].on : X737McpCommands[row].off);
+  const CommandTriple& commands = TheCommandTables().x737Mcp[row];
+  RunCommandOnce(on ? commands.on : commands.off);
 }
 
 }  // namespace
@@ -109,15 +101,20 @@ std::int32_t GFMCPPro_Module::X737CommandIndex(std::int32_t control) {
   return control >= 0 && control < kButtonCount ? kX737RowOfControl[control] : kNoX737Command;
 }
 
-void GFMCPPro_Module::ForgetSeenTakeover() { gSeenTakeover = 0; }
-
 GFMCPPro_Module::GFMCPPro_Module() : GF_Abstract_Module(kModuleGFMCPPro) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
 std::uint32_t GFMCPPro_Module::SwitchState() const {
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   return switchState_;
+}
+
+bool GFMCPPro_Module::TakenOver() const { return *takeover_ != 0; }
+
+// GetButton asks from the device input thread while the dataref accessor writes on the main thread.
+bool GFMCPPro_Module::TakenOverSeenFromInputThread() const {
+  return std::atomic_ref<int>(*takeover_).load(std::memory_order_relaxed) != 0;
 }
 
 void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
@@ -129,14 +126,14 @@ void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
   Port().TakeInput(state);
   const std::uint32_t switches = state.switches;
   {
-    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    std::lock_guard<std::mutex> lock(decodingLock_);
     switchState_ = switches;
   }
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GFMCPPro_Module::Register - SwitchState", switches & 0xFFFFu);
 
   Port().SetBrightness(static_cast<std::uint16_t>(DisplayBrightnessLevel));
 
-  if (X737McpDirect != 0) {
+  if (CurrentHostFlags().x737McpDirect != 0) {
     SyncX737Switches(switches);
     return;
   }
@@ -170,14 +167,14 @@ std::int32_t GFMCPPro_Module::GetButton(const void* record, std::int32_t* value)
   if (dial != -1) return dial;
 
   if (logging) LogBits16("GFMCPPro_Module::GetButton - BtnState", input.switches & 0xFFFFu);
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   const InputBank inputs{input.switches & kInputMask, &switchState_, kButtonCount, 0};
   return DetectBankChange(inputs, value);
 }
 
 void GFMCPPro_Module::HandleInput(std::int32_t control, std::int32_t value) {
   if (TakenOver()) return;
-  if (X737McpDirect != 0) {
+  if (CurrentHostFlags().x737McpDirect != 0) {
     HandleX737Input(control, value);
   } else {
     HandleOwnInput(control, value);
@@ -197,7 +194,7 @@ void GFMCPPro_Module::HandleX737Input(std::int32_t control, std::int32_t value) 
   } else if (control == kControlDisengage) {
     RunX737(row, value == 0);  // bar up engages, as in Register
   } else if (value == 1) {
-    RunCommandOnce(X737McpCommands[row].toggle);
+    RunCommandOnce(TheCommandTables().x737Mcp[row].toggle);
   }
 }
 
@@ -237,9 +234,10 @@ void GFMCPPro_Module::UpdateOutputs() {
 // Returns true while another plug-in holds the panel. The first unit to see the panel handed
 // back forgets what it sent, so that it sends everything again.
 bool GFMCPPro_Module::TrackTakeover() {
-  if (McpProDisabled != gSeenTakeover) {
-    gSeenTakeover = McpProDisabled;
-    if (gSeenTakeover == 0) {
+  std::int32_t& seen = CurrentModuleState().seenMcpProTakeover;
+  if (*takeover_ != seen) {
+    seen = *takeover_;
+    if (seen == 0) {
       lights_.Clear([](std::uint32_t) {});  // forgotten, not sent: the mask below goes out whole
       for (McpLastText& text : lastText) text[0] = '\0';
     }
@@ -309,8 +307,8 @@ namespace {
 // Registered first, as the GF-MCP; the defaults follow the x737 mode at the time of loading.
 void LoadAssignments(GFMCPPro_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
-  AssignGroup(panel, unit, GFMCPProButtonKeys(X737Mode));
-  AssignGroup(panel, unit, GFMCPProKnobKeys(X737Mode));
+  AssignGroup(panel, unit, GFMCPProButtonKeys(CurrentHostFlags().x737Mode));
+  AssignGroup(panel, unit, GFMCPProKnobKeys(CurrentHostFlags().x737Mode));
   panel.SetDisplay();
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <mutex>
 
+#include "base/HostState.h"
 #include "functions/FunctionObjects.h"
 #include "modules/GF_Abstract_Module.h"
 #include "modules/McpDisplaySlot.h"
@@ -31,8 +32,6 @@ class GFMCPPro_Module : public GF_Abstract_Module {
   static constexpr std::int32_t kControlFlightDirectorRight = 23;
 
   GFMCPPro_Module();
-  GFMCPPro_Module(const GFMCPPro_Module&) = default;
-  GFMCPPro_Module& operator=(const GFMCPPro_Module&) = default;
   ~GFMCPPro_Module() override = default;
 
   void Register(std::uint16_t unitNumber) override;
@@ -44,11 +43,8 @@ class GFMCPPro_Module : public GF_Abstract_Module {
   void AssignFunction(std::uint8_t key, std::int32_t functionId, std::int32_t param1, std::int32_t param2) override;
   std::int32_t GetAssignedFunction(std::uint8_t key) override;
 
-  // The row of X737McpCommands that the control runs in x737 direct mode; -1 for none.
+  // The row of the x737 MCP commands that the control runs in x737 direct mode; -1 for none.
   static std::int32_t X737CommandIndex(std::int32_t control);
-  // The take-over flag as the modules last saw it is one value for every unit; a fresh plug-in
-  // start begins from "not taken over".
-  static void ForgetSeenTakeover();
 
   SwitchFunction buttonFunctions[kButtonCount];     // keys 0..23
   AvionicFunction* dialFunctions[kDialCount] = {};  // keys 25..30
@@ -59,13 +55,8 @@ class GFMCPPro_Module : public GF_Abstract_Module {
   std::uint32_t LastIndicators() const { return lights_.LastSent(); }
 
  private:
-  struct DecodingLock {
-    DecodingLock() = default;
-    DecodingLock(const DecodingLock&) {}
-    DecodingLock& operator=(const DecodingLock&) { return *this; }
-    std::mutex mutex;
-  };
-
+  bool TakenOver() const;
+  bool TakenOverSeenFromInputThread() const;
   void SyncX737Switches(std::uint32_t switches);
   void HandleX737Input(std::int32_t control, std::int32_t value);
   void HandleOwnInput(std::int32_t control, std::int32_t value);
@@ -76,7 +67,10 @@ class GFMCPPro_Module : public GF_Abstract_Module {
 
   // Owned by GetButton on the input thread; Register resets it on the main thread.
   std::uint32_t switchState_ = 0;
-  mutable DecodingLock decodingLock_;
+  // The plug-in's take-over flag, taken when the module is made, so that the input thread need not
+  // look for it.
+  int* takeover_ = &CurrentHostFlags().mcpProDisabled;
+  mutable std::mutex decodingLock_;
   LightMaskSender lights_;  // lastIndicators
 };
 

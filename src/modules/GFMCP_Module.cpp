@@ -45,12 +45,12 @@ GFMCP_Module::GFMCP_Module() : GF_Abstract_Module(kModuleGFMCP) {
 }
 
 std::uint8_t GFMCP_Module::SwitchVals1_8() const {
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   return static_cast<std::uint8_t>(switchVals1_8_);
 }
 
 std::uint8_t GFMCP_Module::SwitchVals9_16() const {
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   return static_cast<std::uint8_t>(switchVals9_16_);
 }
 
@@ -68,7 +68,7 @@ void GFMCP_Module::Register(std::uint16_t unitNumber) {
   const std::uint8_t bank1 = state.buttons1;
   const std::uint8_t bank2 = state.buttons2;
   {
-    std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+    std::lock_guard<std::mutex> lock(decodingLock_);
     switchVals1_8_ = bank1;
     switchVals9_16_ = bank2;
   }
@@ -93,7 +93,7 @@ std::int32_t GFMCP_Module::GetButton(const void* record, std::int32_t* value) {
   if (dial != -1) return dial;
 
   if (logging) LogBits16("GFMCP_Module::GetButton - BtnState1_8", input.buttons1);
-  std::lock_guard<std::mutex> lock(decodingLock_.mutex);
+  std::lock_guard<std::mutex> lock(decodingLock_);
   const InputBank buttons{input.buttons1, &switchVals1_8_, kLitButtonCount, 0};
   const std::int32_t button = DetectBankChange(buttons, value);
   if (button != -1) return button;

@@ -23,8 +23,6 @@ class GFMCP_Module : public GF_Abstract_Module {
   static constexpr std::int32_t kControlFirstDial = 9;
 
   GFMCP_Module();
-  GFMCP_Module(const GFMCP_Module&) = default;
-  GFMCP_Module& operator=(const GFMCP_Module&) = default;
   ~GFMCP_Module() override = default;
 
   void Register(std::uint16_t unitNumber) override;
@@ -46,15 +44,6 @@ class GFMCP_Module : public GF_Abstract_Module {
   std::uint8_t LastIndicators() const { return static_cast<std::uint8_t>(lights_.LastSent()); }
 
  private:
-  // A mutex that a copied module does not share: containers grow by copying module objects, and
-  // each object guards only its own decoding state.
-  struct DecodingLock {
-    DecodingLock() = default;
-    DecodingLock(const DecodingLock&) {}
-    DecodingLock& operator=(const DecodingLock&) { return *this; }
-    std::mutex mutex;
-  };
-
   void SetDisengageBar(bool barDown);
   void SendLights(bool powered);
   void SendDisplays(bool powered);
@@ -62,7 +51,7 @@ class GFMCP_Module : public GF_Abstract_Module {
   // Owned by GetButton on the input thread; Register resets them on the main thread.
   std::uint32_t switchVals1_8_ = 0;
   std::uint32_t switchVals9_16_ = 0;
-  mutable DecodingLock decodingLock_;
+  mutable std::mutex decodingLock_;
   LightMaskSender lights_;  // lastIndicators
 };
 

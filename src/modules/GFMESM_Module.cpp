@@ -59,8 +59,8 @@ enum EngineCommandRow : int {
   kMagnetosRight2 = 11,
 };
 
-XPLMCommandRef Press(int row) { return EngineStartCommands[static_cast<std::size_t>(row)].press; }
-XPLMCommandRef Release(int row) { return EngineStartCommands[static_cast<std::size_t>(row)].release; }
+XPLMCommandRef Press(int row) { return TheCommandTables().engineStart[static_cast<std::size_t>(row)].press; }
+XPLMCommandRef Release(int row) { return TheCommandTables().engineStart[static_cast<std::size_t>(row)].release; }
 
 // One engine's start selector, as HandleInput sees it.
 struct EngineCommands {
@@ -81,22 +81,6 @@ const char* const kGetButtonLabels[3] = {"GFMESM_Module::GetButton - Selector1",
 
 GFMESM_Module::GFMESM_Module() : GF_Abstract_Module(kModuleGFMESM) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
-}
-
-GFMESM_Module::GFMESM_Module(const GFMESM_Module& other) : GF_Abstract_Module(other), mixture(other.mixture) {
-  for (std::int32_t i = 0; i < kMESMFunctionSlots; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  decoding_ = other.State();
-}
-
-GFMESM_Module& GFMESM_Module::operator=(const GFMESM_Module& other) {
-  if (this == &other) return *this;
-  GF_Abstract_Module::operator=(other);
-  for (std::int32_t i = 0; i < kMESMFunctionSlots; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  mixture = other.mixture;
-  const GFMESMInputRecord state = other.State();
-  std::lock_guard<std::mutex> lock(decodingLock_);
-  decoding_ = state;
-  return *this;
 }
 
 GFMESMInputRecord GFMESM_Module::State() const {

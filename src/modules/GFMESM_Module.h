@@ -22,8 +22,6 @@ inline constexpr std::int32_t kMESMMagnetoBase = 10;    // controls 11..13: magn
 class GFMESM_Module : public GF_Abstract_Module {
  public:
   GFMESM_Module();
-  GFMESM_Module(const GFMESM_Module& other);
-  GFMESM_Module& operator=(const GFMESM_Module& other);
 
   // Reads the three selector positions and finds the mixture dataref; runs nothing.
   void Register(std::uint16_t unitNumber) override;

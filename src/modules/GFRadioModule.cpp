@@ -7,6 +7,7 @@
 #include "functions/AvionicDisplay.h"
 #include "functions/RadioTargets.h"
 #include "base/Log.h"
+#include "modules/ModuleState.h"
 #include "modules/PanelPower.h"
 
 namespace drav {
@@ -28,9 +29,6 @@ constexpr RadioListShape kRadioListShapes[] = {
     {kFuncInst, 6, 1},
     {kFuncAp, 5, 0},
 };
-
-MultiFunctionList gInstrumentList;
-MultiFunctionList gAutopilotList;
 
 const RadioListShape* FindListShape(FunctionId listId) {
   for (const RadioListShape& shape : kRadioListShapes) {
@@ -58,19 +56,15 @@ AvionicFunction* CurrentEntry(const MultiFunctionList& list) {
 }  // namespace
 
 MultiFunctionList* SharedRadioFunctionList(FunctionId listId) {
-  if (listId == kFuncInst) return &gInstrumentList;
-  if (listId == kFuncAp) return &gAutopilotList;
+  SharedRadioFunctionLists& lists = CurrentModuleState().radioLists;
+  if (listId == kFuncInst) return &lists.instruments;
+  if (listId == kFuncAp) return &lists.autopilot;
   return nullptr;
 }
 
 std::int32_t RadioFunctionListLength(FunctionId listId) {
   const RadioListShape* shape = FindListShape(listId);
   return shape != nullptr ? shape->length : 0;
-}
-
-void ResetSharedRadioFunctionLists() {
-  gInstrumentList = MultiFunctionList{};
-  gAutopilotList = MultiFunctionList{};
 }
 
 GFRadioModule::GFRadioModule(const RadioModelTraits& traits)

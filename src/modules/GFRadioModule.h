@@ -35,8 +35,12 @@ struct RadioModelTraits {
 MultiFunctionList* SharedRadioFunctionList(FunctionId listId);
 // How many entries the list of listId has (6 for FUNC_INST, 5 for FUNC_AP; 0 for other ids).
 std::int32_t RadioFunctionListLength(FunctionId listId);
-// Forgets the lists' entries and positions, as at process start (tests).
-void ResetSharedRadioFunctionLists();
+
+// Where the two lists live: in the plug-in's module state, from its start to its stop.
+struct SharedRadioFunctionLists {
+  MultiFunctionList instruments;
+  MultiFunctionList autopilot;
+};
 
 class GFRadioModule : public GF_Abstract_AvionicDevice {
  public:
@@ -58,8 +62,6 @@ class GFRadioModule : public GF_Abstract_AvionicDevice {
 
  protected:
   explicit GFRadioModule(const RadioModelTraits& traits);
-  GFRadioModule(const GFRadioModule&) = default;
-  GFRadioModule& operator=(const GFRadioModule&) = default;
 
   const RadioModelTraits& Traits() const { return *traits_; }
   bool ShowsList() const { return source == traits_->listSource; }
@@ -79,7 +81,7 @@ class GFRadioModule : public GF_Abstract_AvionicDevice {
   void ShowAlpha(const AvionicFunction& function);
   void ShowNumeric(const AvionicFunction& function);
 
-  const RadioModelTraits* traits_;  // static per model; a pointer keeps the module copyable
+  const RadioModelTraits* traits_;  // static per model
 };
 
 }  // namespace drav

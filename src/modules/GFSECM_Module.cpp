@@ -59,21 +59,6 @@ GFSECM_Module::GFSECM_Module() : GF_Abstract_Module(kModuleGFSECM) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
-GFSECM_Module::GFSECM_Module(const GFSECM_Module& other) : GF_Abstract_Module(other) {
-  for (std::int32_t i = 0; i < kSECMFunctionSlots; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  decoding_ = other.State();
-}
-
-GFSECM_Module& GFSECM_Module::operator=(const GFSECM_Module& other) {
-  if (this == &other) return *this;
-  GF_Abstract_Module::operator=(other);
-  for (std::int32_t i = 0; i < kSECMFunctionSlots; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  const GFSECMInputRecord state = other.State();
-  std::lock_guard<std::mutex> lock(decodingLock_);
-  decoding_ = state;
-  return *this;
-}
-
 GFSECMInputRecord GFSECM_Module::State() const {
   std::lock_guard<std::mutex> lock(decodingLock_);
   return decoding_;

@@ -23,8 +23,6 @@ inline constexpr std::int32_t kSECMFlapsControl = 19;
 class GFSECM_Module : public GF_Abstract_Module {
  public:
   GFSECM_Module();
-  GFSECM_Module(const GFSECM_Module& other);
-  GFSECM_Module& operator=(const GFSECM_Module& other);
 
   // Reads the panel and puts every switch, the gear, the key and a held flaps rocker into the
   // simulator, so that both agree before anything moves.

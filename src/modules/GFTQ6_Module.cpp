@@ -23,7 +23,7 @@ std::int32_t GFTQ6_Module::GetButton(const void* record, std::int32_t* /*value*/
   if (record == nullptr) return -1;
   const auto& input = *static_cast<const GFTQ6InputRecord*>(record);
   {
-    std::lock_guard<std::mutex> lock(recordLock_.mutex);
+    std::lock_guard<std::mutex> lock(recordLock_);
     std::copy(std::begin(input.levers), std::end(input.levers), leverPositions_);
     leverSwitches_ = input.switches;
   }
@@ -37,7 +37,7 @@ std::int32_t GFTQ6_Module::GetButton(const void* record, std::int32_t* /*value*/
 }
 
 void GFTQ6_Module::LastRecord(std::uint8_t (&positions)[kTQ6LeverCount], std::uint8_t* switches) const {
-  std::lock_guard<std::mutex> lock(recordLock_.mutex);
+  std::lock_guard<std::mutex> lock(recordLock_);
   std::copy(std::begin(leverPositions_), std::end(leverPositions_), positions);
   *switches = leverSwitches_;
 }

@@ -41,20 +41,12 @@ class GFTQ6_Module : public GF_Abstract_Module {
   void LastRecord(std::uint8_t (&positions)[kTQ6LeverCount], std::uint8_t* switches) const;
 
  private:
-  // A mutex that a copied module does not share: containers grow by copying module objects.
-  struct RecordLock {
-    RecordLock() = default;
-    RecordLock(const RecordLock&) {}
-    RecordLock& operator=(const RecordLock&) { return *this; }
-    std::mutex mutex;
-  };
-
   static LeverFunction* LeverOf(LeverFunction (&all)[kTQ6LeverCount], std::uint8_t key);
 
   // Written by GetButton on the input thread, read by HandleInput on the main thread.
   std::uint8_t leverPositions_[kTQ6LeverCount] = {};
   std::uint8_t leverSwitches_ = 0;  // bit i belongs to lever i
-  mutable RecordLock recordLock_;
+  mutable std::mutex recordLock_;
 };
 
 struct ModelDescriptor;

@@ -16,7 +16,7 @@ constexpr std::uint8_t kFirstButtonKey = '1';
 constexpr std::uint8_t kDarkColour = 0;
 
 // The annunciator functions whose press clears something in the simulator, with the index of
-// their command in AnnunciatorCommands.
+// their command in the annunciator commands.
 struct AnnunciatorButton {
   FunctionId functionId;
   std::size_t command;
@@ -36,30 +36,6 @@ std::int32_t ButtonIndexOfKey(std::uint8_t key) {
 
 GFWCP_Module::GFWCP_Module() : GF_Abstract_Module(kModuleGFWCP) {
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
-}
-
-GFWCP_Module::GFWCP_Module(const GFWCP_Module& other) : GF_Abstract_Module(other) { CopyStateFrom(other); }
-
-GFWCP_Module& GFWCP_Module::operator=(const GFWCP_Module& other) {
-  if (this != &other) {
-    GF_Abstract_Module::operator=(other);
-    CopyStateFrom(other);
-  }
-  return *this;
-}
-
-void GFWCP_Module::CopyStateFrom(const GFWCP_Module& other) {
-  for (std::int32_t i = 0; i < kGFWCPButtons; ++i) {
-    buttonFunctions[i] = other.buttonFunctions[i];
-    colours[i] = other.colours[i];
-  }
-  indicators_ = other.indicators_;
-  const std::uint32_t prev = [&] {
-    std::lock_guard<std::mutex> lock(other.decodingLock_);
-    return other.prevSwitchVals_;
-  }();
-  std::lock_guard<std::mutex> lock(decodingLock_);
-  prevSwitchVals_ = prev;
 }
 
 void GFWCP_Module::Register(std::uint16_t unitNumber) {
@@ -87,7 +63,7 @@ void GFWCP_Module::HandleInput(std::int32_t control, std::int32_t value) {
   if (value != 1 || control < 0 || control >= kGFWCPButtons) return;
   const FunctionId bound = GetFunctionId(buttonFunctions[control]);
   for (const AnnunciatorButton& button : kAnnunciatorButtons) {
-    if (button.functionId == bound) RunCommandOnce(AnnunciatorCommands[button.command]);
+    if (button.functionId == bound) RunCommandOnce(TheCommandTables().annunciators[button.command]);
   }
 }
 

@@ -16,9 +16,6 @@ inline constexpr std::int32_t kGFWCPButtons = 6;
 class GFWCP_Module : public GF_Abstract_Module {
  public:
   GFWCP_Module();
-  // Containers grow by copying: the copy gets bindings, colours and decoding state, and its own lock.
-  GFWCP_Module(const GFWCP_Module& other);
-  GFWCP_Module& operator=(const GFWCP_Module& other);
 
   // Stores the unit and darkens it, then takes the button positions from the device.
   void Register(std::uint16_t unitNumber) override;
@@ -46,7 +43,6 @@ class GFWCP_Module : public GF_Abstract_Module {
   std::uint8_t colours[kGFWCPButtons] = {};
 
  private:
-  void CopyStateFrom(const GFWCP_Module& other);
   std::uint32_t LightMask() const;
   // One colour report per light: colours[i] where mask bit i is set, else dark.
   void SendLights(std::uint32_t mask);

@@ -54,15 +54,16 @@ class GF_Abstract_Module {
   // Where every device call goes: the port of this model's `unit`.
   const UnitPort& Port() const { return port_; }
 
+  // A module stays where it was made (ModuleContainer.h): read threads decode against it and its
+  // function records are pointed at, so it is neither copied nor moved.
+  GF_Abstract_Module(const GF_Abstract_Module&) = delete;
+  GF_Abstract_Module& operator=(const GF_Abstract_Module&) = delete;
+
  protected:
   // An object of no model (a test's stand-in): its port answers as for a unit out of range.
   GF_Abstract_Module() = default;
   // An object of one model, bound to unit 0 until Register binds it to its own.
   explicit GF_Abstract_Module(ModuleType type) : port_(type, 0) {}
-  // Copies are how containers grow; they are made of whole model objects only, never through the
-  // base, which would slice.
-  GF_Abstract_Module(const GF_Abstract_Module&) = default;
-  GF_Abstract_Module& operator=(const GF_Abstract_Module&) = default;
 
  private:
   UnitPort port_;
@@ -91,8 +92,6 @@ class GF_Abstract_AvionicDevice : public GF_Abstract_Module, public RadioModule 
  protected:
   GF_Abstract_AvionicDevice() = default;
   explicit GF_Abstract_AvionicDevice(ModuleType type) : GF_Abstract_Module(type) {}
-  GF_Abstract_AvionicDevice(const GF_Abstract_AvionicDevice&) = default;
-  GF_Abstract_AvionicDevice& operator=(const GF_Abstract_AvionicDevice&) = default;
 
  private:
   std::int32_t CurrentModeFunction() const;

@@ -5,6 +5,7 @@
 #include "XPLMDataAccess.h"
 #include "base/HostState.h"
 #include "modules/ModuleMechanics.h"
+#include "modules/ModuleState.h"
 
 namespace drav {
 
@@ -14,33 +15,21 @@ constexpr std::int32_t kLandingGearFunction = kFnLANDING_GEAR;
 constexpr int kFailedInoperative = 6;  // the simulator's failure state "inoperative"
 constexpr float kGearDownRatio = 0.98f;
 constexpr float kGearUpRatio = 0.02f;
-constexpr int kGearLegs = 3;
-
-struct GearDatarefs {
-  bool lookedUp = false;
-  XPLMDataRef deploy = nullptr;
-  XPLMDataRef failures[kGearLegs] = {};
-  XPLMDataRef onGround = nullptr;
-  XPLMDataRef handleDown = nullptr;
-  XPLMDataRef retractable = nullptr;
-};
-
-// Shared by every unit of both models; main thread only.
-GearDatarefs gGear;
 
 // Looked up once each, also when missing: an unresolved handle reads as 0 from then on.
 const GearDatarefs& Datarefs() {
-  if (!gGear.lookedUp) {
-    gGear.deploy = XPLMFindDataRef("sim/aircraft/parts/acf_gear_deploy");
-    gGear.failures[0] = XPLMFindDataRef("sim/operation/failures/rel_lagear1");
-    gGear.failures[1] = XPLMFindDataRef("sim/operation/failures/rel_lagear2");
-    gGear.failures[2] = XPLMFindDataRef("sim/operation/failures/rel_lagear3");
-    gGear.onGround = XPLMFindDataRef("sim/flightmodel/failures/onground_any");
-    gGear.handleDown = XPLMFindDataRef("sim/cockpit/switches/gear_handle_status");
-    gGear.retractable = XPLMFindDataRef("sim/aircraft/gear/acf_gear_retract");
-    gGear.lookedUp = true;
+  GearDatarefs& gear = CurrentModuleState().gear;
+  if (!gear.lookedUp) {
+    gear.deploy = XPLMFindDataRef("sim/aircraft/parts/acf_gear_deploy");
+    gear.failures[0] = XPLMFindDataRef("sim/operation/failures/rel_lagear1");
+    gear.failures[1] = XPLMFindDataRef("sim/operation/failures/rel_lagear2");
+    gear.failures[2] = XPLMFindDataRef("sim/operation/failures/rel_lagear3");
+    gear.onGround = XPLMFindDataRef("sim/flightmodel/failures/onground_any");
+    gear.handleDown = XPLMFindDataRef("sim/cockpit/switches/gear_handle_status");
+    gear.retractable = XPLMFindDataRef("sim/aircraft/gear/acf_gear_retract");
+    gear.lookedUp = true;
   }
-  return gGear;
+  return gear;
 }
 
 int ReadInt(XPLMDataRef ref) { return ref != nullptr ? XPLMGetDatai(ref) : 0; }
@@ -54,9 +43,9 @@ int FirstDeployElement() {
 }
 
 // A leg missing from the array (short array, unresolved handle) reads as retracted.
-void ReadDeployRatios(const GearDatarefs& refs, float (&ratios)[kGearLegs]) {
+void ReadDeployRatios(const GearDatarefs& refs, float (&ratios)[kGearLightLegs]) {
   for (float& ratio : ratios) ratio = 0.0f;
-  if (refs.deploy != nullptr) XPLMGetDatavf(refs.deploy, ratios, FirstDeployElement(), kGearLegs);
+  if (refs.deploy != nullptr) XPLMGetDatavf(refs.deploy, ratios, FirstDeployElement(), kGearLightLegs);
 }
 
 std::uint8_t LegInFlight(const GearLegLights& leg, float ratio) {
@@ -67,22 +56,22 @@ std::uint8_t LegInFlight(const GearLegLights& leg, float ratio) {
 
 // The failure datarefs are numbered in a different order from the legs: the second failure belongs
 // to gear 3 and the third to gear 2.
-constexpr int kLegOfFailure[kGearLegs] = {0, 2, 1};
+constexpr int kLegOfFailure[kGearLightLegs] = {0, 2, 1};
 
 }  // namespace
 
 std::uint8_t ComposeGearLights(const GearLightLayout& layout) {
   const GearDatarefs& refs = Datarefs();
-  int failures[kGearLegs];
-  for (int i = 0; i < kGearLegs; ++i) failures[i] = ReadInt(refs.failures[i]);
-  float ratios[kGearLegs];
+  int failures[kGearLightLegs];
+  for (int i = 0; i < kGearLightLegs; ++i) failures[i] = ReadInt(refs.failures[i]);
+  float ratios[kGearLightLegs];
   ReadDeployRatios(refs, ratios);
 
-  std::uint8_t legBits[kGearLegs] = {};
+  std::uint8_t legBits[kGearLightLegs] = {};
   if (ReadInt(refs.retractable) != 0) {
     const bool onGround = ReadInt(refs.onGround) != 0;
     const bool handleDown = ReadInt(refs.handleDown) != 0;
-    for (int leg = 0; leg < kGearLegs; ++leg) {
+    for (int leg = 0; leg < kGearLightLegs; ++leg) {
       const GearLegLights& lights = layout.legs[leg];
       if (onGround) {
         legBits[leg] = handleDown ? lights.down : lights.transit;
@@ -91,15 +80,13 @@ std::uint8_t ComposeGearLights(const GearLightLayout& layout) {
       }
     }
   }
-  for (int failure = 0; failure < kGearLegs; ++failure) {
+  for (int failure = 0; failure < kGearLightLegs; ++failure) {
     if (failures[failure] != kFailedInoperative) continue;
     const int leg = kLegOfFailure[failure];
     legBits[leg] = layout.legs[leg].transit;
   }
   return static_cast<std::uint8_t>(legBits[0] | legBits[1] | legBits[2]);
 }
-
-void ResetGearLightLookups() { gGear = GearDatarefs{}; }
 
 void OperateLeverOrRocker(SwitchFunction& record, std::int32_t value) {
   if (GetFunctionId(record) == kLandingGearFunction) {
@@ -116,21 +103,6 @@ void RefreshIfBound(SwitchFunction& record) {
 }
 
 // ---- decoding state ------------------------------------------------------------------------------
-
-GearDecodingState::GearDecodingState(const GearDecodingState& other) { *this = other; }
-
-GearDecodingState& GearDecodingState::operator=(const GearDecodingState& other) {
-  if (this == &other) return *this;
-  std::int32_t position = 0;
-  std::uint8_t switches = 0;
-  {
-    std::lock_guard<std::mutex> lock(other.lock_);
-    position = other.gearPosition_;
-    switches = other.prevSwitchVals_;
-  }
-  Reset(position, switches);
-  return *this;
-}
 
 void GearDecodingState::Reset(std::int32_t gearPosition, std::uint8_t switches) {
   std::lock_guard<std::mutex> lock(lock_);

@@ -7,9 +7,23 @@
 #include <cstdint>
 #include <mutex>
 
+#include "XPLMDataAccess.h"
 #include "functions/FunctionObjects.h"
 
 namespace drav {
+
+inline constexpr int kGearLightLegs = 3;
+
+// The simulator's gear data, shared by every unit of both models, looked up once per plug-in start
+// (ModuleState); main thread only.
+struct GearDatarefs {
+  bool lookedUp = false;
+  XPLMDataRef deploy = nullptr;
+  XPLMDataRef failures[kGearLightLegs] = {};
+  XPLMDataRef onGround = nullptr;
+  XPLMDataRef handleDown = nullptr;
+  XPLMDataRef retractable = nullptr;
+};
 
 // The down and transit light of one gear leg.
 struct GearLegLights {
@@ -27,8 +41,6 @@ struct GearLightLayout {
 // transit light. Main thread only. The handles are looked up on first use.
 std::uint8_t ComposeGearLights(const GearLightLayout& layout);
 
-// Forgets the dataref handles, so that a fresh simulator (plug-in restart, each test) is asked again.
-void ResetGearLightLookups();
 
 // The gear lever or flaps rocker moved (value: +1/-1, or the rocker's direction). The gear lever's
 // LANDING_GEAR function is a two-position switch: down (On) for a value below 1, up (Off) otherwise.
@@ -39,13 +51,12 @@ void OperateLeverOrRocker(SwitchFunction& record, std::int32_t value);
 void RefreshIfBound(SwitchFunction& record);
 
 // The lever position (+1/-1) and the switch byte last seen by the decoder, behind one lock: the input
-// thread decodes against them while Register may reset them on the main thread. Copyable, because
-// module containers grow by copying; each copy gets a lock of its own.
+// thread decodes against them while Register may reset them on the main thread.
 class GearDecodingState {
  public:
   GearDecodingState() = default;
-  GearDecodingState(const GearDecodingState& other);
-  GearDecodingState& operator=(const GearDecodingState& other);
+  GearDecodingState(const GearDecodingState&) = delete;
+  GearDecodingState& operator=(const GearDecodingState&) = delete;
 
   // Register: the unit's current lever position and switch byte.
   void Reset(std::int32_t gearPosition, std::uint8_t switches);

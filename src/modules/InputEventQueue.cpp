@@ -1,5 +1,7 @@
 #include "modules/InputEventQueue.h"
 
+#include "modules/ModuleState.h"
+
 namespace drav {
 
 namespace {
@@ -13,8 +15,6 @@ std::int32_t NextIndex(std::int32_t index) {
 std::int32_t ValidIndex(std::int32_t index) {
   return (index >= 0 && index < kInputQueueCapacity) ? index : 0;
 }
-
-constinit InputEventQueue gInputQueue;
 
 }  // namespace
 
@@ -47,6 +47,6 @@ bool TakeInputEvent(InputEventQueue& queue, InputEvent* out) {
   return true;
 }
 
-InputEventQueue& TheInputQueue() { return gInputQueue; }
+InputEventQueue& TheInputQueue() { return CurrentModuleState().inputQueue; }
 
 }  // namespace drav

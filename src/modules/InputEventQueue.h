@@ -51,7 +51,7 @@ bool DrainQueue(InputEventQueue& queue, Handler&& handler) {
   return processed;
 }
 
-// The plug-in's one queue; zero-initialised before anything runs.
+// The running plug-in's queue (ModuleState), empty at every start.
 InputEventQueue& TheInputQueue();
 
 }  // namespace drav

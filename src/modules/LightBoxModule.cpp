@@ -30,30 +30,6 @@ LightBoxModule::LightBoxModule(const LightBoxModel& model) : GF_Abstract_Module(
   for (SwitchFunction& record : buttonFunctions) ClearFunction(record);
 }
 
-LightBoxModule::LightBoxModule(const LightBoxModule& other) : GF_Abstract_Module(other), model_(other.model_) {
-  CopyStateFrom(other);
-}
-
-LightBoxModule& LightBoxModule::operator=(const LightBoxModule& other) {
-  if (this != &other) {
-    GF_Abstract_Module::operator=(other);
-    model_ = other.model_;
-    CopyStateFrom(other);
-  }
-  return *this;
-}
-
-void LightBoxModule::CopyStateFrom(const LightBoxModule& other) {
-  for (std::int32_t i = 0; i < kLightBoxButtons; ++i) buttonFunctions[i] = other.buttonFunctions[i];
-  indicators_ = other.indicators_;
-  const std::uint32_t prev = [&] {
-    std::lock_guard<std::mutex> lock(other.decodingLock_);
-    return other.prevSwitchVals_;
-  }();
-  std::lock_guard<std::mutex> lock(decodingLock_);
-  prevSwitchVals_ = prev;
-}
-
 void LightBoxModule::Register(std::uint16_t unitNumber) {
   GF_Abstract_Module::Register(unitNumber);
 

@@ -49,10 +49,6 @@ class LightBoxModule : public GF_Abstract_Module {
 
  protected:
   explicit LightBoxModule(const LightBoxModel& model);
-  // Containers grow by copying: the copy gets the bindings and the decoding state, and a lock of
-  // its own.
-  LightBoxModule(const LightBoxModule& other);
-  LightBoxModule& operator=(const LightBoxModule& other);
 
   // Input thread: the lowest bit of switches that differs from PrevSwitchVals (recorded there), as
   // control id 0..7 with *value 1 or 0; -1 when none differs.
@@ -65,7 +61,6 @@ class LightBoxModule : public GF_Abstract_Module {
   void PressButton(std::int32_t control, std::int32_t value);
 
  private:
-  void CopyStateFrom(const LightBoxModule& other);
   std::uint8_t LightMask() const;
 
   const LightBoxModel* model_;

@@ -1,5 +1,7 @@
-// The container of one model's module objects, held by value: position = unit number. The manager
-// sees every model through the abstract ModuleContainer; ModuleVector<T> is the one implementation.
+// The container of one model's module objects: position = unit number. The manager sees every model
+// through the abstract ModuleContainer; ModuleVector<T> is the one implementation. Each module is
+// made in place and stays at its address until it is destroyed: read threads decode against it and
+// its bindings point into it, so a module is never copied or moved.
 #pragma once
 
 #include <concepts>
@@ -16,9 +18,8 @@ class ModuleContainer {
  public:
   virtual ~ModuleContainer();
 
-  // Surplus objects at the end are destroyed; missing ones are appended as copies of a freshly
-  // constructed prototype; the others keep their state and their addresses (room for every unit a
-  // model can have is made with the first one, so that a unit joining mid-flight moves nobody).
+  // Surplus objects at the end are destroyed; missing ones are made afresh at the end; the others
+  // keep their state and their addresses.
   virtual void Resize(std::int32_t count) = 0;
   virtual std::int32_t Size() const = 0;
   // nullptr for an index outside 0..Size()-1.
@@ -43,13 +44,16 @@ concept HasOwnInputDecoder = requires(T& module, const void* record, std::int32_
 template <class T>
 class ModuleVector final : public ModuleContainer {
   static_assert(std::derived_from<T, GF_Abstract_Module>);
-  static_assert(std::copy_constructible<T>, "containers grow by copying a prototype");
+  static_assert(!std::copy_constructible<T> && !std::move_constructible<T>, "a module never leaves its address");
 
  public:
   void Resize(std::int32_t count) override {
-    const T prototype{};
-    if (count > 0) modules_.reserve(static_cast<std::size_t>(kMaxUnitsPerModel));
-    modules_.resize(count > 0 ? static_cast<std::size_t>(count) : 0, prototype);
+    const std::size_t wanted = count > 0 ? static_cast<std::size_t>(count) : 0;
+    // Room for every unit a model can have comes with the first, so that a unit joining mid-flight
+    // does not move even the pointers.
+    if (wanted > 0) modules_.reserve(static_cast<std::size_t>(kMaxUnitsPerModel));
+    if (wanted < modules_.size()) modules_.resize(wanted);
+    while (modules_.size() < wanted) modules_.push_back(std::make_unique<T>());
   }
 
   std::int32_t Size() const override { return static_cast<std::int32_t>(modules_.size()); }
@@ -69,10 +73,10 @@ class ModuleVector final : public ModuleContainer {
  private:
   T* Find(std::int32_t index) {
     if (index < 0 || index >= Size()) return nullptr;
-    return &modules_[static_cast<std::size_t>(index)];
+    return modules_[static_cast<std::size_t>(index)].get();
   }
 
-  std::vector<T> modules_;
+  std::vector<std::unique_ptr<T>> modules_;
 };
 
 // The factory a model table entry names: MakeModuleVector<GFP8_Module>.

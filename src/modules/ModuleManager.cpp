@@ -5,6 +5,7 @@
 #include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
 #include "base/Log.h"
+#include "modules/ModuleState.h"
 
 namespace drav {
 
@@ -139,9 +140,6 @@ bool DrainQueue(InputEventQueue& queue, const ModuleManager& manager) {
 
 bool DrainQueue(InputEventQueue& queue) { return DrainQueue(queue, TheModuleManager()); }
 
-ModuleManager& TheModuleManager() {
-  static ModuleManager manager;
-  return manager;
-}
+ModuleManager& TheModuleManager() { return CurrentModuleState().manager; }
 
 }  // namespace drav

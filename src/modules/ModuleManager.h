@@ -72,7 +72,7 @@ bool DrainQueue(InputEventQueue& queue, const ModuleManager& manager);
 // The same with the plug-in's manager.
 bool DrainQueue(InputEventQueue& queue);
 
-// The plug-in's one manager, built on the production table.
+// The running plug-in's manager (ModuleState), built on the production table.
 ModuleManager& TheModuleManager();
 
 }  // namespace drav

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "XPLMDataAccess.h"
+#include "modules/ModuleState.h"
 
 namespace drav {
 
@@ -15,36 +16,22 @@ constexpr int kMaxEngines = 16;
 constexpr float kN1PerPowerUnit = 15.0f;
 constexpr double kPowerThreshold = 0.1;
 
-struct PowerDatarefs {
-  bool lookedUp = false;
-  XPLMDataRef electricalFailure = nullptr;
-  XPLMDataRef batteryVolts = nullptr;
-  XPLMDataRef batteryOn = nullptr;
-  XPLMDataRef avionicsOn = nullptr;
-  XPLMDataRef generatorOn = nullptr;
-  XPLMDataRef engineType = nullptr;
-  XPLMDataRef engineCount = nullptr;
-  XPLMDataRef engineN1 = nullptr;
-};
-
-// Main thread only, like every reader of simulator data.
-PowerDatarefs gPower;
-
 // Each handle is looked up once, also when the dataref does not exist: a missing one stays null
 // and its test is skipped, without asking the simulator again every frame.
 const PowerDatarefs& Datarefs() {
-  if (!gPower.lookedUp) {
-    gPower.electricalFailure = XPLMFindDataRef("sim/operation/failures/rel_esys");
-    gPower.batteryVolts = XPLMFindDataRef("sim/flightmodel/engine/ENGN_bat_volt");
-    gPower.batteryOn = XPLMFindDataRef("sim/cockpit/electrical/battery_on");
-    gPower.avionicsOn = XPLMFindDataRef("sim/cockpit/electrical/avionics_on");
-    gPower.generatorOn = XPLMFindDataRef("sim/cockpit/electrical/generator_on");
-    gPower.engineType = XPLMFindDataRef("sim/aircraft/prop/acf_en_type");
-    gPower.engineCount = XPLMFindDataRef("sim/aircraft/engine/acf_num_engines");
-    gPower.engineN1 = XPLMFindDataRef("sim/flightmodel/engine/ENGN_N1_");
-    gPower.lookedUp = true;
+  PowerDatarefs& power = CurrentModuleState().power;
+  if (!power.lookedUp) {
+    power.electricalFailure = XPLMFindDataRef("sim/operation/failures/rel_esys");
+    power.batteryVolts = XPLMFindDataRef("sim/flightmodel/engine/ENGN_bat_volt");
+    power.batteryOn = XPLMFindDataRef("sim/cockpit/electrical/battery_on");
+    power.avionicsOn = XPLMFindDataRef("sim/cockpit/electrical/avionics_on");
+    power.generatorOn = XPLMFindDataRef("sim/cockpit/electrical/generator_on");
+    power.engineType = XPLMFindDataRef("sim/aircraft/prop/acf_en_type");
+    power.engineCount = XPLMFindDataRef("sim/aircraft/engine/acf_num_engines");
+    power.engineN1 = XPLMFindDataRef("sim/flightmodel/engine/ENGN_N1_");
+    power.lookedUp = true;
   }
-  return gPower;
+  return power;
 }
 
 int ReadInt(XPLMDataRef ref) { return ref != nullptr ? XPLMGetDatai(ref) : 0; }
@@ -95,7 +82,5 @@ bool HasPanelPower(bool checkAvionics) {
   }
   return static_cast<double>(sum) > kPowerThreshold;
 }
-
-void ResetPanelPowerLookups() { gPower = PowerDatarefs{}; }
 
 }  // namespace drav

@@ -2,14 +2,25 @@
 // outputs, so the panels go dark with the aircraft.
 #pragma once
 
+#include "XPLMDataAccess.h"
+
 namespace drav {
+
+// The simulator's data the test reads, looked up once per plug-in start (ModuleState).
+struct PowerDatarefs {
+  bool lookedUp = false;
+  XPLMDataRef electricalFailure = nullptr;
+  XPLMDataRef batteryVolts = nullptr;
+  XPLMDataRef batteryOn = nullptr;
+  XPLMDataRef avionicsOn = nullptr;
+  XPLMDataRef generatorOn = nullptr;
+  XPLMDataRef engineType = nullptr;
+  XPLMDataRef engineCount = nullptr;
+  XPLMDataRef engineN1 = nullptr;
+};
 
 // Display modules ask with checkAvionics true (they also need the avionics bus), light-only
 // modules with false. Main thread only: it reads simulator data.
 bool HasPanelPower(bool checkAvionics);
-
-// Forgets the dataref handles so that the next HasPanelPower looks them up again: a fresh simulator
-// (plug-in restart, each test) invalidates the old ones.
-void ResetPanelPowerLookups();
 
 }  // namespace drav

@@ -13,6 +13,7 @@
 #include "plugin/TakeoverDatarefs.h"
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleState.h"
 
 namespace drav {
 
@@ -34,9 +35,9 @@ float InputFlightLoop(float, float, int, void*) {
 }
 
 float UpdateFlightLoop(float, float, int, void*) {
-  if (ModulesInitialised == 0) {
+  if (!CurrentModuleState().modulesInitialised) {
     LoadAllAssignments();
-    ModulesInitialised = 1;
+    CurrentModuleState().modulesInitialised = true;
     SetSplashText();
   } else {
     TheModuleManager().RefreshAll();
@@ -68,7 +69,7 @@ void AddArrivedUnit(std::uint32_t moduleType, std::uint32_t unit) {
   }
   SimLogFormat("panel plugged in: %s Unit %u.", ModelName(moduleType), static_cast<unsigned>(unit) + 1);
   GF_Abstract_Module* module = nullptr;
-  if (ModulesInitialised == 0 || manager.FindModule(moduleType, unit, &module) != 1) return;
+  if (!CurrentModuleState().modulesInitialised || manager.FindModule(moduleType, unit, &module) != 1) return;
   LoadUnitAssignments(moduleType, unit);
   module->UpdateOutputs();
 }
@@ -82,7 +83,7 @@ void ShowArrivedUnit(std::uint32_t moduleType, std::int32_t unit) {
     AddArrivedUnit(moduleType, static_cast<std::uint32_t>(unit));
     return;
   }
-  if (ModulesInitialised == 0) return;
+  if (!CurrentModuleState().modulesInitialised) return;
   module->Register(static_cast<std::uint16_t>(unit));
   module->SetDisplay();
 }

@@ -8,6 +8,7 @@
 #include "base/HostState.h"
 #include "base/OptionalXplmApi.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleState.h"
 #include "modules/ModuleRegistry.h"
 #include "ui/AssignDialog.h"
 
@@ -18,8 +19,8 @@ namespace {
 // The GF-MCPPro's defaults depend on the x737 mode, and the dialog shows it as available or not, so
 // both are brought up to date.
 void SwitchX737Mcp(int on) {
-  X737Mode = on;
-  X737McpDirect = on;
+  CurrentHostFlags().x737Mode = on;
+  CurrentHostFlags().x737McpDirect = on;
   if (LoadOptionalXplmApi()) ResolveX737McpCommands();
   CloseAssignDialog();
   LoadTypeAssignments(kModuleGFMCPPro);
@@ -40,7 +41,7 @@ void TellModulesAircraftLoaded() {
 }
 
 void UserAircraftLoaded() {
-  ModulesInitialised = 0;  // the next refresh tick reloads every assignment, from the new aircraft's profile
+  CurrentModuleState().modulesInitialised = false;  // the next refresh tick reloads every assignment, from the new aircraft's profile
   RefreshAircraftProfile();
   RefreshAssignDialog();  // an open dialog shows where the new aircraft's assignments come from
   TellModulesAircraftLoaded();

@@ -24,12 +24,10 @@
 #include "plugin/TakeoverDatarefs.h"
 #include "modules/DeviceInput.h"
 #include "modules/ModuleManager.h"
-#include "modules/ModulePanelDirectory.h"
+#include "modules/ModuleState.h"
 #include "hid/ModuleTypes.h"
 #include "functions/DisplayBrightness.h"
-#include "modules/GearPanel.h"
 #include "ui/AssignDialog.h"
-#include "modules/PanelPower.h"
 #include "config/Assignments.h"
 #include "config/UnitNumbers.h"
 #include "plugin/PluginActions.h"
@@ -50,16 +48,13 @@ void* gModuleInstance = nullptr;  // the DLL's instance handle on Windows (Plugi
 std::unique_ptr<PluginContext> gContext;
 bool gPanelsRunning = false;      // between the device layer's start at enable and its stop
 
-// How the function layer reaches the radios and counts units: through the plug-in's manager.
-const ModulePanelDirectory gPanelDirectory{TheModuleManager()};
-
 // The device layer and the module objects for the units it finds.
 void StartPanels() {
   GFDev_SetUnitNumberMemory(&TheUnitNumberMemory());
   GFDev_Start(gModuleInstance);
   GFDev_SetUnitReturnHandler(ShowArrivedUnit);
   TheModuleManager().CreateModules();
-  GFDev_RegisterInputCallback(OnDeviceInput);
+  ReceiveDeviceInput();
   if (gDebug.DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();
   gPanelsRunning = true;
 }
@@ -103,7 +98,7 @@ void RescanPanels() {
   StartPanels();
   ReportUnitsFound();
   // Before the first refresh tick the assignments are not loaded yet; that tick loads them all.
-  if (ModulesInitialised == 1) {
+  if (CurrentModuleState().modulesInitialised) {
     LoadAllAssignments();
     TheModuleManager().RefreshAll();
   }
@@ -116,11 +111,8 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   gContext.reset();  // a start without a stop before it begins from nothing all the same
   gContext = std::make_unique<PluginContext>();
   ResetHostState();
-  ClearCommandTables();
-  ResetPanelPowerLookups();
-  ResetGearLightLookups();  // a restart in the same process looks the gear datarefs up again
   ResetDisplayBrightnessLevel();
-  SetPanelDirectory(&gPanelDirectory);
+  SetPanelDirectory(&CurrentModuleState().panelDirectory);
   XPLMGetVersions(&gSimulatorVersions.xplaneVersion, &gSimulatorVersions.xplmVersion,
                   &gSimulatorVersions.hostId);
   std::snprintf(outName, kEntryBufferSize, "%s", kPluginName);
@@ -158,7 +150,7 @@ int PluginEnable() {
   RegisterFlightLoops();
   if (LoadOptionalXplmApi()) ResolveEngineAndAnnunciatorCommands();
   RegisterPluginCommands();
-  if (ModulesInitialised == 1) TheModuleManager().RefreshAll();
+  if (CurrentModuleState().modulesInitialised) TheModuleManager().RefreshAll();
   return 1;
 }
 

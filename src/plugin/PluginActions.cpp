@@ -7,6 +7,7 @@
 #include "plugin/PluginMenu.h"
 #include "base/Settings.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleState.h"
 #include "ui/AssignDialog.h"
 
 namespace drav {
@@ -28,7 +29,7 @@ void ReloadConfiguration() {
   ReadGlobalSettings();
   LogLine("DRAV.INI reloaded");
   // Before the first refresh tick nothing is loaded yet, and that tick reads the file anyway.
-  if (PanelsRunning() && ModulesInitialised == 1) {
+  if (PanelsRunning() && CurrentModuleState().modulesInitialised) {
     LoadAllAssignments();
     TheModuleManager().RefreshAll();
   }

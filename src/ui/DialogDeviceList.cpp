@@ -29,9 +29,10 @@ DialogUnitCounts CurrentDialogUnitCounts() {
 
 DeviceLabelContext CurrentDeviceLabelContext() {
   DeviceLabelContext context;
-  context.efisDisabled = EfisDisabled != 0;
-  context.x737McpDirect = X737McpDirect != 0;
-  context.mcpProDisabled = McpProDisabled != 0;
+  const HostFlags& flags = CurrentHostFlags();
+  context.efisDisabled = flags.efisDisabled != 0;
+  context.x737McpDirect = flags.x737McpDirect != 0;
+  context.mcpProDisabled = flags.mcpProDisabled != 0;
   context.xplaneVersion = gSimulatorVersions.xplaneVersion;
   return context;
 }

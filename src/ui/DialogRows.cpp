@@ -28,7 +28,8 @@ constexpr FixedList kFixedLists[] = {
 }  // namespace
 
 DialogRowContext CurrentDialogRowContext() {
-  return {X737Mode != 0, McpProDisabled != 0, EfisDisabled != 0};
+  const HostFlags& flags = CurrentHostFlags();
+  return {flags.x737Mode != 0, flags.mcpProDisabled != 0, flags.efisDisabled != 0};
 }
 
 DialogModelRows RowsForModel(std::uint32_t moduleType, const DialogRowContext& context) {

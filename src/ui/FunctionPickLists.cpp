@@ -64,7 +64,7 @@ constexpr AvionicListRow kAvionicLists[] = {
 PickListContext CurrentPickListContext() {
   const ModuleManager& manager = TheModuleManager();
   PickListContext context;
-  context.x737Mode = X737Mode != 0;
+  context.x737Mode = CurrentHostFlags().x737Mode != 0;
   context.gf166Units = manager.UnitCount(kModuleGF166);
   context.gf45Units = manager.UnitCount(kModuleGF45);
   context.gf46Units = manager.UnitCount(kModuleGF46);

@@ -19,6 +19,7 @@
 #include "hid/GFDev.h"
 #include "hid/ModelTable.h"
 #include "hid/backend/VirtualHidBackend.h"
+#include "plugin/PluginContext.h"
 
 namespace {
 
@@ -90,6 +91,7 @@ void SendAndWait(VirtualHidBackend& panels, std::uint32_t moduleType, std::vecto
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  PluginContext context;  // each input meets a device layer of its own, as a plug-in start would make
   FuzzedDataProvider input(data, size);
   const std::uint32_t moduleType = input.ConsumeIntegralInRange<std::uint32_t>(1, 19);
   const PanelModel* model = FindPanelModel(moduleType);

@@ -6,6 +6,9 @@ namespace drav {
 
 namespace {
 
+// The process's seam to the system, not the plug-in's state: dravsim and the tests install their
+// panels before the plug-in starts, and the same panels stay plugged in across a stop and a start,
+// as real ones do. So it lives outside the plug-in's context, which a start makes afresh.
 std::unique_ptr<HidBackend>& BackendSlot() {
   static std::unique_ptr<HidBackend> backend;
   return backend;

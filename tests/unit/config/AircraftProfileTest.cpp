@@ -26,7 +26,6 @@ class AircraftProfileTest : public drav_test::PluginFolderTest {
   }
   void TearDown() override {
     sim::SimHost::Current().Reset({});
-    drav::RefreshAircraftProfile();  // later tests start without this folder's aircraft
     PluginFolderTest::TearDown();
   }
 

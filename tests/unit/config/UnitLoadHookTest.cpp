@@ -66,10 +66,6 @@ class UnitLoadHookTest : public drav_test::PluginFolderTest {
     manager_.CreateModules();
     SetAssignmentModuleManager(&manager_);
   }
-  void TearDown() override {
-    SetAssignmentModuleManager(nullptr);
-    PluginFolderTest::TearDown();
-  }
 
   RecordingPanel& Panel(std::uint32_t type, std::uint32_t unit) {
     GF_Abstract_Module* module = nullptr;

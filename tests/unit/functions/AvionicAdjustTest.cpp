@@ -106,7 +106,6 @@ class AvionicAdjustTest : public ::testing::Test {
   }
 
   static void ResetGlobals() {
-    X737Mode = 0;
     gSettings = GlobalSettings{};
     gSimulatorVersions = SimulatorVersions{};
     DisplayBrightnessLevel = 8;
@@ -141,7 +140,7 @@ class AvionicAdjustTest : public ::testing::Test {
   }
 
   static double Turn(const TurnCase& c) {
-    X737Mode = c.x737 ? 1 : 0;
+    CurrentHostFlags().x737Mode = c.x737 ? 1 : 0;
     EnsureDataref(c.path, sim::DatarefType::Float);
     if (c.flagPath != nullptr) {
       EnsureDataref(c.flagPath, sim::DatarefType::Int);

@@ -27,11 +27,9 @@ class FunctionTest : public ::testing::Test {
     root_ = std::filesystem::temp_directory_path() /
             ("drav-functions-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
     host().Reset(root_);
-    X737Mode = 0;
   }
 
   void TearDown() override {
-    X737Mode = 0;
     SetPanelDirectory(nullptr);
     host().Reset({});
     std::error_code ignored;

@@ -11,6 +11,7 @@
 
 #include "VirtualPanels.h"
 #include "hid/DeviceClasses.h"
+#include "hid/HidState.h"
 
 namespace drav {
 namespace {
@@ -77,7 +78,7 @@ class DeviceObjectTest : public ::testing::Test {
   std::unique_ptr<DeviceObject> Make(std::uint32_t moduleType, std::uint16_t version = 0x0100,
                                      std::string serial = {}) {
     EXPECT_TRUE(panels_.Plug(path_, SpecOf(moduleType, version, std::move(serial))));
-    return std::make_unique<DeviceObject>(*FindDeviceClass(moduleType), counting_, path_);
+    return std::make_unique<DeviceObject>(*FindDeviceClass(moduleType), counting_, CurrentHidState().input, path_);
   }
   void Queue(DeviceObject& object, Bytes report, ReportKind kind = ReportKind::Feature) {
     ASSERT_TRUE(object.Enqueue(report, kind));
@@ -291,14 +292,14 @@ TEST_F(DeviceObjectTest, SerialNumberOnlyForTheModelsThatAskAndEmptyWhenItFails)
 
   const std::string other = "/dev/virtual/unit1";
   ASSERT_TRUE(panels_.Plug(other, SpecOf(2, 0x0100, "P8-SERIAL")));
-  DeviceObject p8(*FindDeviceClass(2), counting_, other);
+  DeviceObject p8(*FindDeviceClass(2), counting_, CurrentHidState().input, other);
   p8.Open();
   EXPECT_EQ(p8.SerialNumber(), "");
 
   const std::string longSerial(40, 'X');
   const std::string third = "/dev/virtual/unit2";
   ASSERT_TRUE(panels_.Plug(third, SpecOf(15, 0x0100, longSerial)));
-  DeviceObject fmc(*FindDeviceClass(15), counting_, third);
+  DeviceObject fmc(*FindDeviceClass(15), counting_, CurrentHidState().input, third);
   fmc.Open();
   EXPECT_EQ(fmc.SerialNumber(), std::string(kMaxSerialNumberLength, 'X'));
 }
@@ -332,7 +333,7 @@ TEST_F(DeviceObjectTest, ABatchWakesEachUnitOnceWhenItEndsAndLosesNothing) {
   auto first = Make(8);  // GF-46
   const std::string secondPath = "/dev/virtual/unit1";
   ASSERT_TRUE(panels_.Plug(secondPath, SpecOf(8)));
-  auto second = std::make_unique<DeviceObject>(*FindDeviceClass(8), counting_, secondPath);
+  auto second = std::make_unique<DeviceObject>(*FindDeviceClass(8), counting_, CurrentHidState().input, secondPath);
   first->Open();
   second->Open();
   const std::uint64_t firstBefore = first->ReportWakeUps();
@@ -374,7 +375,7 @@ TEST_F(DeviceObjectTest, AUnitThatGoesAwayDuringABatchIsLeftOutOfItsEnd) {
   auto add = [&] {
     const std::string path = "/dev/virtual/unit" + std::to_string(units.size() + 1);
     EXPECT_TRUE(panels_.Plug(path, SpecOf(8)));
-    units.push_back(std::make_unique<DeviceObject>(*FindDeviceClass(8), counting_, path));
+    units.push_back(std::make_unique<DeviceObject>(*FindDeviceClass(8), counting_, CurrentHidState().input, path));
     units.back()->Open();
     return units.back().get();
   };

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "VirtualPanels.h"
+#include "hid/DeviceObject.h"
+#include "plugin/PluginContext.h"
 
 namespace drav {
 namespace {
@@ -12,6 +14,28 @@ using Bytes = std::vector<std::uint8_t>;
 constexpr std::uint32_t kGF46 = 8, kGFMCP = 6, kGFP8 = 2, kGFWCP = 18, kGFDIO = 19, kGFLGT2 = 11;
 
 class DiscoveryTest : public testing::VirtualPanelsTest {};
+
+// The layer's state belongs to the plug-in's context: a context made inside another (a plug-in
+// started within a test) begins with no units and the short feature-read wait, and gives the outer
+// one's layer back as it found it, still handing its units' input to its callback.
+TEST_F(DiscoveryTest, AContextHasADeviceLayerOfItsOwn) {
+  const std::string path = Plug(kGFP8, "/dev/v/p8");
+  StartLayer();
+  ASSERT_EQ(GFDev_GFP8_Count(), 1);
+  const std::chrono::milliseconds outerWait = FeatureReadWait();
+  {
+    PluginContext inner;
+    EXPECT_EQ(GFDev_GFP8_Count(), 0);
+    EXPECT_EQ(GFDev_UnitPath(kGFP8, 0), "");
+    EXPECT_EQ(FeatureReadWait(), std::chrono::milliseconds(3));
+    SetFeatureReadWait(std::chrono::seconds(5));
+  }
+  EXPECT_EQ(GFDev_GFP8_Count(), 1);
+  EXPECT_EQ(GFDev_UnitPath(kGFP8, 0), "/DEV/V/P8");
+  EXPECT_EQ(FeatureReadWait(), outerWait);
+  SendInputAndWait(kGFP8, 0, path, {0, 0x01});
+  EXPECT_EQ(CallbackRecorder::Instance().Count(), 1u);
+}
 
 // Two units last seen at one port (behind a hub that reports one location): the serial decides which
 // of them came back, whatever path each gets now.

@@ -44,10 +44,6 @@ class UnitNumberingTest : public testing::VirtualPanelsTest {
     VirtualPanelsTest::SetUp();
     GFDev_SetUnitNumberMemory(&memory_);
   }
-  void TearDown() override {
-    VirtualPanelsTest::TearDown();
-    GFDev_SetUnitNumberMemory(nullptr);
-  }
   MapMemory memory_;
 };
 

@@ -67,13 +67,15 @@ class ModuleManagerTest : public ::testing::Test {
 
 TEST_F(ModuleManagerTest, GrowingKeepsTheExistingObjectsAndAddsFreshOnes) {
   Sized(1, 0, 0);
-  Find<P8Like>(kModuleGFP8, 0)->marker = 42;
+  P8Like* first = Find<P8Like>(kModuleGFP8, 0);
+  first->marker = 42;
   Sized(3, 0, 0);
   ASSERT_EQ(manager.UnitCount(kModuleGFP8), 3);
-  EXPECT_EQ(Find<P8Like>(kModuleGFP8, 0)->marker, 42);
+  EXPECT_EQ(Find<P8Like>(kModuleGFP8, 0), first);
+  EXPECT_EQ(first->marker, 42);
   EXPECT_EQ(Find<P8Like>(kModuleGFP8, 1)->marker, 0);
   EXPECT_EQ(Find<P8Like>(kModuleGFP8, 2)->marker, 0);
-  EXPECT_EQ(P8Like::live, 3);  // the prototype is gone again
+  EXPECT_EQ(P8Like::live, 3);  // no object made on the way is left over
 }
 
 // A unit that joins mid-flight gets its object while the others are in use: nobody moves (a bound
@@ -231,12 +233,28 @@ TEST_F(DeviceInputTest, ModelWithItsOwnDecoderNeverReachesGetButton) {
   EXPECT_EQ(dio->getButtonCalls, 0);
 }
 
-TEST_F(DeviceInputTest, PluginCallbackIgnoresInputBeforeAnyModuleExists) {
-  const std::int32_t pendingBefore = TheInputQueue().pending.load();
+// The plug-in's receiver, connected to the device layer as the plug-in connects it at enable.
+TEST_F(DeviceInputTest, PluginReceiverIgnoresInputBeforeAnyModuleExists) {
+  ReceiveDeviceInput();
   const ScriptedRecord press{0, 1};
-  EXPECT_EQ(OnDeviceInput(kModuleGFP8, 31, &press), 1);
-  EXPECT_EQ(OnDeviceInput(kModuleGFP8, 0, nullptr), 1);
-  EXPECT_EQ(TheInputQueue().pending.load(), pendingBefore);
+  EXPECT_TRUE(GFDev_DeliverInput(kModuleGFP8, 31, &press));
+  EXPECT_TRUE(GFDev_DeliverInput(kModuleGFP8, 0, nullptr));
+  EXPECT_EQ(TheInputQueue().pending.load(), 0);
+}
+
+// A receiver leaves the layer when it goes, so that no read thread calls into a manager and a
+// queue that are gone; what the layer delivers afterwards reaches no one and is not refused.
+TEST_F(DeviceInputTest, AReceiverLeavesTheDeviceLayerWhenItGoes) {
+  Sized(1, 0, 0);
+  for (std::int32_t i = 0; i < kInputQueueCapacity; ++i) PushInputEvent(queue, kModuleGFP8, 0, 7, i);
+  const ScriptedRecord press{0, 1};
+  {
+    DeviceInputReceiver receiver(manager, queue);
+    receiver.Connect();
+    EXPECT_FALSE(GFDev_DeliverInput(kModuleGFP8, 0, &press)) << "the full queue refuses it";
+  }
+  EXPECT_TRUE(GFDev_DeliverInput(kModuleGFP8, 0, &press));
+  EXPECT_EQ(Find<P8Like>(kModuleGFP8, 0)->getButtonCalls, 0);
 }
 
 }  // namespace

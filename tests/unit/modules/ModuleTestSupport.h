@@ -27,12 +27,6 @@ template <std::uint32_t Type>
 class TestModule : public drav::GF_Abstract_Module {
  public:
   TestModule() { ++live; }
-  TestModule(const TestModule& other)
-      : GF_Abstract_Module(other), marker(other.marker), handled(other.handled),
-        getButtonCalls(other.getButtonCalls), clearDisplayCalls(other.clearDisplayCalls) {
-    ++live;
-  }
-  TestModule& operator=(const TestModule&) = default;
   ~TestModule() override { --live; }
 
   void SetDisplay() override {}
