@@ -9,7 +9,6 @@ int X737Mode = 0;
 int X737McpDirect = 0;
 int McpProDisabled = 0;
 int EfisDisabled = 0;
-XPLMDataRef gMetricPressDataref = nullptr;
 
 void ResetHostState() {
   gSimulatorVersions = {};
@@ -19,7 +18,6 @@ void ResetHostState() {
   X737McpDirect = 0;
   McpProDisabled = 0;
   EfisDisabled = 0;
-  gMetricPressDataref = nullptr;
 }
 
 }  // namespace drav

@@ -29,9 +29,6 @@ extern int X737McpDirect;
 extern int McpProDisabled;
 extern int EfisDisabled;
 
-// "sim/physics/metric_press", found once at start for the display formatting.
-extern XPLMDataRef gMetricPressDataref;
-
 // A plug-in that is started again in the same process (after a stop) begins from a fresh load.
 void ResetHostState();
 

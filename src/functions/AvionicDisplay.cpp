@@ -17,6 +17,7 @@
 #include "functions/DatarefBinding.h"
 #include "functions/DisplayBrightness.h"
 #include "functions/FunctionObjects.h"
+#include "functions/FunctionState.h"
 #include "base/HostState.h"
 
 namespace drav {
@@ -52,7 +53,8 @@ std::int32_t TruncatedValue(double value) {
 
 // A missing handle counts as "inches", the simulator's own unit.
 bool MetricPressureSelected() {
-  return gMetricPressDataref != nullptr && XPLMGetDatai(gMetricPressDataref) != 0;
+  const XPLMDataRef metricPress = CurrentFunctionState().metricPress;
+  return metricPress != nullptr && XPLMGetDatai(metricPress) != 0;
 }
 
 // ---- value to text ------------------------------------------------------------------------------
@@ -139,7 +141,7 @@ void FormatAltimeter(AvionicFunction& function, float value) {
 void FormatBrightness(AvionicFunction& function, float /*value*/) {
   RefreshDisplayBrightnessLevel();
   ScratchLine line;
-  std::snprintf(line, sizeof line, "  %2d", DisplayBrightnessLevel);
+  std::snprintf(line, sizeof line, "  %2d", GetDisplayBrightnessLevel());
   ShowText(function, line);
 }
 

@@ -138,7 +138,7 @@ void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
   }
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GFMCPPro_Module::Register - SwitchState", switches & 0xFFFFu);
 
-  GFDev_GFMCPPro_SetBrightness(unit, static_cast<std::uint16_t>(DisplayBrightnessLevel));
+  GFDev_GFMCPPro_SetBrightness(unit, static_cast<std::uint16_t>(GetDisplayBrightnessLevel()));
 
   if (X737McpDirect != 0) {
     SyncX737Switches(switches);

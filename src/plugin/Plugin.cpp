@@ -24,9 +24,8 @@
 #include "plugin/TakeoverDatarefs.h"
 #include "modules/DeviceInput.h"
 #include "modules/ModuleManager.h"
-#include "modules/ModulePanelDirectory.h"
 #include "hid/ModuleTypes.h"
-#include "functions/DisplayBrightness.h"
+#include "functions/FunctionState.h"
 #include "modules/GearPanel.h"
 #include "ui/AssignDialog.h"
 #include "modules/PanelPower.h"
@@ -49,9 +48,6 @@ void* gModuleInstance = nullptr;  // the DLL's instance handle on Windows (Plugi
 // Everything the plug-in keeps, from XPluginStart to XPluginStop: the one owner of its state.
 std::unique_ptr<PluginContext> gContext;
 bool gPanelsRunning = false;      // between the device layer's start at enable and its stop
-
-// How the function layer reaches the radios and counts units: through the plug-in's manager.
-const ModulePanelDirectory gPanelDirectory{TheModuleManager()};
 
 // The device layer and the module objects for the units it finds.
 void StartPanels() {
@@ -119,8 +115,7 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   ClearCommandTables();
   ResetPanelPowerLookups();
   ResetGearLightLookups();  // a restart in the same process looks the gear datarefs up again
-  ResetDisplayBrightnessLevel();
-  SetPanelDirectory(&gPanelDirectory);
+  CurrentFunctionState().panelDirectory = &CurrentPluginState().panelDirectory;
   XPLMGetVersions(&gSimulatorVersions.xplaneVersion, &gSimulatorVersions.xplmVersion,
                   &gSimulatorVersions.hostId);
   std::snprintf(outName, kEntryBufferSize, "%s", kPluginName);
@@ -128,7 +123,7 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   std::snprintf(outDescription, kEntryBufferSize, "%s", kPluginDescription);
   BuildPluginMenu();
   PublishCustomDatarefs();
-  gMetricPressDataref = XPLMFindDataRef("sim/physics/metric_press");
+  CurrentFunctionState().metricPress = XPLMFindDataRef("sim/physics/metric_press");
   RegisterTakeoverDatarefs();
   ResetSimLog();
   SimLogFormat("starting %s", kPluginDescription);
@@ -147,7 +142,7 @@ void PluginStop() {
   CloseAssignDialog();  // its widgets belong to this load; a later start must find it closed
   DestroySplashWindow();
   UnregisterTakeoverDatarefs();
-  SetPanelDirectory(nullptr);
+  WithdrawCustomDatarefs();
   gContext.reset();
 }
 

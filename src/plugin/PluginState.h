@@ -3,10 +3,15 @@
 #pragma once
 
 #include "base/ContextSlot.h"
+#include "modules/ModuleManager.h"
+#include "modules/ModulePanelDirectory.h"
 
 namespace drav {
 
 struct PluginState {
+  // How the function layer reaches the radios and counts units: through the plug-in's manager.
+  // Handed to the function layer's state at start.
+  ModulePanelDirectory panelDirectory{TheModuleManager()};
 };
 
 inline PluginState& CurrentPluginState() { return ContextSlot<PluginState>::Current(); }

@@ -109,7 +109,6 @@ class AvionicAdjustTest : public ::testing::Test {
     X737Mode = 0;
     gSettings = GlobalSettings{};
     gSimulatorVersions = SimulatorVersions{};
-    DisplayBrightnessLevel = 8;
   }
 
   static sim::SimHost& host() { return sim::SimHost::Current(); }
@@ -644,11 +643,11 @@ class DisplayBrightnessTest : public AvionicAdjustTest, public ::testing::WithPa
 
 TEST_P(DisplayBrightnessTest, SetsTheSharedLevel) {
   const LevelCase& c = GetParam();
-  DisplayBrightnessLevel = c.start;  // no panel is connected to read a level from
+  SetDisplayBrightnessLevel(c.start);  // no panel is connected to read a level from
   AvionicFunction* level = Build(70);
   host().ClearEvents();
   AdjustAvionicFunction(level, c.outer, c.inner, kModuleGF46);
-  EXPECT_EQ(DisplayBrightnessLevel, c.expected);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), c.expected);
   EXPECT_TRUE(host().Events().empty()) << "the level is no simulator value";
 }
 
@@ -660,7 +659,6 @@ INSTANTIATE_TEST_SUITE_P(Levels, DisplayBrightnessTest,
                          [](const ::testing::TestParamInfo<LevelCase>& info) { return std::string(info.param.name); });
 
 TEST_F(AvionicAdjustTest, DisplayBrightnessTextWaitsForTheNextRefresh) {
-  DisplayBrightnessLevel = 8;
   AvionicFunction* level = Build(70);
   AdjustAvionicFunction(level, 0, 3, kModuleGF46);
   EXPECT_STREQ(level->text, "   8") << "the adjustment formats before the change, not after";
