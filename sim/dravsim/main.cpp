@@ -11,6 +11,7 @@
 
 #include "dravsim/DravPlugin.h"
 #include "dravsim/DravsimApp.h"
+#include "plugin/PluginContext.h"
 
 int main(int argc, char** argv) {
   const std::vector<std::string_view> args(argv + 1, argv + argc);
@@ -33,5 +34,9 @@ int main(int argc, char** argv) {
   // Colour only for a person at a terminal that wants it (NO_COLOR is the common opt-out).
   const bool colour = isatty(STDOUT_FILENO) != 0 && std::getenv("NO_COLOR") == nullptr;
   const dravsim::DravsimIo io{std::cin, std::cout, isatty(STDIN_FILENO) != 0, colour};
+  // A scenario may look at the plug-in (is its dialog open?) before XPluginStart or after
+  // XPluginStop, when the simulator holds no plug-in context: it then sees this empty one, as a
+  // plug-in that is not running would show. The plug-in's own context is made inside it at start.
+  const drav::PluginContext notRunning;
   return dravsim::RunDravsim(*options, io, dravsim::DravPluginEntryPoints());
 }
