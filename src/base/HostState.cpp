@@ -4,7 +4,6 @@ namespace drav {
 
 SimulatorVersions gSimulatorVersions;
 int ModulesInitialised = 0;
-int SplashTickCount = 0;
 int X737Mode = 0;
 int X737McpDirect = 0;
 int McpProDisabled = 0;
@@ -13,7 +12,6 @@ int EfisDisabled = 0;
 void ResetHostState() {
   gSimulatorVersions = {};
   ModulesInitialised = 0;
-  SplashTickCount = 0;
   X737Mode = 0;
   X737McpDirect = 0;
   McpProDisabled = 0;

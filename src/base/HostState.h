@@ -16,8 +16,6 @@ extern SimulatorVersions gSimulatorVersions;
 
 // 1 once the assignments of every module type have been loaded from DRAV.INI.
 extern int ModulesInitialised;
-// Ticks of UpdateFlightLoop since the last enable, 0..6; the splash window closes on the seventh.
-extern int SplashTickCount;
 
 // Switched by the x737 aircraft's messages: its autopilot is driven through its own datarefs and
 // commands, and the GF-MCPPro gets x737 defaults.

@@ -5,6 +5,9 @@
 #include "base/ContextSlot.h"
 #include "modules/ModuleManager.h"
 #include "modules/ModulePanelDirectory.h"
+#include "plugin/PluginCommands.h"
+#include "plugin/SplashWindow.h"
+#include "plugin/TakeoverDatarefs.h"
 
 namespace drav {
 
@@ -12,6 +15,10 @@ struct PluginState {
   // How the function layer reaches the radios and counts units: through the plug-in's manager.
   // Handed to the function layer's state at start.
   ModulePanelDirectory panelDirectory{TheModuleManager()};
+  bool panelsRunning = false;  // between the device layer's start at enable and its stop
+  SplashWindowState splash;
+  TakeoverDatarefHandles takeoverDatarefs{};
+  RegisteredPluginCommands registeredCommands{};
 };
 
 inline PluginState& CurrentPluginState() { return ContextSlot<PluginState>::Current(); }
