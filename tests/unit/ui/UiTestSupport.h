@@ -1,5 +1,5 @@
-// A fresh simulator for every user-interface test, with the menu colours looked up anew and the
-// dialog closed afterwards, plus the helpers that read what the simulator's screen shows.
+// A fresh simulator for every user-interface test (its own context looks the menu colours up anew),
+// the dialog closed afterwards, and the helpers that read what the simulator's screen shows.
 #pragma once
 
 #include <gtest/gtest.h>
