@@ -2,11 +2,17 @@
 // (plugin/PluginContext.h) and reached through CurrentBaseState().
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "base/ContextSlot.h"
 
 namespace drav {
 
 struct BaseState {
+  // The Log.txt lines already told about DRAV.INI values that name nothing (Log.cpp); main thread
+  // only.
+  std::vector<std::string> toldValues;
 };
 
 inline BaseState& CurrentBaseState() { return ContextSlot<BaseState>::Current(); }

@@ -142,7 +142,6 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   PublishCustomDatarefs();
   CurrentFunctionState().metricPress = XPLMFindDataRef("sim/physics/metric_press");
   RegisterTakeoverDatarefs();
-  ResetSimLog();
   SimLogFormat("starting %s", kPluginDescription);
   ReadDebugSwitches();  // before the first log line, so the log works from the first line on
   InitLogPath();
