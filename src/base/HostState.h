@@ -1,8 +1,6 @@
-// Process-wide state of the plug-in host: the simulator's version, the lifecycle counters and the
+// Process-wide state of the plug-in host: the simulator's version, the lifecycle counter and the
 // flags that other plug-ins and the x737 messages switch. Written and read on the main thread only.
 #pragma once
-
-#include <XPLMDataAccess.h>
 
 namespace drav {
 

@@ -18,7 +18,6 @@
 #include "functions/DisplayBrightness.h"
 #include "functions/FunctionObjects.h"
 #include "functions/FunctionState.h"
-#include "base/HostState.h"
 
 namespace drav {
 namespace {

@@ -90,8 +90,6 @@ void ReportUnitsFound() {
   }
 }
 
-}  // namespace
-
 // What the simulator holds of this load (commands, datarefs, windows, widgets) is given back before
 // the context goes: their callbacks read it.
 void WithdrawFromSimulator() {
@@ -101,6 +99,8 @@ void WithdrawFromSimulator() {
   UnregisterTakeoverDatarefs();
   WithdrawCustomDatarefs();
 }
+
+}  // namespace
 
 bool PanelsRunning() { return PanelsRunningFlag(); }
 
