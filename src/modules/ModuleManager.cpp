@@ -50,6 +50,10 @@ void ModuleManager::SizeContainer(const ModelDescriptor& model) {
   if (container) container->Resize(count);
 }
 
+void ModuleManager::DestroyModules() {
+  for (std::unique_ptr<ModuleContainer>& container : containers_) container.reset();
+}
+
 const ModelDescriptor* ModuleManager::Descriptor(std::uint32_t moduleType) const {
   const auto model = std::find_if(models_.begin(), models_.end(),
                                   [&](const ModelDescriptor* entry) { return entry->Type() == moduleType; });

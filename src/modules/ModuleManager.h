@@ -30,6 +30,9 @@ class ModuleManager {
   // Main thread, while no input callback runs: the container grows to hold the unit, a newcomer
   // that joined mid-flight; nobody else moves or loses state. False for a type without container.
   bool AddModuleFor(std::uint32_t moduleType, std::uint32_t unit);
+  // Main thread, while no input callback runs: every module goes (they point into the function
+  // layer's state, which goes at a stop).
+  void DestroyModules();
 
   // The descriptor this manager builds the model's modules from; null for a type it has none for.
   const ModelDescriptor* Descriptor(std::uint32_t moduleType) const;

@@ -27,6 +27,7 @@
 #include "hid/ModuleTypes.h"
 #include "functions/FunctionState.h"
 #include "modules/GearPanel.h"
+#include "modules/GFRadioModule.h"
 #include "ui/AssignDialog.h"
 #include "modules/PanelPower.h"
 #include "config/Assignments.h"
@@ -100,6 +101,14 @@ void WithdrawFromSimulator() {
   WithdrawCustomDatarefs();
 }
 
+// The modules and the radios' shared function lists point into the function layer's state (its
+// avionic objects and custom bindings) but live outside the context: they go before it does.
+void ForgetModules() {
+  const GFDevInputHold hold;  // a stop without a disable leaves the input threads running
+  TheModuleManager().DestroyModules();
+  ResetSharedRadioFunctionLists();
+}
+
 }  // namespace
 
 bool PanelsRunning() { return PanelsRunningFlag(); }
@@ -125,7 +134,10 @@ void SetModuleInstance(void* instance) { gModuleInstance = instance; }
 
 int PluginStart(char* outName, char* outSignature, char* outDescription) {
   // A start without a stop before it begins from nothing all the same.
-  if (gContext != nullptr) WithdrawFromSimulator();
+  if (gContext != nullptr) {
+    WithdrawFromSimulator();
+    ForgetModules();
+  }
   gContext.reset();
   gContext = std::make_unique<PluginContext>();
   ResetHostState();
@@ -155,6 +167,7 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
 void PluginStop() {
   LogLine("--- LOGGING STOPPED ---");
   WithdrawFromSimulator();
+  ForgetModules();
   gContext.reset();
 }
 
