@@ -39,8 +39,9 @@ ScenarioResult ScenarioRunner::Run(std::string_view text, std::string_view name)
 }
 
 ScenarioResult ScenarioRunner::Run(LineSource& source, std::string_view name) {
-  // Scenario commands look at the device layer and the modules before XPluginStart and after
-  // XPluginStop too (waiting for the panels to go quiet after a stop, say). They see this context
+  // Scenario commands look at the plug-in (is its dialog open?), the device layer and the modules
+  // before XPluginStart and after XPluginStop too (waiting for the panels to go quiet after a stop,
+  // say). They see this context
   // then, and the plug-in's own in between, as a test sees its own around the plug-in's. The
   // plug-in is shut down below, before this context goes.
   drav::PluginContext outside;

@@ -2,6 +2,9 @@
 // (plugin/PluginContext.h) and reached through CurrentBaseState().
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "base/ContextSlot.h"
 #include "base/HostState.h"
 
@@ -9,6 +12,9 @@ namespace drav {
 
 struct BaseState {
   HostFlags host;
+  // The Log.txt lines already told about DRAV.INI values that name nothing (Log.cpp); main thread
+  // only.
+  std::vector<std::string> toldValues;
 };
 
 inline BaseState& CurrentBaseState() { return ContextSlot<BaseState>::Current(); }

@@ -1,8 +1,6 @@
-// Process-wide state of the plug-in host: the simulator's version, the lifecycle counters and the
+// Process-wide state of the plug-in host: the simulator's version, the lifecycle counter and the
 // flags that other plug-ins and the x737 messages switch. Written and read on the main thread only.
 #pragma once
-
-#include <XPLMDataAccess.h>
 
 namespace drav {
 
@@ -14,8 +12,6 @@ struct SimulatorVersions {
 
 extern SimulatorVersions gSimulatorVersions;
 
-// Ticks of UpdateFlightLoop since the last enable, 0..6; the splash window closes on the seventh.
-extern int SplashTickCount;
 
 // The flags the plug-in is switched by while it runs, part of its state (BaseState): every start
 // begins with all of them off.
@@ -33,9 +29,6 @@ struct HostFlags {
 
 // The running plug-in's flags.
 HostFlags& CurrentHostFlags();
-
-// "sim/physics/metric_press", found once at start for the display formatting.
-extern XPLMDataRef gMetricPressDataref;
 
 // A plug-in that is started again in the same process (after a stop) begins from a fresh load.
 void ResetHostState();

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "base/BaseState.h"
 #include "base/IniFile.h"
 #include "base/PlatformDebugOutput.h"
 #include "base/Settings.h"
@@ -102,7 +103,6 @@ namespace {
 constexpr const char* kSimLogPrefix = "DRAV: ";
 // Lines already told about unknown function names; past this many a broken file has said enough.
 constexpr std::size_t kMaxToldValues = 32;
-std::vector<std::string> gToldValues;  // main thread only
 
 void SimLogVFormat(const char* format, va_list arguments) {
   char text[kLogLineMax + 1];
@@ -135,16 +135,17 @@ namespace {
 // True the first time a line is to be told, while the cap allows; the caller then tells it and
 // closes with EndTelling.
 bool FirstTelling(const std::string& told) {
-  if (gToldValues.size() >= kMaxToldValues ||
-      std::find(gToldValues.begin(), gToldValues.end(), told) != gToldValues.end()) {
+  std::vector<std::string>& toldValues = CurrentBaseState().toldValues;
+  if (toldValues.size() >= kMaxToldValues ||
+      std::find(toldValues.begin(), toldValues.end(), told) != toldValues.end()) {
     return false;
   }
-  gToldValues.push_back(told);
+  toldValues.push_back(told);
   return true;
 }
 
 void EndTelling() {
-  if (gToldValues.size() == kMaxToldValues) SimLogLine("DRAV.INI: further values that name no function are not listed.");
+  if (CurrentBaseState().toldValues.size() == kMaxToldValues) SimLogLine("DRAV.INI: further values that name no function are not listed.");
 }
 
 }  // namespace
@@ -174,7 +175,5 @@ void SimLogUnopenedPanel(const char* model, const std::string& path, const std::
     SimLogFormat("%s at %s could not be opened: %s.", model ? model : "A panel", path.c_str(), reason.c_str());
   }
 }
-
-void ResetSimLog() { gToldValues.clear(); }
 
 }  // namespace drav

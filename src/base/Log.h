@@ -40,6 +40,5 @@ void SimLogMissingName(const std::string& section, const std::string& key, const
                        const char* what, const char* name);
 // A panel that could not be opened, and why ("permission denied" on Linux points at the udev rule).
 void SimLogUnopenedPanel(const char* model, const std::string& path, const std::string& reason);
-void ResetSimLog();
 
 }  // namespace drav

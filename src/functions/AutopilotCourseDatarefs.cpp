@@ -2,10 +2,10 @@
 
 #include <XPLMDataAccess.h>
 
-#include <array>
 #include <cstddef>
 #include <iterator>
 
+#include "functions/FunctionState.h"
 #include "functions/PublishedDatarefRegistry.h"
 
 namespace drav {
@@ -27,37 +27,21 @@ constexpr CourseDatarefRow kCourseDatarefs[] = {
     {"drav/autopilot/heading_crs", "sim/cockpit/autopilot/heading_mag", "sim/cockpit/autopilot/heading",
      true},
 };
-constexpr std::size_t kCourseCount = std::size(kCourseDatarefs);
-
-struct CourseSources {
-  XPLMDataRef magnetic = nullptr;
-  XPLMDataRef trueCourse = nullptr;
-};
-
-std::array<CourseSources, kCourseCount> gSources;
-XPLMDataRef gMagneticVariation = nullptr;
-
-float VariationFor(const CourseDatarefRow& row) {
-  return row.addsMagneticVariation ? ReadFloatOrZero(gMagneticVariation) : 0.0f;
-}
+static_assert(std::size(kCourseDatarefs) == kCourseDatarefCount);
 
 float ReadCourse(void* refcon) {
-  const std::size_t row = RowOf(refcon);
-  if (row >= kCourseCount) return 0.0f;
-  const CourseSources& sources = gSources[row];
+  const CourseSources& sources = *static_cast<const CourseSources*>(refcon);
   if (sources.magnetic != nullptr) return XPLMGetDataf(sources.magnetic);
-  return NormaliseCourse(ReadFloatOrZero(sources.trueCourse) + VariationFor(kCourseDatarefs[row]));
+  return NormaliseCourse(ReadFloatOrZero(sources.trueCourse) + ReadFloatOrZero(sources.variation));
 }
 
 void WriteCourse(void* refcon, float course) {
-  const std::size_t row = RowOf(refcon);
-  if (row >= kCourseCount) return;
-  const CourseSources& sources = gSources[row];
+  const CourseSources& sources = *static_cast<const CourseSources*>(refcon);
   if (sources.magnetic != nullptr) {
     XPLMSetDataf(sources.magnetic, course);
     return;
   }
-  WriteFloatIfPresent(sources.trueCourse, NormaliseCourse(course - VariationFor(kCourseDatarefs[row])));
+  WriteFloatIfPresent(sources.trueCourse, NormaliseCourse(course - ReadFloatOrZero(sources.variation)));
 }
 
 }  // namespace
@@ -69,11 +53,14 @@ float NormaliseCourse(float course) {
 }
 
 void PublishCourseDatarefs() {
-  gMagneticVariation = XPLMFindDataRef("sim/flightmodel/position/magnetic_variation");
-  for (std::size_t row = 0; row < kCourseCount; ++row) {
-    gSources[row].magnetic = XPLMFindDataRef(kCourseDatarefs[row].magneticSource);
-    gSources[row].trueCourse = XPLMFindDataRef(kCourseDatarefs[row].trueSource);
-    RegisterFloatDataref(kCourseDatarefs[row].path, ReadCourse, WriteCourse, row);
+  const XPLMDataRef variation = XPLMFindDataRef("sim/flightmodel/position/magnetic_variation");
+  CourseDatarefSources& courses = CurrentFunctionState().courses;
+  for (std::size_t row = 0; row < kCourseDatarefCount; ++row) {
+    CourseSources& sources = courses[row];
+    sources.magnetic = XPLMFindDataRef(kCourseDatarefs[row].magneticSource);
+    sources.trueCourse = XPLMFindDataRef(kCourseDatarefs[row].trueSource);
+    sources.variation = kCourseDatarefs[row].addsMagneticVariation ? variation : nullptr;
+    RegisterFloatDataref(kCourseDatarefs[row].path, ReadCourse, WriteCourse, &sources);
   }
 }
 

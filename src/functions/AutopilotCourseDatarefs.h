@@ -3,7 +3,23 @@
 // only true values, and the heading bug then gets the magnetic variation added.
 #pragma once
 
+#include <XPLMDataAccess.h>
+
+#include <array>
+#include <cstddef>
+
 namespace drav {
+
+inline constexpr std::size_t kCourseDatarefCount = 3;
+
+// What one course dataref reads and writes, looked up at start. Its accessors get it as their
+// reference constant.
+struct CourseSources {
+  XPLMDataRef magnetic = nullptr;
+  XPLMDataRef trueCourse = nullptr;
+  XPLMDataRef variation = nullptr;  // added to a true course; null where the true value needs none
+};
+using CourseDatarefSources = std::array<CourseSources, kCourseDatarefCount>;
 
 // Looks up the simulator's course and variation datarefs and registers the three course datarefs.
 void PublishCourseDatarefs();

@@ -3,11 +3,11 @@
 #include <XPLMDataAccess.h>
 #include <XPLMUtilities.h>
 
-#include <array>
 #include <cstddef>
 #include <iterator>
 
 #include "functions/AutopilotStateWord.h"
+#include "functions/FunctionState.h"
 #include "functions/PublishedDatarefRegistry.h"
 
 namespace drav {
@@ -41,24 +41,19 @@ constexpr ModeDatarefRow kModeDatarefs[] = {
     {"drav/autopilot/hnav", 0x300, kHeadingMode, 16, xplm_key_otto_hnav},
     {"drav/autopilot/vnav", 0xC00, kAltitudeMode, 19, xplm_key_otto_vnav},
 };
-constexpr std::size_t kModeCount = std::size(kModeDatarefs);
-
-std::array<XPLMDataRef, kModeCount> gFallbackSources{};
+static_assert(std::size(kModeDatarefs) == kModeDatarefCount);
 
 int ReadMode(void* refcon) {
-  const std::size_t row = RowOf(refcon);
-  if (row >= kModeCount) return 0;
-  const ModeDatarefRow& mode = kModeDatarefs[row];
+  const ModeSource& source = *static_cast<const ModeSource*>(refcon);
+  const ModeDatarefRow& mode = kModeDatarefs[source.row];
   if (AutopilotStateWordExists()) return (ReadAutopilotStateWord() & mode.stateMask) != 0 ? 1 : 0;
-  const XPLMDataRef fallback = gFallbackSources[row];
+  const XPLMDataRef fallback = source.fallback;
   return fallback != nullptr && XPLMGetDatai(fallback) == mode.fallbackValue ? 1 : 0;
 }
 
 // The value written does not choose on or off: every write is one press of the mode's button.
 void WriteMode(void* refcon, int requested) {
-  const std::size_t row = RowOf(refcon);
-  if (row >= kModeCount) return;
-  const ModeDatarefRow& mode = kModeDatarefs[row];
+  const ModeDatarefRow& mode = kModeDatarefs[static_cast<const ModeSource*>(refcon)->row];
   if (mode.stateMask == kAutothrottleBit && AutothrottleAlreadyAs(requested)) return;
   if (mode.keyStroke != kNoKeyStroke) {
     XPLMCommandKeyStroke(static_cast<XPLMCommandKeyID>(mode.keyStroke));
@@ -70,9 +65,12 @@ void WriteMode(void* refcon, int requested) {
 }  // namespace
 
 void PublishModeDatarefs() {
-  for (std::size_t row = 0; row < kModeCount; ++row) {
-    gFallbackSources[row] = XPLMFindDataRef(kModeDatarefs[row].fallbackSource);
-    RegisterIntDataref(kModeDatarefs[row].path, ReadMode, WriteMode, row);
+  ModeDatarefSources& modes = CurrentFunctionState().modes;
+  for (std::size_t row = 0; row < kModeDatarefCount; ++row) {
+    ModeSource& source = modes[row];
+    source.row = row;
+    source.fallback = XPLMFindDataRef(kModeDatarefs[row].fallbackSource);
+    RegisterIntDataref(kModeDatarefs[row].path, ReadMode, WriteMode, &source);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <iterator>
 
+#include "functions/FunctionState.h"
 #include "functions/PublishedDatarefRegistry.h"
 
 namespace drav {
@@ -15,26 +16,22 @@ namespace {
 
 constexpr double kKnotsPerMetrePerSecond = 1.9438444;
 
-LazyDataref gSpeedIsMach{"sim/cockpit/autopilot/airspeed_is_mach"};
-LazyDataref gSpeedTarget{"sim/cockpit/autopilot/airspeed"};
-LazyDataref gDensityRatio{"sim/weather/sigma"};
-LazyDataref gSpeedOfSound{"sim/weather/speed_sound_ms"};
+SelectorDatarefState& StateOf(void* refcon) { return *static_cast<SelectorDatarefState*>(refcon); }
 
-int gAltKnob = 0;
-
-int ReadSpeedIsMach(void*) { return ReadIntOrZero(Resolve(gSpeedIsMach)); }
+int ReadSpeedIsMach(void* refcon) { return ReadIntOrZero(Resolve(StateOf(refcon).speedIsMach)); }
 
 // The value written is ignored: every write flips the unit and converts the target to it, so the
 // aircraft keeps flying the same speed.
-void ToggleSpeedUnit(void*, int) {
-  const XPLMDataRef isMach = Resolve(gSpeedIsMach);
+void ToggleSpeedUnit(void* refcon, int) {
+  SelectorDatarefState& state = StateOf(refcon);
+  const XPLMDataRef isMach = Resolve(state.speedIsMach);
   const bool wasMach = ReadIntOrZero(isMach) != 0;
   WriteIntIfPresent(isMach, wasMach ? 0 : 1);
 
-  const XPLMDataRef target = Resolve(gSpeedTarget);
+  const XPLMDataRef target = Resolve(state.speedTarget);
   const double speed = ReadFloatOrZero(target);
   const double knotsPerMach =
-      KnotsPerMach(ReadFloatOrZero(Resolve(gSpeedOfSound)), ReadFloatOrZero(Resolve(gDensityRatio)));
+      KnotsPerMach(ReadFloatOrZero(Resolve(state.speedOfSound)), ReadFloatOrZero(Resolve(state.densityRatio)));
   // Without a speed of sound there is no conversion; the target keeps its number rather than
   // becoming infinite.
   if (!(knotsPerMach > 0.0)) return;
@@ -42,8 +39,8 @@ void ToggleSpeedUnit(void*, int) {
   WriteFloatIfPresent(target, static_cast<float>(converted));
 }
 
-int ReadAltKnob(void*) { return gAltKnob; }
-void WriteAltKnob(void*, int value) { gAltKnob = value; }
+int ReadAltKnob(void* refcon) { return StateOf(refcon).altKnob; }
+void WriteAltKnob(void* refcon, int value) { StateOf(refcon).altKnob = value; }
 
 struct IntDatarefRow {
   const char* path;
@@ -65,13 +62,9 @@ double KnotsPerMach(double speedOfSoundMs, double sigma) {
 }
 
 void PublishAutopilotSelectorDatarefs() {
-  for (LazyDataref* dataref : {&gSpeedIsMach, &gSpeedTarget, &gDensityRatio, &gSpeedOfSound}) {
-    Forget(*dataref);
-  }
-  gAltKnob = 0;
-  for (std::size_t row = 0; row < std::size(kSelectorDatarefs); ++row) {
-    const IntDatarefRow& selector = kSelectorDatarefs[row];
-    RegisterIntDataref(selector.path, selector.read, selector.write, row);
+  SelectorDatarefState& state = CurrentFunctionState().selectors;
+  for (const IntDatarefRow& selector : kSelectorDatarefs) {
+    RegisterIntDataref(selector.path, selector.read, selector.write, &state);
   }
 }
 

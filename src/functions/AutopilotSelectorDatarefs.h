@@ -2,12 +2,24 @@
 // "drav/autopilot_knob/alt_knob", the step of the altitude knob (1: 10 feet, else 100 feet).
 #pragma once
 
+#include "functions/PublishedDatarefRegistry.h"
+
 namespace drav {
+
+// What the selector datarefs keep between calls; their accessors get it as their reference
+// constant. A fresh one per start: the speed datarefs are looked up on their first use in that
+// simulator, and the altitude knob starts at 0.
+struct SelectorDatarefState {
+  LazyDataref speedIsMach{"sim/cockpit/autopilot/airspeed_is_mach"};
+  LazyDataref speedTarget{"sim/cockpit/autopilot/airspeed"};
+  LazyDataref densityRatio{"sim/weather/sigma"};
+  LazyDataref speedOfSound{"sim/weather/speed_sound_ms"};
+  int altKnob = 0;
+};
 
 inline constexpr const char* kAltKnobDataref = "drav/autopilot_knob/alt_knob";
 
-// Registers both datarefs. Each start is a fresh load of the plug-in, so the speed datarefs are
-// looked up again on their next use and the altitude knob starts at 0 again.
+// Registers both datarefs.
 void PublishAutopilotSelectorDatarefs();
 
 // The speed-target conversion factor: knots per Mach at speed of sound `speedOfSoundMs` (m/s) and

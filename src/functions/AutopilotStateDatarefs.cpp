@@ -72,7 +72,7 @@ std::string AutopilotStatePath(std::size_t bit) {
 
 void PublishAutopilotStateDatarefs() {
   for (std::size_t row = 0; row < kStateFlagCount; ++row) {
-    RegisterIntDataref(AutopilotStatePath(row).c_str(), ReadStateFlag, WriteStateFlag, row);
+    RegisterIntDataref(AutopilotStatePath(row).c_str(), ReadStateFlag, WriteStateFlag, RowRefcon(row));
   }
 }
 

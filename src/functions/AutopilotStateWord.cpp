@@ -2,23 +2,24 @@
 
 #include <XPLMDataAccess.h>
 
+#include "functions/FunctionState.h"
 #include "functions/PublishedDatarefRegistry.h"
 
 namespace drav {
 
 namespace {
 
-XPLMDataRef gStateWord = nullptr;
+XPLMDataRef& StateWord() { return CurrentFunctionState().autopilotStateWord; }
 
 }  // namespace
 
-void LookUpAutopilotStateWord() { gStateWord = XPLMFindDataRef("sim/cockpit/autopilot/autopilot_state"); }
+void LookUpAutopilotStateWord() { StateWord() = XPLMFindDataRef("sim/cockpit/autopilot/autopilot_state"); }
 
-bool AutopilotStateWordExists() { return gStateWord != nullptr; }
+bool AutopilotStateWordExists() { return StateWord() != nullptr; }
 
-int ReadAutopilotStateWord() { return ReadIntOrZero(gStateWord); }
+int ReadAutopilotStateWord() { return ReadIntOrZero(StateWord()); }
 
-void ToggleAutopilotModes(int modes) { WriteIntIfPresent(gStateWord, modes); }
+void ToggleAutopilotModes(int modes) { WriteIntIfPresent(StateWord(), modes); }
 
 bool AutothrottleAlreadyAs(int requested) {
   if (!AutopilotStateWordExists()) return false;

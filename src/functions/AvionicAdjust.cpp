@@ -318,7 +318,7 @@ void AdjustTrim(AvionicFunction& function, float increment, std::int32_t innerSt
 void AdjustDisplayBrightness(AvionicFunction& function, const AdjustPlan& plan, std::int32_t outerSteps,
                              std::int32_t innerSteps) {
   FormatAvionicDisplay(function);
-  DisplayBrightnessLevel = TurnKnobs(plan, DisplayBrightnessLevel, outerSteps, innerSteps);
+  SetDisplayBrightnessLevel(TurnKnobs(plan, GetDisplayBrightnessLevel(), outerSteps, innerSteps));
   ApplyAvionicDisplay(function);
 }
 

@@ -17,7 +17,7 @@
 #include "functions/DatarefBinding.h"
 #include "functions/DisplayBrightness.h"
 #include "functions/FunctionObjects.h"
-#include "base/HostState.h"
+#include "functions/FunctionState.h"
 
 namespace drav {
 namespace {
@@ -52,7 +52,8 @@ std::int32_t TruncatedValue(double value) {
 
 // A missing handle counts as "inches", the simulator's own unit.
 bool MetricPressureSelected() {
-  return gMetricPressDataref != nullptr && XPLMGetDatai(gMetricPressDataref) != 0;
+  const XPLMDataRef metricPress = CurrentFunctionState().metricPress;
+  return metricPress != nullptr && XPLMGetDatai(metricPress) != 0;
 }
 
 // ---- value to text ------------------------------------------------------------------------------
@@ -139,7 +140,7 @@ void FormatAltimeter(AvionicFunction& function, float value) {
 void FormatBrightness(AvionicFunction& function, float /*value*/) {
   RefreshDisplayBrightnessLevel();
   ScratchLine line;
-  std::snprintf(line, sizeof line, "  %2d", DisplayBrightnessLevel);
+  std::snprintf(line, sizeof line, "  %2d", GetDisplayBrightnessLevel());
   ShowText(function, line);
 }
 

@@ -15,7 +15,9 @@ void ApplyAvionicDisplay(AvionicFunction& function);
 // Exchanges the two texts and applies both (the standby/active swap of the radios).
 void SwapAvionicDisplays(AvionicFunction& a, AvionicFunction& b);
 
-// The display brightness level shared by every panel, 1..15.
-extern std::int32_t DisplayBrightnessLevel;
+// The display brightness level shared by every panel, 1..15 (DisplayBrightness.h reads it from the
+// panels and sends it to them).
+std::int32_t GetDisplayBrightnessLevel();
+void SetDisplayBrightnessLevel(std::int32_t level);
 
 }  // namespace drav

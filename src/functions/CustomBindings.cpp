@@ -5,15 +5,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <deque>
 #include <limits>
 #include <string>
-#include <unordered_map>
 
 #include "base/Numbers.h"
 #include "functions/AvionicDisplay.h"
 #include "functions/DatarefBinding.h"
 #include "base/OptionalXplmApi.h"
+#include "functions/FunctionState.h"
 
 namespace drav {
 
@@ -23,28 +22,12 @@ namespace {
 constexpr std::int32_t kMaxDetentsPerTurn = 64;
 constexpr std::int32_t kOuterKnobDetents = 10;
 
-struct CustomEntry {
-  std::string text;
-  CustomValueBinding value;  // its spec is the parsed value, for switches too
-  AvionicFunction avionic;   // the shared object of an encoder or display bound to the value
-};
+CustomBindingTable& Table() { return CurrentFunctionState().customBindings; }
 
-// Entries are only ever appended: a module keeps pointers to their avionic objects, which a deque
-// leaves where they are.
-struct CustomTable {
-  std::deque<CustomEntry> entries;
-  std::unordered_map<std::string, FunctionId> ids;
-};
-
-CustomTable& Table() {
-  static CustomTable table;
-  return table;
-}
-
-CustomEntry* EntryOf(FunctionId id) {
+CustomBindingEntry* EntryOf(FunctionId id) {
   if (!IsCustomFunction(id)) return nullptr;
   const auto index = static_cast<std::size_t>(id - kFirstCustomFunction);
-  CustomTable& table = Table();
+  CustomBindingTable& table = Table();
   return index < table.entries.size() ? &table.entries[index] : nullptr;
 }
 
@@ -252,7 +235,7 @@ void BuildSwitch(const CustomBindingSpec& spec, FunctionId id, SwitchFunction& r
   RefreshCustomBinding(record);
 }
 
-AvionicFunction* BuildValue(CustomEntry& entry, FunctionId id) {
+AvionicFunction* BuildValue(CustomBindingEntry& entry, FunctionId id) {
   CustomValueBinding& binding = entry.value;
   const CustomBindingSpec& spec = binding.spec;
   binding.stepped = spec.action == CustomAction::kStepDataref ? FindHandle(spec.dataref) : CustomDatarefHandle{};
@@ -287,12 +270,12 @@ void ReportMissingCommand(const std::string& name, MissingNameReport report, voi
 FunctionId InternCustomBinding(const char* value) {
   CustomBindingSpec spec;
   if (!ParseCustomBinding(value, &spec)) return kNada;
-  CustomTable& table = Table();
+  CustomBindingTable& table = Table();
   const auto found = table.ids.find(value);
   if (found != table.ids.end()) return found->second;
   if (table.entries.size() >= static_cast<std::size_t>(kMaxCustomBindings)) return kNada;
   const FunctionId id = kFirstCustomFunction + static_cast<FunctionId>(table.entries.size());
-  CustomEntry& entry = table.entries.emplace_back();
+  CustomBindingEntry& entry = table.entries.emplace_back();
   entry.text = value;
   entry.value.spec = std::move(spec);
   table.ids.emplace(entry.text, id);
@@ -300,12 +283,12 @@ FunctionId InternCustomBinding(const char* value) {
 }
 
 const char* CustomBindingText(FunctionId id) {
-  const CustomEntry* entry = EntryOf(id);
+  const CustomBindingEntry* entry = EntryOf(id);
   return entry != nullptr ? entry->text.c_str() : "";
 }
 
 const CustomBindingSpec* CustomBindingOf(FunctionId id) {
-  const CustomEntry* entry = EntryOf(id);
+  const CustomBindingEntry* entry = EntryOf(id);
   return entry != nullptr ? &entry->value.spec : nullptr;
 }
 
@@ -321,7 +304,7 @@ int ReportMissingCustomNames(FunctionId id, MissingNameReport report, void* cont
 }
 
 void BuildCustomFunction(FunctionId id, AvionicFunction** avionicOut, SwitchFunction& record) {
-  CustomEntry* entry = EntryOf(id);
+  CustomBindingEntry* entry = EntryOf(id);
   if (entry == nullptr) return;
   const bool valueControl = entry->value.spec.IsValueControl();
   if (avionicOut != nullptr) {

@@ -6,6 +6,9 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
+#include <string>
+#include <unordered_map>
 
 #include "functions/CustomBindingSyntax.h"
 #include "functions/FunctionCatalogue.h"
@@ -36,6 +39,20 @@ struct CustomValueBinding {
   CustomDatarefHandle shown;    // show, else the stepped value
   XPLMCommandRef up = nullptr;  // turn
   XPLMCommandRef down = nullptr;
+};
+
+struct CustomBindingEntry {
+  std::string text;
+  CustomValueBinding value;  // its spec is the parsed value, for switches too
+  AvionicFunction avionic;   // the shared object of an encoder or display bound to the value
+};
+
+// The values met since the plug-in started, by id (the entry at index id - kFirstCustomFunction).
+// Entries are only ever appended: a module keeps pointers to their avionic objects, which a deque
+// leaves where they are.
+struct CustomBindingTable {
+  std::deque<CustomBindingEntry> entries;
+  std::unordered_map<std::string, FunctionId> ids;
 };
 
 // The id of a value in the custom syntax: the same text always gets the same id. kNada for a

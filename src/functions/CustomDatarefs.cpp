@@ -11,6 +11,7 @@
 #include "functions/AutopilotSelectorDatarefs.h"
 #include "functions/AutopilotStateDatarefs.h"
 #include "functions/AutopilotStateWord.h"
+#include "functions/PublishedDatarefRegistry.h"
 
 namespace drav {
 
@@ -78,6 +79,8 @@ void PublishCustomDatarefs() {
   PublishAutopilotStateDatarefs();
   PublishAutopilotSelectorDatarefs();
 }
+
+void WithdrawCustomDatarefs() { WithdrawPublishedDatarefs(); }
 
 void AnnounceCustomDatarefs() {
   for (std::size_t bit = 0; bit < kAnnouncedAutopilotStateCount; ++bit) {

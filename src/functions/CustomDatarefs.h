@@ -15,6 +15,8 @@ void AnnounceDataref(const char* path);
 
 // Looks up the simulator datarefs they mirror and registers every published dataref. Once, at start.
 void PublishCustomDatarefs();
+// Unregisters them again, before the plug-in's state goes (their accessors read it).
+void WithdrawCustomDatarefs();
 // Announces the published datarefs (and the x737 ones) to each dataref browser that is loaded.
 void AnnounceCustomDatarefs();
 

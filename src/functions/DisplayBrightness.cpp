@@ -1,22 +1,23 @@
 #include "functions/DisplayBrightness.h"
 
 #include "functions/AvionicDisplay.h"
+#include "functions/FunctionState.h"
 #include "functions/PanelDirectory.h"
 
 namespace drav {
 
-// Starts at a middle brightness; changes only when a panel reports its own or the pilot sets it.
-std::int32_t DisplayBrightnessLevel = kInitialDisplayBrightness;
-
-void ResetDisplayBrightnessLevel() { DisplayBrightnessLevel = kInitialDisplayBrightness; }
-
 namespace {
+
+std::int32_t& Level() { return CurrentFunctionState().displayBrightnessLevel; }
 
 std::int32_t ValueFor(const BrightnessWriter& writer, std::int32_t level) {
   return writer.reversedScale ? kBrightnessScaleTop - level : level;
 }
 
 }  // namespace
+
+std::int32_t GetDisplayBrightnessLevel() { return Level(); }
+void SetDisplayBrightnessLevel(std::int32_t level) { Level() = level; }
 
 std::int32_t ManagedUnitCount(std::uint32_t moduleType) {
   const PanelDirectory* panels = CurrentPanelDirectory();
@@ -37,7 +38,7 @@ void RefreshDisplayBrightnessLevel(UnitCounter units, std::span<const Brightness
   for (const BrightnessReader& reader : order) {
     if (units(reader.moduleType) < 1) continue;
     // Only the first connected model is asked; if its read fails the level keeps its value.
-    reader.read(0, &DisplayBrightnessLevel);
+    reader.read(0, &Level());
     return;
   }
 }
@@ -45,7 +46,7 @@ void RefreshDisplayBrightnessLevel(UnitCounter units, std::span<const Brightness
 void SendDisplayBrightnessLevel(UnitCounter units, std::span<const BrightnessWriter> order) {
   for (const BrightnessWriter& writer : order) {
     const std::int32_t count = units(writer.moduleType);
-    const std::int32_t value = ValueFor(writer, DisplayBrightnessLevel);
+    const std::int32_t value = ValueFor(writer, Level());
     for (std::int32_t unit = 0; unit < count; ++unit) writer.write(unit, value);
   }
 }

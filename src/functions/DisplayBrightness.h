@@ -27,22 +27,21 @@ inline constexpr std::int32_t kBrightnessScaleTop = 15;
 using UnitCounter = std::int32_t (*)(std::uint32_t moduleType);
 std::int32_t ManagedUnitCount(std::uint32_t moduleType);
 
-// The level a freshly loaded plug-in starts with. The simulator loads the plug-in into a new process
-// (or a freshly loaded library) each time, so a start begins from it again.
+// The level a freshly started plug-in begins with, a middle brightness; it changes only when a
+// panel reports its own or the pilot sets it.
 inline constexpr std::int32_t kInitialDisplayBrightness = 8;
-void ResetDisplayBrightnessLevel();
 
 // The models in the order they are asked for the level, and in the order they are sent it, as the
 // panel directory tells them (none without a directory).
 std::span<const BrightnessReader> BrightnessReadOrder();
 std::span<const BrightnessWriter> BrightnessWriteOrder();
 
-// Reads unit 0 of the first model in `order` with at least one unit into DisplayBrightnessLevel.
+// Reads unit 0 of the first model in `order` with at least one unit into the level.
 // No such model, or a failed read: the level stays.
 void RefreshDisplayBrightnessLevel(UnitCounter units = ManagedUnitCount,
                                    std::span<const BrightnessReader> order = BrightnessReadOrder());
 
-// Sends DisplayBrightnessLevel to units 0.. of every model in `order`, models first to last. Result
+// Sends the level to units 0.. of every model in `order`, models first to last. Result
 // codes are ignored: an absent unit simply keeps its brightness.
 void SendDisplayBrightnessLevel(UnitCounter units = ManagedUnitCount,
                                 std::span<const BrightnessWriter> order = BrightnessWriteOrder());

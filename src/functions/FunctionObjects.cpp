@@ -13,6 +13,7 @@
 #include "functions/AvionicFunctionTable.h"
 #include "functions/CustomBindings.h"
 #include "functions/FunctionBindingTable.h"
+#include "functions/FunctionState.h"
 #include "functions/PanelDirectory.h"
 #include "functions/RadioTargets.h"
 #include "functions/SimulatorEquivalents.h"
@@ -334,12 +335,9 @@ void CreateAvionicFunction(AvionicFunction& object, const char* tag, std::int32_
 
 // ---- the shared avionic objects ---------------------------------------------------------------
 
-// One object per avionic row, for the whole process: every control bound to an id shows and
-// adjusts the same object. Allocated once, on the first request.
 AvionicFunction* SharedAvionicFunction(FunctionId id) {
-  static std::vector<AvionicFunction> objects(AvionicFunctionRows().size());
   const std::int32_t index = AvionicFunctionRowIndex(id);
-  return index < 0 ? nullptr : &objects[static_cast<std::size_t>(index)];
+  return index < 0 ? nullptr : &CurrentFunctionState().sharedAvionicObjects[static_cast<std::size_t>(index)];
 }
 
 // ---- the factory, the executor, the refresh ---------------------------------------------------

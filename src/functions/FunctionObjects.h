@@ -99,8 +99,8 @@ inline FunctionId GetAvionicFunctionId(const AvionicFunction& function) { return
 void ClearFunction(SwitchFunction& record);
 void BuildMultiFunctionList(MultiFunctionList& list, FunctionId id);
 
-// The shared avionic object of an id (one per id for the whole process), or nullptr for an id that
-// has none.
+// The shared avionic object of an id (one per id from the plug-in's start to its stop), or nullptr
+// for an id that has none.
 AvionicFunction* SharedAvionicFunction(FunctionId id);
 
 // Builders used by the factory.

@@ -46,10 +46,9 @@ class PanelDirectory {
   ~PanelDirectory() = default;
 };
 
-// The directory that FindRadioModule and ManagedUnitCount ask. nullptr (before the plug-in starts,
-// and in tests that build none) means no panels: no radio is found and every model has 0 units.
-// Main thread only.
-void SetPanelDirectory(const PanelDirectory* directory);
+// The directory that FindRadioModule and ManagedUnitCount ask: the one handed to the function
+// layer's state (FunctionState::panelDirectory). nullptr (before the plug-in starts, and in tests
+// that hand none) means no panels: no radio is found and every model has 0 units. Main thread only.
 const PanelDirectory* CurrentPanelDirectory();
 
 }  // namespace drav

@@ -1,19 +1,32 @@
 #include "functions/PublishedDatarefRegistry.h"
 
+#include "functions/FunctionState.h"
 #include "functions/SimulatorEquivalents.h"
 
 namespace drav {
 
-void RegisterIntDataref(const char* path, XPLMGetDatai_f read, XPLMSetDatai_f write, std::size_t row) {
-  XPLMRegisterDataAccessor(path, xplmType_Int, 1, read, write, nullptr, nullptr, nullptr, nullptr,
-                           nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, RowRefcon(row),
-                           RowRefcon(row));
+namespace {
+
+void Keep(XPLMDataRef handle) {
+  if (handle != nullptr) CurrentFunctionState().published.handles.push_back(handle);
 }
 
-void RegisterFloatDataref(const char* path, XPLMGetDataf_f read, XPLMSetDataf_f write, std::size_t row) {
-  XPLMRegisterDataAccessor(path, xplmType_Float, 1, nullptr, nullptr, read, write, nullptr, nullptr,
-                           nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, RowRefcon(row),
-                           RowRefcon(row));
+}  // namespace
+
+void RegisterIntDataref(const char* path, XPLMGetDatai_f read, XPLMSetDatai_f write, void* refcon) {
+  Keep(XPLMRegisterDataAccessor(path, xplmType_Int, 1, read, write, nullptr, nullptr, nullptr, nullptr,
+                                nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, refcon, refcon));
+}
+
+void RegisterFloatDataref(const char* path, XPLMGetDataf_f read, XPLMSetDataf_f write, void* refcon) {
+  Keep(XPLMRegisterDataAccessor(path, xplmType_Float, 1, nullptr, nullptr, read, write, nullptr, nullptr,
+                                nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, refcon, refcon));
+}
+
+void WithdrawPublishedDatarefs() {
+  std::vector<XPLMDataRef>& handles = CurrentFunctionState().published.handles;
+  for (XPLMDataRef handle : handles) XPLMUnregisterDataAccessor(handle);
+  handles.clear();
 }
 
 int ReadIntOrZero(XPLMDataRef dataref) { return dataref != nullptr ? XPLMGetDatai(dataref) : 0; }
@@ -35,11 +48,6 @@ XPLMDataRef Resolve(LazyDataref& dataref) {
     dataref.lookedUp = true;
   }
   return dataref.handle;
-}
-
-void Forget(LazyDataref& dataref) {
-  dataref.handle = nullptr;
-  dataref.lookedUp = false;
 }
 
 }  // namespace drav

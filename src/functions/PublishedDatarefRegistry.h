@@ -1,11 +1,13 @@
-// Registration of the function layer's own datarefs: every published row hands its row number to
-// the simulator as the accessors' reference constant, so one accessor pair serves a whole table.
+// Registration of the function layer's own datarefs: one accessor pair serves a whole table, told
+// apart by the reference constant each row hands the simulator (its row number, or the row's own
+// part of the plug-in's state).
 #pragma once
 
 #include <XPLMDataAccess.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace drav {
 
@@ -14,11 +16,18 @@ inline std::size_t RowOf(void* refcon) {
   return static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(refcon));
 }
 
-// Both register a writable dataref with one accessor pair. When the path is already live (the
-// plug-in started a second time in the same simulator) the simulator refuses it and the earlier
-// registration, which calls the same accessors with the same row, stays in place.
-void RegisterIntDataref(const char* path, XPLMGetDatai_f read, XPLMSetDatai_f write, std::size_t row);
-void RegisterFloatDataref(const char* path, XPLMGetDataf_f read, XPLMSetDataf_f write, std::size_t row);
+// The handles of the datarefs registered since the plug-in started, undone before its state goes:
+// a reference constant may point into that state.
+struct PublishedDatarefs {
+  std::vector<XPLMDataRef> handles;
+};
+
+// Both register a writable dataref with one accessor pair and `refcon` for reads and writes. A
+// path that is already live is refused by the simulator and left to its owner.
+void RegisterIntDataref(const char* path, XPLMGetDatai_f read, XPLMSetDatai_f write, void* refcon);
+void RegisterFloatDataref(const char* path, XPLMGetDataf_f read, XPLMSetDataf_f write, void* refcon);
+// Unregisters every dataref registered through the two above since the plug-in started.
+void WithdrawPublishedDatarefs();
 
 // The simulator's values where its dataref may be missing: a null handle reads 0 and takes no write.
 int ReadIntOrZero(XPLMDataRef dataref);
@@ -35,7 +44,5 @@ struct LazyDataref {
 };
 
 XPLMDataRef Resolve(LazyDataref& dataref);
-// Forgets the handle, so the next use looks the path up again (a new simulator).
-void Forget(LazyDataref& dataref);
 
 }  // namespace drav

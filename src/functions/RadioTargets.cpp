@@ -3,14 +3,13 @@
 #include <iterator>
 
 #include "functions/FunctionObjects.h"
+#include "functions/FunctionState.h"
 #include "functions/PanelDirectory.h"
 #include "hid/ModuleTypes.h"
 
 namespace drav {
 
 namespace {
-
-const PanelDirectory* gPanelDirectory = nullptr;
 
 // RadioModuleKind to the module type of that model, by position.
 constexpr ModuleType kRadioModuleTypes[] = {kModuleGF45, kModuleGF46, kModuleGF166};
@@ -35,15 +34,15 @@ constexpr RadioPair kRadioPairs[] = {
 
 }  // namespace
 
-void SetPanelDirectory(const PanelDirectory* directory) { gPanelDirectory = directory; }
-const PanelDirectory* CurrentPanelDirectory() { return gPanelDirectory; }
+const PanelDirectory* CurrentPanelDirectory() { return CurrentFunctionState().panelDirectory; }
 
 RadioModule* FindRadioModule(std::int32_t moduleKind, std::int32_t unit) {
+  const PanelDirectory* panels = CurrentPanelDirectory();
   if (moduleKind < 0 || moduleKind >= static_cast<std::int32_t>(std::size(kRadioModuleTypes)) || unit < 0 ||
-      gPanelDirectory == nullptr) {
+      panels == nullptr) {
     return nullptr;
   }
-  return gPanelDirectory->FindRadio(kRadioModuleTypes[moduleKind], static_cast<std::uint32_t>(unit));
+  return panels->FindRadio(kRadioModuleTypes[moduleKind], static_cast<std::uint32_t>(unit));
 }
 
 FunctionId ToggleCounterpart(FunctionId toggle, FunctionId current, std::int32_t moduleKind) {

@@ -17,7 +17,7 @@ inline constexpr FunctionId kFuncAp = kFnFUNC_AP;
 
 // The radio module of moduleKind (RadioModuleKind: GF-45, GF-46, GF-166) and unit, or nullptr when
 // the kind is unknown, the unit is not connected or its object is not a radio. Asks the directory
-// that SetPanelDirectory handed over.
+// that the plug-in handed to the function layer (CurrentPanelDirectory).
 RadioModule* FindRadioModule(std::int32_t moduleKind, std::int32_t unit);
 
 // The function a toggle selects when current is shown: the same function on the other radio, or 0

@@ -131,7 +131,7 @@ void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
   }
   if (gDebug.DebugRegisterFunction != 0) LogBits16("GFMCPPro_Module::Register - SwitchState", switches & 0xFFFFu);
 
-  Port().SetBrightness(static_cast<std::uint16_t>(DisplayBrightnessLevel));
+  Port().SetBrightness(static_cast<std::uint16_t>(GetDisplayBrightnessLevel()));
 
   if (CurrentHostFlags().x737McpDirect != 0) {
     SyncX737Switches(switches);

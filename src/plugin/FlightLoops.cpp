@@ -9,6 +9,7 @@
 #include "base/HostState.h"
 #include "base/Log.h"
 #include "base/Settings.h"
+#include "plugin/PluginState.h"
 #include "plugin/SplashWindow.h"
 #include "plugin/TakeoverDatarefs.h"
 #include "modules/InputEventQueue.h"
@@ -42,11 +43,12 @@ float UpdateFlightLoop(float, float, int, void*) {
   } else {
     TheModuleManager().RefreshAll();
   }
-  if (SplashTickCount == kSplashTicks && SplashWindowExists()) {
+  int& splashTicks = CurrentPluginState().splash.ticks;
+  if (splashTicks == kSplashTicks && SplashWindowExists()) {
     DestroySplashWindow();
     return kUpdateInterval;
   }
-  if (SplashTickCount < kSplashTicks) ++SplashTickCount;
+  if (splashTicks < kSplashTicks) ++splashTicks;
   return kUpdateInterval;
 }
 

@@ -26,12 +26,13 @@
 #include "modules/ModuleManager.h"
 #include "modules/ModuleState.h"
 #include "hid/ModuleTypes.h"
-#include "functions/DisplayBrightness.h"
+#include "functions/FunctionState.h"
 #include "ui/AssignDialog.h"
 #include "config/Assignments.h"
 #include "config/UnitNumbers.h"
 #include "plugin/PluginActions.h"
 #include "plugin/PluginContext.h"
+#include "plugin/PluginState.h"
 
 namespace drav {
 
@@ -42,11 +43,15 @@ constexpr const char* kPluginSignature = "merrow.projects.drav";
 constexpr const char* kPluginDescription = "Drav plugin " DRAV_VERSION " (MR).";
 constexpr std::size_t kEntryBufferSize = 256;  // the simulator's name, signature, description buffers
 
-void* gModuleInstance = nullptr;  // the DLL's instance handle on Windows (PluginExports.cpp)
+// The DLL's instance handle on Windows (PluginExports.cpp): a fact of the process, set by the
+// loader before XPluginStart and the same for every start, so it lives outside the context.
+void* gModuleInstance = nullptr;
 
-// Everything the plug-in keeps, from XPluginStart to XPluginStop: the one owner of its state.
+// Everything the plug-in keeps, from XPluginStart to XPluginStop: the one owner of its state. The
+// pointer itself is the only thing outside it.
 std::unique_ptr<PluginContext> gContext;
-bool gPanelsRunning = false;      // between the device layer's start at enable and its stop
+
+bool& PanelsRunningFlag() { return CurrentPluginState().panelsRunning; }
 
 // The device layer and the module objects for the units it finds.
 void StartPanels() {
@@ -56,11 +61,11 @@ void StartPanels() {
   TheModuleManager().CreateModules();
   ReceiveDeviceInput();
   if (gDebug.DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();
-  gPanelsRunning = true;
+  PanelsRunningFlag() = true;
 }
 
 void StopPanels() {
-  gPanelsRunning = false;
+  PanelsRunningFlag() = false;
   GFDev_Stop();
 }
 
@@ -84,12 +89,22 @@ void ReportUnitsFound() {
   }
 }
 
+// What the simulator holds of this load (commands, datarefs, windows, widgets) is given back before
+// the context goes: their callbacks read it.
+void WithdrawFromSimulator() {
+  UnregisterPluginCommands();  // X-Plane disables first; nothing is left registered after a stop regardless
+  CloseAssignDialog();  // its widgets belong to this load; a later start must find it closed
+  DestroySplashWindow();
+  UnregisterTakeoverDatarefs();
+  WithdrawCustomDatarefs();
+}
+
 }  // namespace
 
-bool PanelsRunning() { return gPanelsRunning; }
+bool PanelsRunning() { return PanelsRunningFlag(); }
 
 void RescanPanels() {
-  if (!gPanelsRunning) return;
+  if (!PanelsRunningFlag()) return;
   LogLine("Rescanning the panels");
   // The dialog lists the units: it comes back with the new list.
   const bool dialogWasOpen = IsAssignDialogOpen();
@@ -108,11 +123,12 @@ void RescanPanels() {
 void SetModuleInstance(void* instance) { gModuleInstance = instance; }
 
 int PluginStart(char* outName, char* outSignature, char* outDescription) {
-  gContext.reset();  // a start without a stop before it begins from nothing all the same
+  // A start without a stop before it begins from nothing all the same.
+  if (gContext != nullptr) WithdrawFromSimulator();
+  gContext.reset();
   gContext = std::make_unique<PluginContext>();
   ResetHostState();
-  ResetDisplayBrightnessLevel();
-  SetPanelDirectory(&CurrentModuleState().panelDirectory);
+  CurrentFunctionState().panelDirectory = &CurrentModuleState().panelDirectory;
   XPLMGetVersions(&gSimulatorVersions.xplaneVersion, &gSimulatorVersions.xplmVersion,
                   &gSimulatorVersions.hostId);
   std::snprintf(outName, kEntryBufferSize, "%s", kPluginName);
@@ -120,9 +136,8 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   std::snprintf(outDescription, kEntryBufferSize, "%s", kPluginDescription);
   BuildPluginMenu();
   PublishCustomDatarefs();
-  gMetricPressDataref = XPLMFindDataRef("sim/physics/metric_press");
+  CurrentFunctionState().metricPress = XPLMFindDataRef("sim/physics/metric_press");
   RegisterTakeoverDatarefs();
-  ResetSimLog();
   SimLogFormat("starting %s", kPluginDescription);
   ReadDebugSwitches();  // before the first log line, so the log works from the first line on
   InitLogPath();
@@ -134,19 +149,15 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
 }
 
 void PluginStop() {
-  UnregisterPluginCommands();  // X-Plane disables first; nothing is left registered after a stop regardless
   LogLine("--- LOGGING STOPPED ---");
-  CloseAssignDialog();  // its widgets belong to this load; a later start must find it closed
-  DestroySplashWindow();
-  UnregisterTakeoverDatarefs();
-  SetPanelDirectory(nullptr);
+  WithdrawFromSimulator();
   gContext.reset();
 }
 
 int PluginEnable() {
   StartPanels();
   ReportUnitsFound();
-  SplashTickCount = 0;
+  CurrentPluginState().splash.ticks = 0;
   RegisterFlightLoops();
   if (LoadOptionalXplmApi()) ResolveEngineAndAnnunciatorCommands();
   RegisterPluginCommands();

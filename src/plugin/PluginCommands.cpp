@@ -5,6 +5,7 @@
 
 #include "base/OptionalXplmApi.h"
 #include "plugin/PluginActions.h"
+#include "plugin/PluginState.h"
 
 namespace drav {
 
@@ -21,9 +22,6 @@ const PluginCommand kPluginCommands[kPluginCommandCount] = {
 
 namespace {
 
-// The handle each command was registered under; all null while no handler is installed.
-std::array<XPLMCommandRef, kPluginCommandCount> gRegistered = {};
-
 // The action runs once, when the key or button goes down; holding it does not repeat the action.
 // The refcon is the row of the command table.
 int HandlePluginCommand(XPLMCommandRef /*command*/, XPLMCommandPhase phase, void* refcon) {
@@ -36,25 +34,27 @@ void* RowRefcon(int row) { return reinterpret_cast<void*>(static_cast<std::uintp
 }  // namespace
 
 void RegisterPluginCommands() {
+  RegisteredPluginCommands& registered = CurrentPluginState().registeredCommands;
   const OptionalXplmApi& api = gOptionalXplmApi;
   if (api.XPLMCreateCommand == nullptr || api.XPLMRegisterCommandHandler == nullptr) return;
   for (int row = 0; row < kPluginCommandCount; ++row) {
-    if (gRegistered[row] != nullptr) continue;
+    if (registered[row] != nullptr) continue;
     XPLMCommandRef command = api.XPLMCreateCommand(kPluginCommands[row].name, kPluginCommands[row].description);
     if (command == nullptr) continue;
     api.XPLMRegisterCommandHandler(command, HandlePluginCommand, 1, RowRefcon(row));
-    gRegistered[row] = command;
+    registered[row] = command;
   }
 }
 
 void UnregisterPluginCommands() {
+  RegisteredPluginCommands& registered = CurrentPluginState().registeredCommands;
   const OptionalXplmApi& api = gOptionalXplmApi;
   for (int row = 0; row < kPluginCommandCount; ++row) {
-    if (gRegistered[row] == nullptr) continue;
+    if (registered[row] == nullptr) continue;
     if (api.XPLMUnregisterCommandHandler != nullptr) {
-      api.XPLMUnregisterCommandHandler(gRegistered[row], HandlePluginCommand, 1, RowRefcon(row));
+      api.XPLMUnregisterCommandHandler(registered[row], HandlePluginCommand, 1, RowRefcon(row));
     }
-    gRegistered[row] = nullptr;
+    registered[row] = nullptr;
   }
 }
 

@@ -3,6 +3,10 @@
 // exists from X-Plane 9 on; a simulator without it simply has no such commands.
 #pragma once
 
+#include <XPLMUtilities.h>
+
+#include <array>
+
 namespace drav {
 
 struct PluginCommand {
@@ -13,6 +17,10 @@ struct PluginCommand {
 
 inline constexpr int kPluginCommandCount = 5;
 extern const PluginCommand kPluginCommands[kPluginCommandCount];
+
+// The handle each command was registered under; all null while no handler is installed
+// (PluginState::registeredCommands).
+using RegisteredPluginCommands = std::array<XPLMCommandRef, kPluginCommandCount>;
 
 // Creates the commands (X-Plane hands back the same command when it already exists) and installs
 // the handlers. At enable, after the optional SDK has been looked up; a second call does nothing.

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "base/Version.h"
+#include "plugin/PluginState.h"
 
 namespace drav {
 
@@ -13,44 +14,47 @@ const char* const kSplashText = "Drav cockpit panels for X-Plane - the Drav deve
 
 namespace {
 
-XPLMWindowID gSplashWindow = nullptr;
-char gSplashText[256] = "";
-int gHideSplashText = 0;
+SplashWindowState& Splash() { return CurrentPluginState().splash; }
 
-void DrawSplash(XPLMWindowID window, void* /*refcon*/) {
+SplashWindowState& SplashOf(void* refcon) { return *static_cast<SplashWindowState*>(refcon); }
+
+void DrawSplash(XPLMWindowID window, void* refcon) {
+  SplashWindowState& splash = SplashOf(refcon);
   int left = 0, top = 0, right = 0, bottom = 0;
   XPLMGetWindowGeometry(window, &left, &top, &right, &bottom);
   XPLMDrawTranslucentDarkBox(left, top, right, bottom);
   float white[3] = {1.0f, 1.0f, 1.0f};
-  XPLMDrawString(white, left + 5, top - 20, gHideSplashText != 0 ? const_cast<char*>("") : gSplashText,
+  XPLMDrawString(white, left + 5, top - 20, splash.hideText != 0 ? const_cast<char*>("") : splash.text,
                  nullptr, xplmFont_Basic);
 }
 
 void IgnoreKey(XPLMWindowID, char, XPLMKeyFlags, char, void*, int) {}
 
 // A press and a release each flip the text; a drag leaves it. Every click is ours.
-int ToggleTextOnClick(XPLMWindowID, int, int, XPLMMouseStatus status, void*) {
-  if (status == xplm_MouseDown || status == xplm_MouseUp) gHideSplashText = gHideSplashText != 0 ? 0 : 1;
+int ToggleTextOnClick(XPLMWindowID, int, int, XPLMMouseStatus status, void* refcon) {
+  SplashWindowState& splash = SplashOf(refcon);
+  if (status == xplm_MouseDown || status == xplm_MouseUp) splash.hideText = splash.hideText != 0 ? 0 : 1;
   return 1;
 }
 
 }  // namespace
 
 void CreateSplashWindow() {
-  gSplashText[0] = '\0';
-  gHideSplashText = 0;
-  gSplashWindow = XPLMCreateWindow(600, 730, 1000, 680, 1, DrawSplash, IgnoreKey, ToggleTextOnClick,
-                                   nullptr);
+  SplashWindowState& splash = Splash();
+  splash.text[0] = '\0';
+  splash.hideText = 0;
+  splash.window = XPLMCreateWindow(600, 730, 1000, 680, 1, DrawSplash, IgnoreKey, ToggleTextOnClick, &splash);
 }
 
-bool SplashWindowExists() { return gSplashWindow != nullptr; }
+bool SplashWindowExists() { return Splash().window != nullptr; }
 
 void DestroySplashWindow() {
-  if (gSplashWindow == nullptr) return;
-  XPLMDestroyWindow(gSplashWindow);
-  gSplashWindow = nullptr;
+  SplashWindowState& splash = Splash();
+  if (splash.window == nullptr) return;
+  XPLMDestroyWindow(splash.window);
+  splash.window = nullptr;
 }
 
-void SetSplashText() { std::snprintf(gSplashText, sizeof gSplashText, "%s", kSplashText); }
+void SetSplashText() { std::snprintf(Splash().text, sizeof Splash().text, "%s", kSplashText); }
 
 }  // namespace drav

@@ -26,6 +26,7 @@
 #include "ui/MenuColours.h"
 #include "ui/PopupList.h"
 #include "ui/TextMeasure.h"
+#include "ui/UiState.h"
 
 namespace drav {
 
@@ -47,48 +48,7 @@ constexpr const char* kProfileCaptions[] = {"From all aircraft", "From this airc
 constexpr const char* kSaveCaption = "Save picks for:";
 constexpr const char* kSaveItems = "all aircraft;this aircraft;";
 
-struct FunctionRowWidgets {
-  XPWidgetID caption = nullptr;
-  XPWidgetID popup = nullptr;
-  std::string key;  // empty while the row is unused
-};
-
-struct ColourRowWidgets {
-  XPWidgetID popup = nullptr;
-  std::string key;
-};
-
-struct SliderRowWidgets {
-  AssignDialogSliderWidgets widgets;
-  std::string key;
-  bool percent = false;
-};
-
-struct DialogState {
-  bool open = false;
-  XPWidgetID mainWindow = nullptr;
-  XPWidgetID devicePopup = nullptr;
-  XPWidgetID profileCaption = nullptr;
-  XPWidgetID saveCaption = nullptr;
-  XPWidgetID savePopup = nullptr;
-  ProfileFile saveTo = ProfileFile::kAllAircraft;
-  bool unitHasRows = false;  // a unit without rows (N/A, DSBLD, the GF-DIO) has nothing to save
-  std::vector<DialogDevice> devices;
-  int currentDevice = 0;
-  std::uint32_t currentType = kModuleNone;
-  std::int32_t currentUnit = 0;
-  std::string section;
-  std::array<FunctionRowWidgets, kDialogFunctionRows> functions;
-  std::array<ColourRowWidgets, kDialogColourRows> colours;
-  std::array<SliderRowWidgets, kDialogSliderRows> sliders;
-  // The field in which a value is typed, laid over the row's pop-up while it is typed.
-  XPWidgetID valueField = nullptr;
-  XPWidgetID typingPopup = nullptr;
-  std::string typingKey;  // empty while nothing is typed
-};
-
-// Main thread only, like every widget call.
-DialogState gDialog;
+AssignDialogState& Dialog() { return CurrentUiState().dialog; }
 
 // ---- the lists a unit's rows need ------------------------------------------------------------------
 
@@ -120,7 +80,7 @@ void ShowWithText(XPWidgetID widget, const char* text);
 void HideWithText(XPWidgetID widget);
 
 std::string ReadSectionValue(const std::string& key, const char* defaultValue) {
-  return ReadProfileValue(gDialog.section, key, defaultValue);
+  return ReadProfileValue(Dialog().section, key, defaultValue);
 }
 
 // The first pick saved for this aircraft takes the unit's other stored values with it: once the
@@ -130,41 +90,41 @@ bool CopySectionToAircraft() {
   const std::string to = ProfilePath(ProfileFile::kThisAircraft);
   auto copy = [&](const std::string& key) {
     char value[kIniValueSize];
-    if (key.empty() || !ReadIniValueAtPath(from, gDialog.section.c_str(), key.c_str(), value, "")) return true;
-    return WriteIniValueAtPath(to, gDialog.section.c_str(), key.c_str(), value);
+    if (key.empty() || !ReadIniValueAtPath(from, Dialog().section.c_str(), key.c_str(), value, "")) return true;
+    return WriteIniValueAtPath(to, Dialog().section.c_str(), key.c_str(), value);
   };
-  for (const FunctionRowWidgets& row : gDialog.functions) if (!copy(row.key)) return false;
-  for (const ColourRowWidgets& row : gDialog.colours) if (!copy(row.key)) return false;
-  for (const SliderRowWidgets& row : gDialog.sliders) if (!copy(row.key)) return false;
+  for (const FunctionRowWidgets& row : Dialog().functions) if (!copy(row.key)) return false;
+  for (const ColourRowWidgets& row : Dialog().colours) if (!copy(row.key)) return false;
+  for (const SliderRowWidgets& row : Dialog().sliders) if (!copy(row.key)) return false;
   return true;
 }
 
 void ShowProfile() {
-  if (AircraftProfilePath().empty() || gDialog.currentUnit < 1 || !gDialog.unitHasRows) {
-    HideWithText(gDialog.profileCaption);
-    HideWithText(gDialog.saveCaption);
-    HideWithText(gDialog.savePopup);
+  if (AircraftProfilePath().empty() || Dialog().currentUnit < 1 || !Dialog().unitHasRows) {
+    HideWithText(Dialog().profileCaption);
+    HideWithText(Dialog().saveCaption);
+    HideWithText(Dialog().savePopup);
     return;
   }
-  ShowWithText(gDialog.profileCaption, kProfileCaptions[static_cast<int>(SectionProfile(gDialog.section))]);
-  ShowWithText(gDialog.saveCaption, kSaveCaption);
-  ShowWithText(gDialog.savePopup, kSaveItems);
-  XPSetWidgetProperty(gDialog.savePopup, kPopupCurrentItemProperty, static_cast<int>(gDialog.saveTo));
+  ShowWithText(Dialog().profileCaption, kProfileCaptions[static_cast<int>(SectionProfile(Dialog().section))]);
+  ShowWithText(Dialog().saveCaption, kSaveCaption);
+  ShowWithText(Dialog().savePopup, kSaveItems);
+  XPSetWidgetProperty(Dialog().savePopup, kPopupCurrentItemProperty, static_cast<int>(Dialog().saveTo));
 }
 
 // Nothing reaches an aircraft's folder unless the pilot chose this aircraft.
 void WriteSectionValue(const std::string& key, const char* value) {
-  const bool toAircraft = gDialog.saveTo == ProfileFile::kThisAircraft && !AircraftProfilePath().empty();
-  if (toAircraft && SectionProfile(gDialog.section) == ProfileFile::kAllAircraft && !CopySectionToAircraft()) return;
+  const bool toAircraft = Dialog().saveTo == ProfileFile::kThisAircraft && !AircraftProfilePath().empty();
+  if (toAircraft && SectionProfile(Dialog().section) == ProfileFile::kAllAircraft && !CopySectionToAircraft()) return;
   const ProfileFile file = toAircraft ? ProfileFile::kThisAircraft : ProfileFile::kAllAircraft;
-  WriteIniValueAtPath(ProfilePath(file), gDialog.section.c_str(), key.c_str(), value);
+  WriteIniValueAtPath(ProfilePath(file), Dialog().section.c_str(), key.c_str(), value);
   ShowProfile();
 }
 
 // A unit unplugged while the dialog is open has no module object: reloading it does nothing.
 void ReloadCurrentUnit() {
-  if (gDialog.currentUnit < 1) return;
-  LoadUnitAssignments(gDialog.currentType, static_cast<std::uint32_t>(gDialog.currentUnit - 1));
+  if (Dialog().currentUnit < 1) return;
+  LoadUnitAssignments(Dialog().currentType, static_cast<std::uint32_t>(Dialog().currentUnit - 1));
 }
 
 // ---- typing a value ----------------------------------------------------------------------------
@@ -173,34 +133,34 @@ constexpr char kReturnKey = 13;
 constexpr char kEscapeKey = 27;
 
 void StopTyping() {
-  if (gDialog.valueField != nullptr) {
-    XPLoseKeyboardFocus(gDialog.valueField);
-    XPHideWidget(gDialog.valueField);
+  if (Dialog().valueField != nullptr) {
+    XPLoseKeyboardFocus(Dialog().valueField);
+    XPHideWidget(Dialog().valueField);
   }
-  if (gDialog.typingPopup != nullptr) XPShowWidget(gDialog.typingPopup);
-  gDialog.typingPopup = nullptr;
-  gDialog.typingKey.clear();
+  if (Dialog().typingPopup != nullptr) XPShowWidget(Dialog().typingPopup);
+  Dialog().typingPopup = nullptr;
+  Dialog().typingKey.clear();
 }
 
 // The field takes the pop-up's place with the row's value in it, ready for the keyboard.
 void StartTyping(XPWidgetID popup, const std::string& key) {
-  if (gDialog.valueField == nullptr) return;
+  if (Dialog().valueField == nullptr) return;
   StopTyping();
   int left = 0, top = 0, right = 0, bottom = 0;
   XPGetWidgetGeometry(popup, &left, &top, &right, &bottom);
-  XPSetWidgetGeometry(gDialog.valueField, left, top, right, bottom);
-  XPSetWidgetDescriptor(gDialog.valueField, ReadSectionValue(key, "").c_str());
+  XPSetWidgetGeometry(Dialog().valueField, left, top, right, bottom);
+  XPSetWidgetDescriptor(Dialog().valueField, ReadSectionValue(key, "").c_str());
   XPHideWidget(popup);
-  XPShowWidget(gDialog.valueField);
-  XPSetKeyboardFocus(gDialog.valueField);
-  gDialog.typingPopup = popup;
-  gDialog.typingKey = key;
+  XPShowWidget(Dialog().valueField);
+  XPSetKeyboardFocus(Dialog().valueField);
+  Dialog().typingPopup = popup;
+  Dialog().typingKey = key;
 }
 
 // Return stores what was typed, as a pick stores its item, and shows the unit again; Escape leaves
 // the row as it was. Every other key is the field's.
 int OnValueFieldKey(XPWidgetMessage message, XPWidgetID widget, intptr_t param1, intptr_t /*param2*/) {
-  if (message != xpMsg_KeyPress || !gDialog.open || gDialog.typingKey.empty()) return 0;
+  if (message != xpMsg_KeyPress || !Dialog().open || Dialog().typingKey.empty()) return 0;
   const auto& key = *reinterpret_cast<const XPKeyState_t*>(param1);
   if ((key.flags & xplm_DownFlag) == 0) return 0;
   if (key.key == kEscapeKey) {
@@ -208,10 +168,10 @@ int OnValueFieldKey(XPWidgetMessage message, XPWidgetID widget, intptr_t param1,
     return 1;
   }
   if (key.key != kReturnKey) return 0;
-  WriteSectionValue(gDialog.typingKey, WidgetDescriptor(widget).c_str());
+  WriteSectionValue(Dialog().typingKey, WidgetDescriptor(widget).c_str());
   StopTyping();
   ReloadCurrentUnit();
-  ShowDevicePanel(gDialog.currentType, gDialog.currentUnit);
+  ShowDevicePanel(Dialog().currentType, Dialog().currentUnit);
   return 1;
 }
 
@@ -232,26 +192,26 @@ void SaveItemPicked(XPWidgetID popup, const std::string& key, int index) {
 void DevicePicked(int index);
 
 int OnItemPicked(XPWidgetMessage message, XPWidgetID /*widget*/, intptr_t param1, intptr_t param2) {
-  if (message != kPopupItemPickedMessage || !gDialog.open) return 0;
+  if (message != kPopupItemPickedMessage || !Dialog().open) return 0;
   XPWidgetID popup = reinterpret_cast<XPWidgetID>(param1);
   const int index = static_cast<int>(param2);
-  if (popup == gDialog.devicePopup) {
+  if (popup == Dialog().devicePopup) {
     DevicePicked(index);
     return 1;
   }
-  if (popup == gDialog.savePopup) {
+  if (popup == Dialog().savePopup) {
     // The items are in ProfileFile's order.
-    gDialog.saveTo = index == static_cast<int>(ProfileFile::kThisAircraft) ? ProfileFile::kThisAircraft
+    Dialog().saveTo = index == static_cast<int>(ProfileFile::kThisAircraft) ? ProfileFile::kThisAircraft
                                                                             : ProfileFile::kAllAircraft;
     return 1;
   }
-  for (const FunctionRowWidgets& row : gDialog.functions) {
+  for (const FunctionRowWidgets& row : Dialog().functions) {
     if (row.popup == popup) {
       SaveItemPicked(popup, row.key, index);
       return 1;
     }
   }
-  for (const ColourRowWidgets& row : gDialog.colours) {
+  for (const ColourRowWidgets& row : Dialog().colours) {
     if (row.popup == popup) {
       SaveItemPicked(popup, row.key, index);
       return 1;
@@ -269,9 +229,9 @@ std::string PercentText(int value) {
 std::string NumberText(int value) { return std::to_string(value); }
 
 int OnSliderMoved(XPWidgetMessage message, XPWidgetID /*widget*/, intptr_t param1, intptr_t /*param2*/) {
-  if (message != xpMsg_ScrollBarSliderPositionChanged || !gDialog.open) return 0;
+  if (message != xpMsg_ScrollBarSliderPositionChanged || !Dialog().open) return 0;
   XPWidgetID slider = reinterpret_cast<XPWidgetID>(param1);
-  for (const SliderRowWidgets& row : gDialog.sliders) {
+  for (const SliderRowWidgets& row : Dialog().sliders) {
     if (row.widgets.slider != slider || row.key.empty()) continue;
     const int position = static_cast<int>(XPGetWidgetProperty(slider, xpProperty_ScrollBarSliderPosition, nullptr));
     char value[32];
@@ -308,16 +268,16 @@ void HideWithText(XPWidgetID widget) {
 
 void HideEveryRow() {
   StopTyping();
-  for (FunctionRowWidgets& row : gDialog.functions) {
+  for (FunctionRowWidgets& row : Dialog().functions) {
     HideWithText(row.caption);
     HideWithText(row.popup);
     row.key.clear();
   }
-  for (ColourRowWidgets& row : gDialog.colours) {
+  for (ColourRowWidgets& row : Dialog().colours) {
     HideWithText(row.popup);
     row.key.clear();
   }
-  for (SliderRowWidgets& row : gDialog.sliders) {
+  for (SliderRowWidgets& row : Dialog().sliders) {
     for (XPWidgetID widget : {row.widgets.caption, row.widgets.minimumLabel, row.widgets.valueLabel,
                               row.widgets.maximumLabel, row.widgets.slider}) {
       HideWithText(widget);
@@ -333,7 +293,7 @@ void ShowPopupSelection(XPWidgetID popup, const std::string& list, const std::st
 
 void FillFunctionRow(const DialogFunctionRow& entry, const std::string& list) {
   if (entry.row < 0 || entry.row >= kDialogFunctionRows) return;
-  FunctionRowWidgets& row = gDialog.functions[static_cast<std::size_t>(entry.row)];
+  FunctionRowWidgets& row = Dialog().functions[static_cast<std::size_t>(entry.row)];
   ShowWithText(row.caption, entry.caption);
   const std::string value = ReadSectionValue(entry.key, entry.defaultValue);
   const std::string typable = list + kTypeValueItem + ";";
@@ -352,14 +312,14 @@ void FillFunctionRow(const DialogFunctionRow& entry, const std::string& list) {
 
 void FillColourRow(const DialogFunctionRow& entry, const std::string& list) {
   if (entry.row < 0 || entry.row >= kDialogColourRows) return;
-  ColourRowWidgets& row = gDialog.colours[static_cast<std::size_t>(entry.row)];
+  ColourRowWidgets& row = Dialog().colours[static_cast<std::size_t>(entry.row)];
   ShowPopupSelection(row.popup, list, ReadSectionValue(entry.key, entry.defaultValue));
   row.key = entry.key;
 }
 
 void FillSliderRow(const DialogSliderRow& entry) {
   if (entry.row < 0 || entry.row >= kDialogSliderRows) return;
-  SliderRowWidgets& row = gDialog.sliders[static_cast<std::size_t>(entry.row)];
+  SliderRowWidgets& row = Dialog().sliders[static_cast<std::size_t>(entry.row)];
   ShowWithText(row.widgets.caption, entry.caption);
   row.key = entry.key;
   row.percent = entry.percent;
@@ -377,9 +337,9 @@ void FillSliderRow(const DialogSliderRow& entry) {
 }
 
 void DevicePicked(int index) {
-  gDialog.currentDevice = index;
-  if (index < 0 || index >= static_cast<int>(gDialog.devices.size())) return;
-  const DialogDevice& device = gDialog.devices[static_cast<std::size_t>(index)];
+  Dialog().currentDevice = index;
+  if (index < 0 || index >= static_cast<int>(Dialog().devices.size())) return;
+  const DialogDevice& device = Dialog().devices[static_cast<std::size_t>(index)];
   ShowDevicePanel(device.moduleType, device.unit);
 }
 
@@ -437,27 +397,27 @@ DialogTextWidths MeasureDialogTexts(const std::string& deviceText) {
 // ---- building the dialog ---------------------------------------------------------------------------
 
 XPWidgetID CreateChild(int left, int top, int right, int bottom, const char* text, XPWidgetClass widgetClass) {
-  return XPCreateWidget(left, top, right, bottom, 0, text, 0, gDialog.mainWindow, widgetClass);
+  return XPCreateWidget(left, top, right, bottom, 0, text, 0, Dialog().mainWindow, widgetClass);
 }
 
 void CreateColourRows(int left, int top, const DialogColumns& columns) {
   for (int i = 0; i < kDialogColourRows; ++i) {
     const int y = top - 40 - kRowPitch * i;
     XPWidgetID popup = CreatePopupList(left + columns.colourLeft, y, left + columns.colourRight, y - 12, 0, "",
-                                       gDialog.mainWindow, 1);
+                                       Dialog().mainWindow, 1);
     XPAddWidgetCallback(popup, OnItemPicked);
-    gDialog.colours[static_cast<std::size_t>(i)] = {popup, {}};
+    Dialog().colours[static_cast<std::size_t>(i)] = {popup, {}};
   }
 }
 
 void CreateFunctionRows(int left, int top, const DialogColumns& columns) {
   for (int i = 0; i < kDialogFunctionRows; ++i) {
     const int y = top - 40 - kRowPitch * i;
-    FunctionRowWidgets& row = gDialog.functions[static_cast<std::size_t>(i)];
+    FunctionRowWidgets& row = Dialog().functions[static_cast<std::size_t>(i)];
     row.caption = CreateChild(left + columns.captionLeft, y, left + columns.captionRight, y - 12, kInitialCaption,
                               xpWidgetClass_Caption);
     row.popup = CreatePopupList(left + columns.functionLeft, y, left + columns.functionRight, y - 12, 0, "",
-                                gDialog.mainWindow, 1);
+                                Dialog().mainWindow, 1);
     XPAddWidgetCallback(row.popup, OnItemPicked);
     row.key.clear();
   }
@@ -466,10 +426,10 @@ void CreateFunctionRows(int left, int top, const DialogColumns& columns) {
 // Hidden until a row's "type a value" item is picked; it then lies over that row's pop-up. A value
 // is one line of DRAV.INI.
 void CreateValueField() {
-  gDialog.valueField = XPCreateWidget(0, 0, 0, 0, 0, "", 0, gDialog.mainWindow, xpWidgetClass_TextField);
-  XPSetWidgetProperty(gDialog.valueField, xpProperty_TextFieldType, xpTextEntryField);
-  XPSetWidgetProperty(gDialog.valueField, xpProperty_MaxCharacters, kIniValueSize - 1);
-  XPAddWidgetCallback(gDialog.valueField, OnValueFieldKey);
+  Dialog().valueField = XPCreateWidget(0, 0, 0, 0, 0, "", 0, Dialog().mainWindow, xpWidgetClass_TextField);
+  XPSetWidgetProperty(Dialog().valueField, xpProperty_TextFieldType, xpTextEntryField);
+  XPSetWidgetProperty(Dialog().valueField, xpProperty_MaxCharacters, kIniValueSize - 1);
+  XPAddWidgetCallback(Dialog().valueField, OnValueFieldKey);
 }
 
 void CreateSliderRows(int left, int top, const DialogColumns& columns) {
@@ -477,7 +437,7 @@ void CreateSliderRows(int left, int top, const DialogColumns& columns) {
   const int labelWidth = std::max(kSliderLabelWidth, TextWidth("100%"));
   for (int j = 0; j < kDialogSliderRows; ++j) {
     const int y = top - 210 - kSliderPitch * j;
-    SliderRowWidgets& row = gDialog.sliders[static_cast<std::size_t>(j)];
+    SliderRowWidgets& row = Dialog().sliders[static_cast<std::size_t>(j)];
     row.widgets.caption = CreateChild(left + columns.captionLeft, y, left + columns.captionRight, y - 12,
                                       kInitialCaption, xpWidgetClass_Caption);
     const int shifted = left + columns.sliderShift;  // the slider keeps its place beside the pop-ups
@@ -500,73 +460,71 @@ void CreateSliderRows(int left, int top, const DialogColumns& columns) {
 
 }  // namespace
 
-bool IsAssignDialogOpen() { return gDialog.open; }
+bool IsAssignDialogOpen() { return Dialog().open; }
 
 void OpenAssignFunctionsDialog(int width, int height) {
-  if (gDialog.open) return;
+  if (Dialog().open) return;
   const std::vector<DialogDevice> devices = BuildDialogDeviceList(CurrentDialogUnitCounts());
   const std::string deviceText = DeviceListText(devices, CurrentDeviceLabelContext());
   const DialogColumns columns = LayoutDialogColumns(MeasureDialogTexts(deviceText), width);
   width = columns.windowWidth;
   const int left = (kDesignScreenWidth - width) / 2;
   const int top = kDesignScreenHeight - (kDesignScreenHeight - height) / 2;
-  gDialog = DialogState{};
-  // Handles found in an earlier simulator session must not be used in this one.
-  ResetMenuColourLookups();
-  gDialog.mainWindow = XPCreateWidget(left, top, left + width, top - height, 1, kDialogTitle, 1, nullptr,
+  Dialog() = AssignDialogState{};
+  Dialog().mainWindow = XPCreateWidget(left, top, left + width, top - height, 1, kDialogTitle, 1, nullptr,
                                       xpWidgetClass_MainWindow);
-  if (gDialog.mainWindow == nullptr) return;
-  gDialog.open = true;
-  XPSetWidgetProperty(gDialog.mainWindow, xpProperty_MainWindowHasCloseBoxes, 1);
+  if (Dialog().mainWindow == nullptr) return;
+  Dialog().open = true;
+  XPSetWidgetProperty(Dialog().mainWindow, xpProperty_MainWindowHasCloseBoxes, 1);
 
-  gDialog.devices = devices;
+  Dialog().devices = devices;
   // The device pop-up is created first: the later ones set the shared scrolling flag.
-  gDialog.devicePopup = CreatePopupList(left + columns.deviceLeft, top - 40, left + columns.deviceRight, top - 52, 1,
-                                        deviceText.c_str(), gDialog.mainWindow, 0);
-  XPAddWidgetCallback(gDialog.devicePopup, OnItemPicked);
-  gDialog.profileCaption = CreateChild(left + columns.deviceLeft, top - 60, left + columns.deviceRight, top - 72, "",
+  Dialog().devicePopup = CreatePopupList(left + columns.deviceLeft, top - 40, left + columns.deviceRight, top - 52, 1,
+                                        deviceText.c_str(), Dialog().mainWindow, 0);
+  XPAddWidgetCallback(Dialog().devicePopup, OnItemPicked);
+  Dialog().profileCaption = CreateChild(left + columns.deviceLeft, top - 60, left + columns.deviceRight, top - 72, "",
                                        xpWidgetClass_Caption);
-  gDialog.saveCaption = CreateChild(left + columns.deviceLeft, top - 80, left + columns.deviceRight, top - 92, "",
+  Dialog().saveCaption = CreateChild(left + columns.deviceLeft, top - 80, left + columns.deviceRight, top - 92, "",
                                     xpWidgetClass_Caption);
-  gDialog.savePopup = CreatePopupList(left + columns.deviceLeft, top - 100, left + columns.deviceRight, top - 112, 0,
-                                      kSaveItems, gDialog.mainWindow, 1);
-  XPAddWidgetCallback(gDialog.savePopup, OnItemPicked);
+  Dialog().savePopup = CreatePopupList(left + columns.deviceLeft, top - 100, left + columns.deviceRight, top - 112, 0,
+                                      kSaveItems, Dialog().mainWindow, 1);
+  XPAddWidgetCallback(Dialog().savePopup, OnItemPicked);
   CreateFunctionRows(left, top, columns);
   // After the captions, so that a colour pop-up lies in front of the caption column it sits in.
   CreateColourRows(left, top, columns);
   CreateSliderRows(left, top, columns);
   CreateValueField();
   DevicePicked(0);
-  XPAddWidgetCallback(gDialog.mainWindow, OnCloseBox);
+  XPAddWidgetCallback(Dialog().mainWindow, OnCloseBox);
 }
 
 bool OpenAssignDialog(int width, int height) {
   OpenAssignFunctionsDialog(width, height);
-  return gDialog.open;
+  return Dialog().open;
 }
 
 void CloseAssignDialog() {
-  if (!gDialog.open) return;
-  XPWidgetID mainWindow = gDialog.mainWindow;
+  if (!Dialog().open) return;
+  XPWidgetID mainWindow = Dialog().mainWindow;
   // Cleared first: destroying the widgets must not run the dialog's callbacks on half-gone rows.
-  gDialog = DialogState{};
+  Dialog() = AssignDialogState{};
   XPDestroyWidget(mainWindow, 1);
 }
 
 void RefreshAssignDialog() {
-  if (gDialog.open) DevicePicked(gDialog.currentDevice);
+  if (Dialog().open) DevicePicked(Dialog().currentDevice);
 }
 
 void ShowDevicePanel(std::uint32_t moduleType, std::int32_t unit) {
-  if (!gDialog.open) return;
-  gDialog.currentType = moduleType;
-  gDialog.currentUnit = unit;
-  gDialog.section = AssignmentSection(moduleType, static_cast<std::uint32_t>(unit > 0 ? unit - 1 : 0));
+  if (!Dialog().open) return;
+  Dialog().currentType = moduleType;
+  Dialog().currentUnit = unit;
+  Dialog().section = AssignmentSection(moduleType, static_cast<std::uint32_t>(unit > 0 ? unit - 1 : 0));
   const UnitLists lists(moduleType);
   HideEveryRow();
   const DialogModelRows rows = RowsForModel(moduleType, CurrentDialogRowContext());
-  gDialog.saveTo = SectionProfile(gDialog.section);  // a pick goes where the unit's section already is
-  gDialog.unitHasRows = !rows.functions.empty() || !rows.sliders.empty();
+  Dialog().saveTo = SectionProfile(Dialog().section);  // a pick goes where the unit's section already is
+  Dialog().unitHasRows = !rows.functions.empty() || !rows.sliders.empty();
   ShowProfile();
   for (const DialogFunctionRow& row : rows.functions) FillFunctionRow(row, lists.Get(row.list));
   for (const DialogFunctionRow& row : rows.colours) FillColourRow(row, lists.Get(row.list));
@@ -575,17 +533,17 @@ void ShowDevicePanel(std::uint32_t moduleType, std::int32_t unit) {
 }
 
 bool GetAssignDialogWidgets(AssignDialogWidgets& out) {
-  if (!gDialog.open) return false;
-  out.mainWindow = gDialog.mainWindow;
-  out.devicePopup = gDialog.devicePopup;
-  out.profileCaption = gDialog.profileCaption;
-  out.savePopup = gDialog.savePopup;
+  if (!Dialog().open) return false;
+  out.mainWindow = Dialog().mainWindow;
+  out.devicePopup = Dialog().devicePopup;
+  out.profileCaption = Dialog().profileCaption;
+  out.savePopup = Dialog().savePopup;
   for (int i = 0; i < kDialogFunctionRows; ++i) {
-    out.functionCaption[i] = gDialog.functions[static_cast<std::size_t>(i)].caption;
-    out.functionPopup[i] = gDialog.functions[static_cast<std::size_t>(i)].popup;
+    out.functionCaption[i] = Dialog().functions[static_cast<std::size_t>(i)].caption;
+    out.functionPopup[i] = Dialog().functions[static_cast<std::size_t>(i)].popup;
   }
-  for (int i = 0; i < kDialogColourRows; ++i) out.colourPopup[i] = gDialog.colours[static_cast<std::size_t>(i)].popup;
-  for (int j = 0; j < kDialogSliderRows; ++j) out.sliders[j] = gDialog.sliders[static_cast<std::size_t>(j)].widgets;
+  for (int i = 0; i < kDialogColourRows; ++i) out.colourPopup[i] = Dialog().colours[static_cast<std::size_t>(i)].popup;
+  for (int j = 0; j < kDialogSliderRows; ++j) out.sliders[j] = Dialog().sliders[static_cast<std::size_t>(j)].widgets;
   return true;
 }
 

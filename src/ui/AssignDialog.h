@@ -4,7 +4,14 @@
 
 #include "XPWidgetDefs.h"
 
+#include <array>
 #include <cstdint>
+#include <string>
+#include <vector>
+
+#include "config/AircraftProfile.h"
+#include "hid/ModuleTypes.h"
+#include "ui/DialogDeviceList.h"
 
 namespace drav {
 
@@ -47,5 +54,46 @@ struct AssignDialogWidgets {
 };
 // False (and `out` untouched) while the dialog is closed.
 bool GetAssignDialogWidgets(AssignDialogWidgets& out);
+
+// What the open dialog holds (UiState::dialog). Main thread only, like every widget call.
+struct FunctionRowWidgets {
+  XPWidgetID caption = nullptr;
+  XPWidgetID popup = nullptr;
+  std::string key;  // empty while the row is unused
+};
+
+struct ColourRowWidgets {
+  XPWidgetID popup = nullptr;
+  std::string key;
+};
+
+struct SliderRowWidgets {
+  AssignDialogSliderWidgets widgets;
+  std::string key;
+  bool percent = false;
+};
+
+struct AssignDialogState {
+  bool open = false;
+  XPWidgetID mainWindow = nullptr;
+  XPWidgetID devicePopup = nullptr;
+  XPWidgetID profileCaption = nullptr;
+  XPWidgetID saveCaption = nullptr;
+  XPWidgetID savePopup = nullptr;
+  ProfileFile saveTo = ProfileFile::kAllAircraft;
+  bool unitHasRows = false;  // a unit without rows (N/A, DSBLD, the GF-DIO) has nothing to save
+  std::vector<DialogDevice> devices;
+  int currentDevice = 0;
+  std::uint32_t currentType = kModuleNone;
+  std::int32_t currentUnit = 0;
+  std::string section;
+  std::array<FunctionRowWidgets, kDialogFunctionRows> functions;
+  std::array<ColourRowWidgets, kDialogColourRows> colours;
+  std::array<SliderRowWidgets, kDialogSliderRows> sliders;
+  // The field in which a value is typed, laid over the row's pop-up while it is typed.
+  XPWidgetID valueField = nullptr;
+  XPWidgetID typingPopup = nullptr;
+  std::string typingKey;  // empty while nothing is typed
+};
 
 }  // namespace drav

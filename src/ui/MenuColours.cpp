@@ -2,6 +2,8 @@
 
 #include <XPLMDataAccess.h>
 
+#include "ui/UiState.h"
+
 namespace drav {
 
 namespace {
@@ -24,27 +26,18 @@ const ColourSlotSource kColourSlots[kMenuColourSlots] = {
     {"sim/graphics/colors/menu_text_disabled_rgb", {0.4f, 0.4f, 0.4f}},
 };
 
-struct ColourLookups {
-  bool done = false;
-  XPLMDataRef slots[kMenuColourSlots] = {};
-  XPLMDataRef lightRed = nullptr;
-  XPLMDataRef lightGreen = nullptr;
-  XPLMDataRef lightBlue = nullptr;
-};
-
-ColourLookups gLookups;
-
-const ColourLookups& Lookups() {
-  if (!gLookups.done) {
+const MenuColourLookups& Lookups() {
+  MenuColourLookups& lookups = CurrentUiState().menuColours;
+  if (!lookups.done) {
     for (int slot = 0; slot < kMenuColourSlots; ++slot) {
-      gLookups.slots[slot] = XPLMFindDataRef(kColourSlots[slot].dataref);
+      lookups.slots[slot] = XPLMFindDataRef(kColourSlots[slot].dataref);
     }
-    gLookups.lightRed = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_r");
-    gLookups.lightGreen = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_g");
-    gLookups.lightBlue = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_b");
-    gLookups.done = true;
+    lookups.lightRed = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_r");
+    lookups.lightGreen = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_g");
+    lookups.lightBlue = XPLMFindDataRef("sim/graphics/misc/cockpit_light_level_b");
+    lookups.done = true;
   }
-  return gLookups;
+  return lookups;
 }
 
 // A missing light level leaves the fallback undimmed.
@@ -54,7 +47,7 @@ float LightLevel(XPLMDataRef level) { return level != nullptr ? XPLMGetDataf(lev
 
 MenuColour GetMenuColour(int slot) {
   if (slot < 0 || slot >= kMenuColourSlots) slot = kMenuText;
-  const ColourLookups& lookups = Lookups();
+  const MenuColourLookups& lookups = Lookups();
   if (XPLMDataRef colour = lookups.slots[slot]; colour != nullptr) {
     float rgb[3] = {0.0f, 0.0f, 0.0f};
     XPLMGetDatavf(colour, rgb, 0, 3);
@@ -64,7 +57,5 @@ MenuColour GetMenuColour(int slot) {
   return {fallback.red * LightLevel(lookups.lightRed), fallback.green * LightLevel(lookups.lightGreen),
           fallback.blue * LightLevel(lookups.lightBlue)};
 }
-
-void ResetMenuColourLookups() { gLookups = ColourLookups{}; }
 
 }  // namespace drav

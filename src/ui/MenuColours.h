@@ -3,6 +3,8 @@
 // missing.
 #pragma once
 
+#include <XPLMDataAccess.h>
+
 namespace drav {
 
 enum MenuColourSlot : int {
@@ -21,10 +23,17 @@ struct MenuColour {
   float blue = 0.0f;
 };
 
-// The slot's colour now. Slots outside 0..5 read as the text colour. The dataref handles are looked
-// up at the first use after a reset.
+// The colour datarefs, looked up at the first use after the plug-in started (they belong to one
+// simulator session).
+struct MenuColourLookups {
+  bool done = false;
+  XPLMDataRef slots[kMenuColourSlots] = {};
+  XPLMDataRef lightRed = nullptr;
+  XPLMDataRef lightGreen = nullptr;
+  XPLMDataRef lightBlue = nullptr;
+};
+
+// The slot's colour now. Slots outside 0..5 read as the text colour.
 MenuColour GetMenuColour(int slot);
-// Forgets the dataref handles: they belong to one simulator session.
-void ResetMenuColourLookups();
 
 }  // namespace drav

@@ -16,6 +16,7 @@
 #include "ui/MenuColours.h"
 #include "ui/PickMenuLayout.h"
 #include "ui/TextMeasure.h"
+#include "ui/UiState.h"
 
 namespace drav {
 
@@ -26,21 +27,10 @@ constexpr unsigned char kKeyPageUp = 0x21;
 constexpr unsigned char kKeyPageDown = 0x22;
 constexpr float kHighlightAlpha = 0.25f;
 
-struct OpenMenu {
-  XPLMWindowID window = nullptr;
-  std::vector<PickMenuItem> items;
-  PickMenuLayout layout;
-  ScreenRect place;
-  PickMenuMetrics metrics;
-  int scrollOffset = 0;
-  int hoverCell = -1;
-  bool scrolling = false;
-  PickMenuAnswer answer = nullptr;
-  void* refcon = nullptr;
-};
-
 // Only ever touched on the simulator's main thread.
-std::unique_ptr<OpenMenu> gMenu;
+std::unique_ptr<PickMenuWindow>& OpenMenu() { return CurrentUiState().pickMenu; }
+
+PickMenuWindow& MenuOf(void* refcon) { return *static_cast<PickMenuWindow*>(refcon); }
 
 PickMenuMetrics CurrentMetrics() {
   PickMenuMetrics metrics;
@@ -114,9 +104,8 @@ void DrawItemText(const PickMenuItem& item, const ScreenRect& cell, const PickMe
   XPLMDrawString(rgb, cell.left + kMenuTextInset, baseline, text, nullptr, xplmFont_Basic);
 }
 
-void DrawMenu(XPLMWindowID /*window*/, void* /*refcon*/) {
-  if (gMenu == nullptr) return;
-  const OpenMenu& menu = *gMenu;
+void DrawMenu(XPLMWindowID /*window*/, void* refcon) {
+  const PickMenuWindow& menu = MenuOf(refcon);
   if (HasInterfaceTexture()) {
     DrawInterfacePiece(kMenuBoxPiece, menu.place.left, menu.place.bottom, menu.place.right, menu.place.top);
   } else {
@@ -141,47 +130,49 @@ void DrawMenu(XPLMWindowID /*window*/, void* /*refcon*/) {
 }
 
 void CloseMenu() {
-  std::unique_ptr<OpenMenu> menu = std::move(gMenu);
+  std::unique_ptr<PickMenuWindow> menu = std::move(OpenMenu());
   if (menu == nullptr) return;
   // Only the keyboard the menu took is given back: another window may have it by now.
   if (menu->scrolling && XPLMHasKeyboardFocus(menu->window) != 0) XPLMTakeKeyboardFocus(nullptr);
   XPLMDestroyWindow(menu->window);
 }
 
-void HandleKey(XPLMWindowID /*window*/, char /*key*/, XPLMKeyFlags flags, char virtualKey, void* /*refcon*/,
+void HandleKey(XPLMWindowID /*window*/, char /*key*/, XPLMKeyFlags flags, char virtualKey, void* refcon,
                int losingFocus) {
-  if (gMenu == nullptr || losingFocus != 0 || !gMenu->scrolling) return;
+  PickMenuWindow& menu = MenuOf(refcon);
+  if (losingFocus != 0 || !menu.scrolling) return;
   if ((flags & xplm_DownFlag) == 0) return;
-  const int count = static_cast<int>(gMenu->items.size());
+  const int count = static_cast<int>(menu.items.size());
   switch (static_cast<unsigned char>(virtualKey)) {
     case kKeyPageUp:
-      gMenu->scrollOffset = PageUp(gMenu->scrollOffset, gMenu->layout.pageSize);
+      menu.scrollOffset = PageUp(menu.scrollOffset, menu.layout.pageSize);
       break;
     case kKeyPageDown:
-      gMenu->scrollOffset = PageDown(gMenu->scrollOffset, gMenu->layout.pageSize, count);
+      menu.scrollOffset = PageDown(menu.scrollOffset, menu.layout.pageSize, count);
       break;
     default:
       break;
   }
 }
 
-int HandleMouse(XPLMWindowID /*window*/, int x, int y, XPLMMouseStatus status, void* /*refcon*/) {
-  if (gMenu == nullptr) return 1;
+int HandleMouse(XPLMWindowID /*window*/, int x, int y, XPLMMouseStatus status, void* menuRefcon) {
+  PickMenuWindow& menu = MenuOf(menuRefcon);
   if (status != xplm_MouseUp) {
-    gMenu->hoverCell = CellAt(gMenu->layout, gMenu->place, x, y);
+    menu.hoverCell = CellAt(menu.layout, menu.place, x, y);
     return 1;
   }
-  const int index = PickedIndex(gMenu->items, gMenu->layout, gMenu->place, gMenu->scrollOffset, x, y);
-  const PickMenuAnswer answer = gMenu->answer;
-  void* refcon = gMenu->refcon;
+  const int index = PickedIndex(menu.items, menu.layout, menu.place, menu.scrollOffset, x, y);
+  const PickMenuAnswer answer = menu.answer;
+  void* refcon = menu.refcon;
   // The menu is gone before the answer runs, so that the answer may open another one.
   CloseMenu();
   if (answer != nullptr) answer(refcon, index);
   return 1;
 }
 
-XPLMCursorStatus HandleCursor(XPLMWindowID /*window*/, int x, int y, void* /*refcon*/) {
-  if (gMenu != nullptr) gMenu->hoverCell = CellAt(gMenu->layout, gMenu->place, x, y);
+XPLMCursorStatus HandleCursor(XPLMWindowID /*window*/, int x, int y, void* refcon) {
+  PickMenuWindow& menu = MenuOf(refcon);
+  menu.hoverCell = CellAt(menu.layout, menu.place, x, y);
   return xplm_CursorDefault;
 }
 
@@ -194,7 +185,7 @@ int HandleWheel(XPLMWindowID /*window*/, int /*x*/, int /*y*/, int /*wheel*/, in
 bool OpenPickMenu(int anchorLeft, int anchorTop, const char* items, int currentIndex, bool scrolling,
                   PickMenuAnswer answer, void* refcon) {
   CloseMenu();
-  auto menu = std::make_unique<OpenMenu>();
+  auto menu = std::make_unique<PickMenuWindow>();
   menu->items = ParsePickMenuItems(items != nullptr ? items : "");
   for (PickMenuItem& item : menu->items) item.width = TextWidth(item.text);
   if (menu->items.empty()) return false;
@@ -217,19 +208,20 @@ bool OpenPickMenu(int anchorLeft, int anchorTop, const char* items, int currentI
   params.handleKeyFunc = HandleKey;
   params.handleCursorFunc = HandleCursor;
   params.handleMouseWheelFunc = HandleWheel;
+  params.refcon = menu.get();
   // A simulator without the 2.x window call gets no menu rather than a plug-in that fails to load.
   if (gOptionalXplmApi.XPLMCreateWindowEx == nullptr) return false;
   menu->window = gOptionalXplmApi.XPLMCreateWindowEx(&params);
   if (menu->window == nullptr) return false;
   if (scrolling) XPLMTakeKeyboardFocus(menu->window);
-  gMenu = std::move(menu);
+  OpenMenu() = std::move(menu);
   return true;
 }
 
-bool IsPickMenuOpen() { return gMenu != nullptr; }
+bool IsPickMenuOpen() { return OpenMenu() != nullptr; }
 
 void CancelPickMenu(void* refcon) {
-  if (gMenu != nullptr && gMenu->refcon == refcon) CloseMenu();
+  if (OpenMenu() != nullptr && OpenMenu()->refcon == refcon) CloseMenu();
 }
 
 }  // namespace drav

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <map>
 #include <string>
 
 #include "ui/InterfaceTexture.h"
@@ -17,6 +16,7 @@
 #include "ui/MenuColours.h"
 #include "ui/PickMenu.h"
 #include "ui/TextMeasure.h"
+#include "ui/UiState.h"
 
 namespace drav {
 
@@ -30,24 +30,13 @@ constexpr int kArrowRoom = 24;  // the arrow at the right end takes this much of
 constexpr int kArrowInset = 17;
 constexpr int kTextMargin = 4;  // air between the text's end and the arrow
 
-// The process keeps one scrolling flag for every pop-up.
-bool gScrollingMenus = false;
-
-// What each pop-up shows, kept so that drawing neither reads the descriptor nor allocates. How much
-// of the text fits is measured again only when the pop-up's width or its item changes.
-struct ShownItem {
-  intptr_t index = -1;
-  std::string text;
-  int fittedWidth = -1;
-  std::size_t fittedLength = 0;
-};
-std::map<XPWidgetID, ShownItem> gShownItems;
+PopupListState& Popups() { return CurrentUiState().popups; }
 
 void UpdateCurrentItem(XPWidgetID widget) {
   const std::string descriptor = WidgetDescriptor(widget);
   const intptr_t index = XPGetWidgetProperty(widget, kPopupCurrentItemProperty, nullptr);
   const ItemSpan span = LocateItem(descriptor, static_cast<int>(index));
-  ShownItem& shown = gShownItems[widget];
+  PopupShownItem& shown = Popups().shownItems[widget];
   shown.index = index;
   shown.text = descriptor.substr(span.start, span.length);
   if (shown.text.starts_with('(')) shown.text.erase(0, 1);
@@ -70,11 +59,12 @@ void DrawArrow(int x, int centre) {
 }
 
 void DrawButtonText(XPWidgetID widget, int left, int right, int centre, bool enabled) {
-  auto shown = gShownItems.find(widget);
-  if (shown == gShownItems.end()) return;
+  auto& shownItems = Popups().shownItems;
+  auto shown = shownItems.find(widget);
+  if (shown == shownItems.end()) return;
   int fontHeight = 12;
   XPLMGetFontDimensions(xplmFont_Basic, nullptr, &fontHeight, nullptr);
-  ShownItem& item = shown->second;
+  PopupShownItem& item = shown->second;
   const int textRoom = right - left - kArrowRoom - kTextIndent;
   if (item.fittedWidth != textRoom) {
     item.fittedLength = FittingLength(item.text, textRoom);
@@ -97,8 +87,9 @@ void DrawPopup(XPWidgetID widget) {
   XPGetWidgetGeometry(widget, &left, &top, &right, &bottom);
   const int centre = (top + bottom) / 2;
   // The property can be written without the change message reaching us: catch up before drawing.
-  auto shown = gShownItems.find(widget);
-  if (shown == gShownItems.end() || shown->second.index != XPGetWidgetProperty(widget, kPopupCurrentItemProperty, nullptr)) {
+  auto& shownItems = Popups().shownItems;
+  auto shown = shownItems.find(widget);
+  if (shown == shownItems.end() || shown->second.index != XPGetWidgetProperty(widget, kPopupCurrentItemProperty, nullptr)) {
     UpdateCurrentItem(widget);
   }
   const bool enabled = XPGetWidgetProperty(widget, xpProperty_Enabled, nullptr) != 0;
@@ -127,7 +118,7 @@ void OpenMenuFor(XPWidgetID widget) {
   XPGetWidgetGeometry(widget, &left, &top, nullptr, nullptr);
   const std::string items = WidgetDescriptor(widget);
   const int current = static_cast<int>(XPGetWidgetProperty(widget, kPopupCurrentItemProperty, nullptr));
-  OpenPickMenu(left, top, items.c_str(), current, gScrollingMenus, AnswerPick, widget);
+  OpenPickMenu(left, top, items.c_str(), current, Popups().scrollingMenus, AnswerPick, widget);
 }
 
 }  // namespace
@@ -165,7 +156,7 @@ int PopupListMessage(XPWidgetMessage message, XPWidgetID widget, intptr_t param1
       return 1;
     case xpMsg_Destroy:
       CancelPickMenu(widget);
-      gShownItems.erase(widget);
+      Popups().shownItems.erase(widget);
       return 0;
     default:
       return 0;
@@ -174,7 +165,7 @@ int PopupListMessage(XPWidgetMessage message, XPWidgetID widget, intptr_t param1
 
 XPWidgetID CreatePopupList(int left, int top, int right, int bottom, int visible, const char* items,
                            XPWidgetID container, int scrolling) {
-  gScrollingMenus = scrolling != 0;
+  Popups().scrollingMenus = scrolling != 0;
   return XPCreateCustomWidget(left, top, right, bottom, visible, items != nullptr ? items : "", 0, container,
                               PopupListMessage);
 }

@@ -4,9 +4,26 @@
 
 #include <XPWidgetDefs.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <map>
 #include <string>
 
 namespace drav {
+
+// What each pop-up shows, kept so that drawing neither reads the descriptor nor allocates. How much
+// of the text fits is measured again only when the pop-up's width or its item changes.
+struct PopupShownItem {
+  intptr_t index = -1;
+  std::string text;
+  int fittedWidth = -1;
+  std::size_t fittedLength = 0;
+};
+
+struct PopupListState {
+  bool scrollingMenus = false;  // one scrolling flag for every pop-up
+  std::map<XPWidgetID, PopupShownItem> shownItems;
+};
 
 // Property: index of the current item, counted from 0.
 inline constexpr XPWidgetPropertyID kPopupCurrentItemProperty = 1800;

@@ -108,7 +108,6 @@ class AvionicAdjustTest : public ::testing::Test {
   static void ResetGlobals() {
     gSettings = GlobalSettings{};
     gSimulatorVersions = SimulatorVersions{};
-    DisplayBrightnessLevel = 8;
   }
 
   static sim::SimHost& host() { return sim::SimHost::Current(); }
@@ -643,11 +642,11 @@ class DisplayBrightnessTest : public AvionicAdjustTest, public ::testing::WithPa
 
 TEST_P(DisplayBrightnessTest, SetsTheSharedLevel) {
   const LevelCase& c = GetParam();
-  DisplayBrightnessLevel = c.start;  // no panel is connected to read a level from
+  SetDisplayBrightnessLevel(c.start);  // no panel is connected to read a level from
   AvionicFunction* level = Build(70);
   host().ClearEvents();
   AdjustAvionicFunction(level, c.outer, c.inner, kModuleGF46);
-  EXPECT_EQ(DisplayBrightnessLevel, c.expected);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), c.expected);
   EXPECT_TRUE(host().Events().empty()) << "the level is no simulator value";
 }
 
@@ -659,7 +658,6 @@ INSTANTIATE_TEST_SUITE_P(Levels, DisplayBrightnessTest,
                          [](const ::testing::TestParamInfo<LevelCase>& info) { return std::string(info.param.name); });
 
 TEST_F(AvionicAdjustTest, DisplayBrightnessTextWaitsForTheNextRefresh) {
-  DisplayBrightnessLevel = 8;
   AvionicFunction* level = Build(70);
   AdjustAvionicFunction(level, 0, 3, kModuleGF46);
   EXPECT_STREQ(level->text, "   8") << "the adjustment formats before the change, not after";

@@ -42,16 +42,6 @@ std::string Write(const std::string& path, const std::string& value) { return "d
 
 class AvionicDisplayTest : public FunctionTest {
  protected:
-  void SetUp() override {
-    FunctionTest::SetUp();
-    DisplayBrightnessLevel = 8;
-    gMetricPressDataref = nullptr;
-  }
-  void TearDown() override {
-    DisplayBrightnessLevel = 8;
-    gMetricPressDataref = nullptr;
-    FunctionTest::TearDown();
-  }
 
   // The shared object of an avionic id, requested the way a module requests its display.
   static AvionicFunction& Avionic(FunctionId id) {
@@ -78,8 +68,8 @@ class AvionicDisplayTest : public FunctionTest {
 
   // The host's handle for the altimeter's unit, as the plug-in finds it at start.
   static void SelectMetricPressure(int on) {
-    gMetricPressDataref = XPLMFindDataRef(kMetricPressure);
-    ASSERT_NE(gMetricPressDataref, nullptr);
+    CurrentFunctionState().metricPress = XPLMFindDataRef(kMetricPressure);
+    ASSERT_NE(CurrentFunctionState().metricPress, nullptr);
     SetValue(kMetricPressure, on);
   }
 };
@@ -265,16 +255,16 @@ TEST_F(AvionicDisplayTest, BrightnessWithoutPanelsShowsTheLevelAndKeepsIt) {
   EXPECT_EQ(brightness.dataref, nullptr);
   FormatAvionicDisplay(brightness);
   EXPECT_STREQ(brightness.text, "   8");
-  EXPECT_EQ(DisplayBrightnessLevel, 8);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), 8);
 
-  DisplayBrightnessLevel = 12;
+  SetDisplayBrightnessLevel(12);
   FormatAvionicDisplay(brightness);
   EXPECT_STREQ(brightness.text, "  12");
 
   host().ClearEvents();
   ApplyAvionicDisplay(brightness);
   EXPECT_TRUE(host().Events().empty());
-  EXPECT_EQ(DisplayBrightnessLevel, 12);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), 12);
 }
 
 // ---- values no adjustment reaches ----------------------------------------------------------------

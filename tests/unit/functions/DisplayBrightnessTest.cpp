@@ -11,6 +11,7 @@
 
 #include "functions/AvionicDisplay.h"
 #include "functions/DisplayBrightness.h"
+#include "functions/FunctionState.h"
 #include "hid/GFDev.h"
 #include "hid/ModuleTypes.h"
 #include "modules/ModuleManager.h"
@@ -79,16 +80,11 @@ class DisplayBrightnessTest : public ::testing::Test {
  protected:
   void SetUp() override {
     gFake = {};
-    DisplayBrightnessLevel = 8;
-    SetPanelDirectory(&panels_);
+    CurrentFunctionState().panelDirectory = &panels_;
     ASSERT_EQ(BrightnessReadOrder().size(), kReadModels);
     ASSERT_EQ(BrightnessWriteOrder().size(), kWriteModels);
     readers_ = FakeReaders(std::make_index_sequence<kReadModels>{});
     writers_ = FakeWriters(std::make_index_sequence<kWriteModels>{});
-  }
-  void TearDown() override {
-    DisplayBrightnessLevel = 8;
-    SetPanelDirectory(nullptr);
   }
 
   void Refresh() { RefreshDisplayBrightnessLevel(FakeUnits, readers_); }
@@ -127,7 +123,7 @@ TEST_F(DisplayBrightnessTest, PanelsAreSentTheLevelInTheirOrderAndOnlyTheLgt2Cou
 TEST_F(DisplayBrightnessTest, NoPanelLeavesTheLevel) {
   Refresh();
   EXPECT_TRUE(gFake.reads.empty());
-  EXPECT_EQ(DisplayBrightnessLevel, 8);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), 8);
 }
 
 TEST_F(DisplayBrightnessTest, TheFirstConnectedModelAnswersFromUnitZero) {
@@ -137,7 +133,7 @@ TEST_F(DisplayBrightnessTest, TheFirstConnectedModelAnswersFromUnitZero) {
   gFake.readValue = 13;
   Refresh();
   EXPECT_EQ(gFake.reads, (std::vector<std::pair<std::size_t, std::int32_t>>{{ReadRowOf(kModuleGFT8), 0}}));
-  EXPECT_EQ(DisplayBrightnessLevel, 13);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), 13);
 }
 
 TEST_F(DisplayBrightnessTest, ModelsWithoutReadableBrightnessAreNotAsked) {
@@ -147,7 +143,7 @@ TEST_F(DisplayBrightnessTest, ModelsWithoutReadableBrightnessAreNotAsked) {
   gFake.readValue = 3;
   Refresh();
   EXPECT_EQ(gFake.reads, (std::vector<std::pair<std::size_t, std::int32_t>>{{ReadRowOf(kModuleGF46), 0}}));
-  EXPECT_EQ(DisplayBrightnessLevel, 3);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), 3);
 }
 
 TEST_F(DisplayBrightnessTest, AFailedReadKeepsTheLevelAndAsksNoOtherModel) {
@@ -157,7 +153,7 @@ TEST_F(DisplayBrightnessTest, AFailedReadKeepsTheLevelAndAsksNoOtherModel) {
   gFake.readValue = 2;
   Refresh();
   EXPECT_EQ(gFake.reads.size(), 1u);
-  EXPECT_EQ(DisplayBrightnessLevel, 8);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), 8);
 }
 
 // ---- sending the level --------------------------------------------------------------------------
@@ -167,7 +163,7 @@ TEST_F(DisplayBrightnessTest, EveryUnitOfEveryModelReceivesTheLevelInOrder) {
   gFake.units[kModuleGFLGT2] = 1;
   gFake.units[kModuleGF45] = 2;
   gFake.units[kModuleGFEFIS] = 1;  // no brightness: nothing sent
-  DisplayBrightnessLevel = 11;
+  SetDisplayBrightnessLevel(11);
   Send();
   using Write = std::tuple<std::size_t, std::int32_t, std::int32_t>;
   EXPECT_EQ(gFake.writes, (std::vector<Write>{{WriteRowOf(kModuleGF45), 0, 11},
@@ -198,7 +194,7 @@ TEST_F(DisplayBrightnessTest, RealSettersAndCountsWithoutDeviceAreHarmless) {
   SendDisplayBrightnessLevel([](std::uint32_t) { return std::int32_t{40}; });
   RefreshDisplayBrightnessLevel();
   SendDisplayBrightnessLevel();
-  EXPECT_EQ(DisplayBrightnessLevel, 8);
+  EXPECT_EQ(GetDisplayBrightnessLevel(), 8);
 }
 
 }  // namespace

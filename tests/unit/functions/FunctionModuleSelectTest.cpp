@@ -81,7 +81,7 @@ class ModuleSelect : public FunctionTest {
   void SetUp() override {
     FunctionTest::SetUp();
     manager.CreateModules();
-    SetPanelDirectory(&panels);
+    CurrentFunctionState().panelDirectory = &panels;
   }
 
   template <class T>
@@ -199,7 +199,7 @@ TEST_F(FunctionTest, AModuleThatIsNotARadioIsNeverSelectedOn) {
   ModuleManager broken{kBrokenModels};
   broken.CreateModules();
   const ModulePanelDirectory brokenPanels{broken};
-  SetPanelDirectory(&brokenPanels);
+  CurrentFunctionState().panelDirectory = &brokenPanels;
   SwitchFunction record = Build(kCom1Active, 0, kRadioGF46);
   record.state = 1;
   ExecuteFunction(record, kActionToggle, 0, 0);

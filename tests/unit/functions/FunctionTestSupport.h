@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "functions/FunctionObjects.h"
+#include "functions/FunctionState.h"
 #include "functions/PanelDirectory.h"
 #include "functions/RadioTargets.h"
 #include "base/HostState.h"
@@ -30,7 +31,6 @@ class FunctionTest : public ::testing::Test {
   }
 
   void TearDown() override {
-    SetPanelDirectory(nullptr);
     host().Reset({});
     std::error_code ignored;
     std::filesystem::remove_all(root_, ignored);

@@ -1,5 +1,5 @@
-// A fresh simulator for every user-interface test, with the menu colours looked up anew and the
-// dialog closed afterwards, plus the helpers that read what the simulator's screen shows.
+// A fresh simulator for every user-interface test (its own context looks the menu colours up anew),
+// the dialog closed afterwards, and the helpers that read what the simulator's screen shows.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,7 +24,6 @@ class UiTest : public ::testing::Test {
     root_ = std::filesystem::temp_directory_path() /
             ("drav-ui-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
     host().Reset(root_);
-    ResetMenuColourLookups();
     // The plug-in reads the version at start; these tests run its parts without starting it.
     gSimulatorVersions.xplaneVersion = 12000;
     ASSERT_TRUE(LoadOptionalXplmApi());
@@ -32,7 +31,6 @@ class UiTest : public ::testing::Test {
 
   void TearDown() override {
     CloseAssignDialog();
-    ResetMenuColourLookups();
     gSimulatorVersions = SimulatorVersions{};
     host().Reset({});
     std::error_code ignored;
