@@ -80,5 +80,24 @@ TEST_F(DiscoveryTest, ExtendedInfoReportsSerialAndOutputLengthWhereTheModelHasTh
   EXPECT_EQ(std::uint16_t{info.outputReportLength}, 0xBEEF);  // left as the caller had it
 }
 
+// The kernel never announces a device at a path that is still there. The stand-in holds to that, so a
+// scenario that plugs or replugs a unit still present is told so instead of passing on a second
+// arrival that no real machine would send.
+TEST_F(DiscoveryTest, APresentUnitCannotArriveAgain) {
+  Plug(kGFP8, "/dev/v/p8");
+  StartLayer();
+  EXPECT_FALSE(Panels().Plug("/dev/v/p8", testing::SpecOf(kGFWCP))) << "a second unit at a path in use";
+  EXPECT_FALSE(Panels().Replug("/dev/v/p8")) << "an arrival of a unit that never left";
+  EXPECT_FALSE(Panels().Replug("/dev/v/never-plugged"));
+  GFDev_ProcessDeviceChanges();
+  EXPECT_EQ(GFDev_GFP8_Count(), 1);
+  EXPECT_EQ(GFDev_GFWCP_Count(), 0);
+
+  ASSERT_TRUE(Panels().Unplug("/dev/v/p8"));
+  EXPECT_TRUE(Panels().Replug("/dev/v/p8"));
+  GFDev_ProcessDeviceChanges();
+  EXPECT_EQ(GFDev_GFP8_Count(), 1);
+}
+
 }  // namespace
 }  // namespace drav
