@@ -16,6 +16,8 @@ namespace {
 
 using uitest::UiTest;
 
+constexpr int kQuads = 0x0007;  // GL_QUADS
+
 class PopupListTest : public UiTest {
  protected:
   void SetUp() override {
@@ -29,6 +31,29 @@ class PopupListTest : public UiTest {
 
   XPWidgetID MakePopup(const std::string& items, int left, int right) {
     return CreatePopupList(left, 600, right, 588, 1, items.c_str(), window_, 1);
+  }
+
+  // Boxes filled flat in the front-most window: the pick menu's lit items.
+  static int LitItems() {
+    const sim::DisplayList screen = host().DrawScreen();
+    const sim::DisplayItem* menu = FrontWindow(screen);
+    if (menu == nullptr) return -1;
+    int lit = 0;
+    for (const sim::DrawnPrimitive& primitive : menu->primitives) {
+      if (primitive.mode == kQuads && !primitive.textured) ++lit;
+    }
+    return lit;
+  }
+
+  // The pointer held down over an item's text in the menu (1 down, 2 drag); false when not shown.
+  static bool PointAt(const std::string& text, int mouseStatus) {
+    const sim::DisplayList screen = host().DrawScreen();
+    const sim::DisplayItem* menu = FrontWindow(screen);
+    if (menu == nullptr) return false;
+    for (const sim::DrawnText& drawn : menu->texts) {
+      if (drawn.text == text) return host().MouseAt(drawn.x + 2, drawn.y + 4, mouseStatus);
+    }
+    return false;
   }
 
   static std::string ButtonText(XPWidgetID popup) {
@@ -71,6 +96,17 @@ TEST_F(PopupListTest, ALongItemShowsWhatFitsBesideTheArrow) {
   EXPECT_EQ(ButtonText(MakePopup(item + ";", 200, 200 + width - 1)), "ENG_1_FUE");
   // A pop-up as wide as the layout asks for that text shows all of it.
   EXPECT_EQ(ButtonText(MakePopup(item + ";", 200, 200 + PopupWidthFor(TextWidth(item)))), item);
+}
+
+TEST_F(PopupListTest, ThePickMenuLightsOnlyTheItemUnderThePointer) {
+  ASSERT_NE(MakePopup("(Heading;LANDING_LTS;TAXI_LTS;NAV_LTS;", 200, 400), nullptr);
+  ASSERT_TRUE(host().ClickAt(300, 594));
+  EXPECT_EQ(LitItems(), 0) << "nothing is lit before the pointer comes";
+  ASSERT_TRUE(PointAt("TAXI_LTS", 1));
+  EXPECT_EQ(LitItems(), 1);
+  // An item that cannot be picked is not lit under the pointer either.
+  ASSERT_TRUE(PointAt("Heading", 2));
+  EXPECT_EQ(LitItems(), 0);
 }
 
 }  // namespace
