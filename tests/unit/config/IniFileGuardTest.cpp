@@ -139,6 +139,12 @@ TEST_F(IniFileGuardTest, Utf16FileIsReadAndNeverRewritten) {
   ExpectReported({"DRAV.INI is saved as UTF-16 (Unicode)", "[GFP8_1] Function1 is not stored"});
 }
 
+TEST_F(IniFileGuardTest, FileOfExactly16MegabytesIsRead) {
+  GivenIni("[GFP8_1]\r\nFunction1=TAXI_LTS\r\n");
+  fs::resize_file(IniPath(), 16u << 20);
+  EXPECT_EQ(Read("GFP8_1", "Function1"), "TAXI_LTS");
+}
+
 TEST_F(IniFileGuardTest, FileOver16MegabytesReadsAsAbsentAtOnceAndIsNeverRewritten) {
   const std::string head = "[CONFIG]\r\nRMK166EncoderType=2\r\n[GFP8_1]\r\nFunction1=TAXI_LTS\r\n";
   GivenIni(head);
