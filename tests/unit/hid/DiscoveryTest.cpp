@@ -64,6 +64,7 @@ TEST_F(DiscoveryTest, NoticesAreIgnoredWhileStoppedAndTablesEmptyAfterStop) {
 TEST_F(DiscoveryTest, ExtendedInfoReportsSerialAndOutputLengthWhereTheModelHasThem) {
   Plug(kGFLGT2, "/dev/v/lgt2", 0x0123);
   Plug(12, "/dev/v/mcppro", 0x0200, "MCP-77");
+  Plug(13, "/dev/v/efis", 0x0100, "EFIS-5");
   StartLayer();
   GFDevInfoEx info{};
   info.size = kGFDevInfoExSize;
@@ -78,6 +79,10 @@ TEST_F(DiscoveryTest, ExtendedInfoReportsSerialAndOutputLengthWhereTheModelHasTh
   EXPECT_EQ(GFDev_GetDeviceInfoEx(12, 0, &info), 0);
   EXPECT_STREQ(info.serial, "MCP-77");
   EXPECT_EQ(std::uint16_t{info.outputReportLength}, 0xBEEF);  // left as the caller had it
+
+  // The GF-EFIS has a serial too: two of them behind one hub are told apart by it.
+  EXPECT_EQ(GFDev_GetDeviceInfoEx(13, 0, &info), 0);
+  EXPECT_STREQ(info.serial, "EFIS-5");
 }
 
 // The kernel never announces a device at a path that is still there. The stand-in holds to that, so a
