@@ -109,6 +109,17 @@ TEST_F(IniFileGuardTest, LinkedFileIsRewrittenAtItsTargetAndTheLinkStays) {
   EXPECT_TRUE(NothingLeftBehind(target.parent_path()));
 }
 
+// A link that leads round in a circle names no file: the write says it stored nothing and the
+// link is left as the pilot made it.
+TEST_F(IniFileGuardTest, ALinkInACircleStoresNothing) {
+  std::error_code error;
+  fs::create_symlink("DRAV.INI", IniPath(), error);
+  if (error) GTEST_SKIP() << "links cannot be made here: " << error.message();
+  EXPECT_FALSE(drav::WriteIniValueAtPath(IniPath().string(), "GFP8_1", "Function1", "PITOT_HEAT"));
+  EXPECT_EQ(fs::read_symlink(IniPath(), error), fs::path("DRAV.INI"));
+  EXPECT_EQ(Read("GFP8_1", "Function1"), "<default>");
+}
+
 TEST_F(IniFileGuardTest, Utf16FileIsReadAndNeverRewritten) {
   for (const bool bigEndian : {false, true}) {
     // A comment with a letter outside ASCII and one outside the 16-bit plane.
@@ -126,6 +137,12 @@ TEST_F(IniFileGuardTest, Utf16FileIsReadAndNeverRewritten) {
     EXPECT_TRUE(NothingLeftBehind(PluginFolder()));
   }
   ExpectReported({"DRAV.INI is saved as UTF-16 (Unicode)", "[GFP8_1] Function1 is not stored"});
+}
+
+TEST_F(IniFileGuardTest, FileOfExactly16MegabytesIsRead) {
+  GivenIni("[GFP8_1]\r\nFunction1=TAXI_LTS\r\n");
+  fs::resize_file(IniPath(), 16u << 20);
+  EXPECT_EQ(Read("GFP8_1", "Function1"), "TAXI_LTS");
 }
 
 TEST_F(IniFileGuardTest, FileOver16MegabytesReadsAsAbsentAtOnceAndIsNeverRewritten) {

@@ -88,6 +88,7 @@ TEST_F(DiscoveryTest, NoticesAreIgnoredWhileStoppedAndTablesEmptyAfterStop) {
 TEST_F(DiscoveryTest, ExtendedInfoReportsSerialAndOutputLengthWhereTheModelHasThem) {
   Plug(kGFLGT2, "/dev/v/lgt2", 0x0123);
   Plug(12, "/dev/v/mcppro", 0x0200, "MCP-77");
+  Plug(13, "/dev/v/efis", 0x0100, "EFIS-5");
   StartLayer();
   GFDevInfoEx info{};
   info.size = kGFDevInfoExSize;
@@ -102,6 +103,29 @@ TEST_F(DiscoveryTest, ExtendedInfoReportsSerialAndOutputLengthWhereTheModelHasTh
   EXPECT_EQ(GFDev_GetDeviceInfoEx(12, 0, &info), 0);
   EXPECT_STREQ(info.serial, "MCP-77");
   EXPECT_EQ(std::uint16_t{info.outputReportLength}, 0xBEEF);  // left as the caller had it
+
+  // The GF-EFIS has a serial too: two of them behind one hub are told apart by it.
+  EXPECT_EQ(GFDev_GetDeviceInfoEx(13, 0, &info), 0);
+  EXPECT_STREQ(info.serial, "EFIS-5");
+}
+
+// The kernel never announces a device at a path that is still there. The stand-in holds to that, so a
+// scenario that plugs or replugs a unit still present is told so instead of passing on a second
+// arrival that no real machine would send.
+TEST_F(DiscoveryTest, APresentUnitCannotArriveAgain) {
+  Plug(kGFP8, "/dev/v/p8");
+  StartLayer();
+  EXPECT_FALSE(Panels().Plug("/dev/v/p8", testing::SpecOf(kGFWCP))) << "a second unit at a path in use";
+  EXPECT_FALSE(Panels().Replug("/dev/v/p8")) << "an arrival of a unit that never left";
+  EXPECT_FALSE(Panels().Replug("/dev/v/never-plugged"));
+  GFDev_ProcessDeviceChanges();
+  EXPECT_EQ(GFDev_GFP8_Count(), 1);
+  EXPECT_EQ(GFDev_GFWCP_Count(), 0);
+
+  ASSERT_TRUE(Panels().Unplug("/dev/v/p8"));
+  EXPECT_TRUE(Panels().Replug("/dev/v/p8"));
+  GFDev_ProcessDeviceChanges();
+  EXPECT_EQ(GFDev_GFP8_Count(), 1);
 }
 
 }  // namespace

@@ -147,6 +147,14 @@ TEST(EncoderTest, IndicatorMasks) {
             (Bytes{15, 0x12, 0x34, 0x56, 0x78}));
 }
 
+// An output report may be exactly as long as what it carries: a two-byte report still takes its lights.
+TEST(EncoderTest, AnIndicatorReportFitsAReportOfTwoBytes) {
+  std::array<std::uint8_t, 2> exact{0xEE, 0xEE};
+  EXPECT_EQ(EncodeIndicatorByte(exact, kGFMCPIndicatorReport, 0x5A), 2u);
+  EXPECT_EQ(Bytes(exact.begin(), exact.end()), (Bytes{13, 0x5A}));
+  EXPECT_EQ(EncodeIndicatorByte(std::span(exact).first(1), kGFMCPIndicatorReport, 0x5A), 0u);
+}
+
 TEST(EncoderTest, GF166EncoderTypePacksTwoBitsOfEach) {
   EXPECT_EQ(Encoded([](auto out) { return EncodeGF166EncoderType(out, 5, 2); }), (Bytes{9, 0x09}));
   EXPECT_EQ(Encoded([](auto out) { return EncodeGF166EncoderType(out, 3, 3); }), (Bytes{9, 0x0F}));
