@@ -4,11 +4,7 @@
 
 namespace drav {
 
-SimulatorVersions gSimulatorVersions;
-
-void ResetHostState() {
-  gSimulatorVersions = {};
-}
+SimulatorVersions& CurrentSimulatorVersions() { return CurrentBaseState().versions; }
 
 HostFlags& CurrentHostFlags() { return CurrentBaseState().host; }
 

@@ -1,5 +1,5 @@
-// Process-wide state of the plug-in host: the simulator's version, the lifecycle counter and the
-// flags that other plug-ins and the x737 messages switch. Written and read on the main thread only.
+// What the plug-in knows of its host while it runs: the simulator's version and the flags that
+// other plug-ins and the x737 messages switch. Part of the plug-in's state (BaseState).
 #pragma once
 
 namespace drav {
@@ -10,7 +10,8 @@ struct SimulatorVersions {
   int hostId = 0;
 };
 
-extern SimulatorVersions gSimulatorVersions;
+// The simulator the running plug-in was started in, asked at start.
+SimulatorVersions& CurrentSimulatorVersions();
 
 
 // The flags the plug-in is switched by while it runs, part of its state (BaseState): every start
@@ -30,7 +31,5 @@ struct HostFlags {
 // The running plug-in's flags.
 HostFlags& CurrentHostFlags();
 
-// A plug-in that is started again in the same process (after a stop) begins from a fresh load.
-void ResetHostState();
 
 }  // namespace drav

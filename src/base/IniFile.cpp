@@ -16,6 +16,7 @@
 #include <string_view>
 
 #include "XPLMUtilities.h"
+#include "base/BaseState.h"
 #include "base/IniIndex.h"
 #include "base/IniLines.h"
 #include "base/Log.h"
@@ -161,20 +162,9 @@ void ReportTooLarge(const std::string& path, std::uintmax_t size) {
 
 // ---- the snapshot -------------------------------------------------------------------------------
 
-// The index of one file that reads use while an IniReadSnapshot of it lives (main thread only, like
-// every caller of the reader).
-struct Snapshot {
-  int depth = 0;
-  bool taken = false;  // false: the file could not be read; reads go to the file
-  std::string fileName;  // empty for a snapshot made by path
-  std::string path;
-  // While taken, empty: there is no such file, or one too large to read. Kept when the snapshot
-  // ends (unless large), for the next snapshot in the slot to reuse if the file is unchanged.
-  std::optional<IniIndex> index;
-};
-// A load reads the plug-in's file and the user's aircraft's one: two files at once at most.
-std::array<Snapshot, 2> gSnapshots;
-unsigned gWrites = 0;  // files replaced through this writer
+// Main thread only, like every caller of the reader.
+using Snapshot = IniSnapshot;
+std::array<Snapshot, 2>& Snapshots() { return CurrentBaseState().iniFiles.snapshots; }
 
 // An index kept from the last snapshot for the next one, when the file is no larger than this.
 constexpr std::size_t kLargestKeptIndex = 1 << 20;
@@ -204,7 +194,7 @@ void TakeSnapshot(Snapshot& snapshot) {
 
 // The live snapshot of the file, if one covers it.
 Snapshot* SnapshotOf(const std::string& path) {
-  for (Snapshot& snapshot : gSnapshots) {
+  for (Snapshot& snapshot : Snapshots()) {
     if (snapshot.depth > 0 && snapshot.taken && snapshot.path == path) return &snapshot;
   }
   return nullptr;
@@ -213,7 +203,7 @@ Snapshot* SnapshotOf(const std::string& path) {
 // The live snapshot taken by name, for reads that name the file rather than its path.
 Snapshot* SnapshotNamed(const char* fileName) {
   if (fileName == nullptr) return nullptr;
-  for (Snapshot& snapshot : gSnapshots) {
+  for (Snapshot& snapshot : Snapshots()) {
     if (snapshot.depth > 0 && !snapshot.fileName.empty() && snapshot.fileName == fileName) return &snapshot;
   }
   return nullptr;
@@ -221,14 +211,14 @@ Snapshot* SnapshotNamed(const char* fileName) {
 
 // Joins a live snapshot of the path, or takes a free slot; -1 when every slot holds another file.
 int OpenSnapshot(const std::string& path, const char* fileName) {
-  for (std::size_t slot = 0; slot < gSnapshots.size(); ++slot) {
-    if (gSnapshots[slot].depth > 0 && gSnapshots[slot].path == path) {
-      ++gSnapshots[slot].depth;
+  for (std::size_t slot = 0; slot < Snapshots().size(); ++slot) {
+    if (Snapshots()[slot].depth > 0 && Snapshots()[slot].path == path) {
+      ++Snapshots()[slot].depth;
       return static_cast<int>(slot);
     }
   }
-  for (std::size_t slot = 0; slot < gSnapshots.size(); ++slot) {
-    Snapshot& snapshot = gSnapshots[slot];
+  for (std::size_t slot = 0; slot < Snapshots().size(); ++slot) {
+    Snapshot& snapshot = Snapshots()[slot];
     if (snapshot.depth > 0) continue;
     snapshot.depth = 1;
     snapshot.fileName = fileName ? fileName : "";
@@ -466,7 +456,7 @@ void ReadValueTraced(Snapshot* snapshot, const std::string& path, const char* sh
   if (!outValue) return;
   const bool found = ReadValue(snapshot, path, section, key, outValue, defaultValue);
   // The DEBUG switches are read before the log is set up and never trace.
-  const bool traced = gDebug.DebugEnabled == 1 && gDebug.DebugFunctionAssignments == 1 && section &&
+  const bool traced = CurrentDebugSwitches().DebugEnabled == 1 && CurrentDebugSwitches().DebugFunctionAssignments == 1 && section &&
                       std::strcmp(section, "DEBUG") != 0;
   if (!traced) return;
   LogFormat("file: %s, found: %d, section: %s, key: %s, value: %s, default: %s",
@@ -542,7 +532,7 @@ bool WriteIniValueAtPath(const std::string& path, const char* section, const cha
   if (written) KeepPermissions(*target, tempPath);
   const bool replaced = written && MoveOver(tempPath, *target);
   if (!replaced) std::remove(tempPath.c_str());
-  if (replaced) ++gWrites;
+  if (replaced) ++CurrentBaseState().iniFiles.writes;
   if (Snapshot* snapshot = replaced ? SnapshotOf(path) : nullptr) TakeSnapshot(*snapshot);  // later reads see it
   return replaced;
 }
@@ -550,8 +540,8 @@ bool WriteIniValueAtPath(const std::string& path, const char* section, const cha
 IniReadSnapshot::IniReadSnapshot(const char* fileName) : slot_(-1) {
   // A nested one of a file taken by name joins it without composing the path again: a load opens
   // one per type and per unit.
-  for (std::size_t slot = 0; slot < gSnapshots.size(); ++slot) {
-    Snapshot& snapshot = gSnapshots[slot];
+  for (std::size_t slot = 0; slot < Snapshots().size(); ++slot) {
+    Snapshot& snapshot = Snapshots()[slot];
     if (snapshot.depth > 0 && fileName && snapshot.fileName == fileName) {
       ++snapshot.depth;
       slot_ = static_cast<int>(slot);
@@ -565,13 +555,13 @@ IniReadSnapshot::IniReadSnapshot(const IniPath& file) : slot_(OpenSnapshot(file.
 
 IniReadSnapshot::~IniReadSnapshot() {
   if (slot_ < 0) return;
-  Snapshot& snapshot = gSnapshots[static_cast<std::size_t>(slot_)];
+  Snapshot& snapshot = Snapshots()[static_cast<std::size_t>(slot_)];
   if (--snapshot.depth > 0) return;
   snapshot.taken = false;
   if (snapshot.index && snapshot.index->Bytes().size() > kLargestKeptIndex) snapshot.index.reset();
 }
 
-unsigned IniWriteCount() { return gWrites; }
+unsigned IniWriteCount() { return CurrentBaseState().iniFiles.writes; }
 
 void WriteIniValue(const char* fileName, const char* section, const char* key, const char* value) {
   WriteIniValueAtPath(PluginFilePath(fileName), section, key, value);

@@ -3,8 +3,12 @@
 // not read at all: every section of it reads as absent.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
+
+#include "base/IniIndex.h"
 
 namespace drav {
 
@@ -68,6 +72,24 @@ class IniReadSnapshot {
 
  private:
   int slot_;  // -1: no index was taken for this one
+};
+
+// The index of one file that reads use while an IniReadSnapshot of it lives.
+struct IniSnapshot {
+  int depth = 0;
+  bool taken = false;  // false: the file could not be read; reads go to the file
+  std::string fileName;  // empty for a snapshot made by path
+  std::string path;
+  // While taken, empty: there is no such file, or one too large to read. Kept when the snapshot
+  // ends (unless large), for the next snapshot in the slot to reuse if the file is unchanged.
+  std::optional<IniIndex> index;
+};
+
+// The reader's and writer's part of the plug-in's state (BaseState).
+struct IniFiles {
+  // A load reads the plug-in's file and the user's aircraft's one: two files at once at most.
+  std::array<IniSnapshot, 2> snapshots;
+  unsigned writes = 0;  // files replaced through this writer
 };
 
 // Numbers are parsed from the leading decimal text of a value; no number gives 0.

@@ -32,10 +32,10 @@ constexpr char kLineEnd[] = "\n";
 #endif
 constexpr std::size_t kLineEndLength = sizeof kLineEnd - 1;
 
-std::mutex gLogMutex;
-std::string gLogPath;  // guarded by gLogMutex
-
-bool LoggingEnabled() { return gDebug.DebugEnabled != 0; }
+// Outside a plug-in's context (a tool that never starts it) nothing is logged.
+bool LoggingEnabled() {
+  return ContextSlot<BaseState>::Installed() && CurrentDebugSwitches().DebugEnabled != 0;
+}
 
 // Text cut to kLogLineMax characters, then the line end; returns the length.
 std::size_t ComposeLine(const char* text, char (&line)[kLogLineMax + kLineEndLength + 1]) {
@@ -56,19 +56,21 @@ void AppendToFile(const std::string& path, const char* line, std::size_t length)
 
 void InitLogPath() {
   std::string path = PluginFilePath(kLogFileName);
-  std::lock_guard<std::mutex> lock(gLogMutex);
-  gLogPath = std::move(path);
+  LogFile& log = CurrentBaseState().log;
+  std::lock_guard<std::mutex> lock(log.mutex);
+  log.path = std::move(path);
 }
 
 void LogLine(const char* text) {
   if (!LoggingEnabled()) return;
   char line[kLogLineMax + kLineEndLength + 1];
   const std::size_t length = ComposeLine(text, line);
-  std::lock_guard<std::mutex> lock(gLogMutex);
-  // Without InitLogPath (a tool, a test) the path is asked for here, on whatever thread logs first.
-  if (gLogPath.empty()) gLogPath = PluginFilePath(kLogFileName);
-  if (gDebug.DebugViewEnabled != 0) WriteDebuggerOutput(line);
-  AppendToFile(gLogPath, line, length);
+  LogFile& log = CurrentBaseState().log;
+  std::lock_guard<std::mutex> lock(log.mutex);
+  // Without InitLogPath (a test) the path is asked for here, on whatever thread logs first.
+  if (log.path.empty()) log.path = PluginFilePath(kLogFileName);
+  if (CurrentDebugSwitches().DebugViewEnabled != 0) WriteDebuggerOutput(line);
+  AppendToFile(log.path, line, length);
 }
 
 void LogFormat(const char* format, ...) {

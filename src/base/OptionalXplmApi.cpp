@@ -1,5 +1,7 @@
 #include "base/OptionalXplmApi.h"
 
+#include "base/BaseState.h"
+
 #include <cstdio>
 #include <string>
 
@@ -9,7 +11,7 @@
 
 namespace drav {
 
-OptionalXplmApi gOptionalXplmApi;
+OptionalXplmApi& CurrentOptionalXplmApi() { return CurrentBaseState().optionalApi; }
 
 namespace {
 
@@ -50,7 +52,7 @@ bool LoadOptionalXplmApi() {
   bool libraryLoaded = false;
   FindSymbolFn findSymbol = LocateFindSymbol(&libraryLoaded);
   if (!libraryLoaded) return false;
-  OptionalXplmApi& api = gOptionalXplmApi;
+  OptionalXplmApi& api = CurrentOptionalXplmApi();
   if (findSymbol == nullptr) {
     api = OptionalXplmApi{};
     return false;
@@ -82,26 +84,26 @@ bool LoadOptionalXplmApi() {
 }
 
 void RunCommandOnce(XPLMCommandRef command) {
-  if (command != nullptr && gOptionalXplmApi.XPLMCommandOnce != nullptr) {
-    gOptionalXplmApi.XPLMCommandOnce(command);
+  if (command != nullptr && CurrentOptionalXplmApi().XPLMCommandOnce != nullptr) {
+    CurrentOptionalXplmApi().XPLMCommandOnce(command);
   }
 }
 
 void BeginCommand(XPLMCommandRef command) {
-  if (command != nullptr && gOptionalXplmApi.XPLMCommandBegin != nullptr) {
-    gOptionalXplmApi.XPLMCommandBegin(command);
+  if (command != nullptr && CurrentOptionalXplmApi().XPLMCommandBegin != nullptr) {
+    CurrentOptionalXplmApi().XPLMCommandBegin(command);
   }
 }
 
 void EndCommand(XPLMCommandRef command) {
-  if (command != nullptr && gOptionalXplmApi.XPLMCommandEnd != nullptr) {
-    gOptionalXplmApi.XPLMCommandEnd(command);
+  if (command != nullptr && CurrentOptionalXplmApi().XPLMCommandEnd != nullptr) {
+    CurrentOptionalXplmApi().XPLMCommandEnd(command);
   }
 }
 
 XPLMCommandRef FindOptionalCommand(const char* name) {
-  if (name == nullptr || gOptionalXplmApi.XPLMFindCommand == nullptr) return nullptr;
-  return gOptionalXplmApi.XPLMFindCommand(name);
+  if (name == nullptr || CurrentOptionalXplmApi().XPLMFindCommand == nullptr) return nullptr;
+  return CurrentOptionalXplmApi().XPLMFindCommand(name);
 }
 
 }  // namespace drav

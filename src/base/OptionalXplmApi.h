@@ -36,7 +36,8 @@ struct OptionalXplmApi {
   decltype(&::XPLMEnumerateFeatures) XPLMEnumerateFeatures = nullptr;
 };
 
-extern OptionalXplmApi gOptionalXplmApi;
+// The running plug-in's table (BaseState), resolved at enable.
+OptionalXplmApi& CurrentOptionalXplmApi();
 
 // Resolves the 23 names through XPLMFindSymbol. Returns false, leaving the table as it was, when the
 // SDK library cannot be loaded; returns false with every pointer null when it has no XPLMFindSymbol.

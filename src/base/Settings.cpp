@@ -2,12 +2,14 @@
 // table row, so adding a setting is one line.
 #include "base/Settings.h"
 
+#include "base/BaseState.h"
+
 #include "base/IniFile.h"
 
 namespace drav {
 
-DebugSwitches gDebug;
-GlobalSettings gSettings;
+DebugSwitches& CurrentDebugSwitches() { return CurrentBaseState().debug; }
+GlobalSettings& CurrentSettings() { return CurrentBaseState().settings; }
 
 namespace {
 
@@ -69,7 +71,7 @@ void ReadDebugSwitches() {
   char value[kIniValueSize];
   for (const DebugSwitchRow& row : kDebugSwitchRows) {
     ReadIniValue(kConfigFileName, "DEBUG", row.key, value, "0");
-    gDebug.*row.field = ParseIniInt(value);
+    CurrentDebugSwitches().*row.field = ParseIniInt(value);
   }
 }
 
@@ -78,8 +80,8 @@ void ReadGlobalSettings() {
   char value[kIniValueSize];
   for (const SettingRow& row : kSettingRows) {
     ReadIniValue(kConfigFileName, "CONFIG", row.key, value, row.defaultValue);
-    if (row.intField) gSettings.*row.intField = ParseIniInt(value);
-    if (row.realField) gSettings.*row.realField = ParseIniReal(value);
+    if (row.intField) CurrentSettings().*row.intField = ParseIniInt(value);
+    if (row.realField) CurrentSettings().*row.realField = ParseIniReal(value);
   }
 }
 

@@ -31,10 +31,11 @@ struct GlobalSettings {
   int GFTQ6UseSpeedBrakeArmed = 0;
 };
 
-// Written only by the reads below, on the main thread (at start, and at a reload); every user reads
-// them on the main thread too.
-extern DebugSwitches gDebug;
-extern GlobalSettings gSettings;
+// The running plug-in's switches and settings (BaseState). Written only by the reads below, on the
+// main thread (at start, and at a reload). The panels' input threads read the debug switches too:
+// they live only while the plug-in's context does.
+DebugSwitches& CurrentDebugSwitches();
+GlobalSettings& CurrentSettings();
 
 void ReadDebugSwitches();   // the eight switches of "DEBUG"; reads never trace
 void ReadGlobalSettings();  // the thirteen settings of "CONFIG", in table order

@@ -148,7 +148,7 @@ AdjustPlan DecisionHeightPlan(AvionicFunction&, std::uint32_t moduleType) {
 // The increment is read per call: the settings are process-wide values, not part of the plan.
 template <float GlobalSettings::*Increment>
 AdjustPlan TrimPlan(AvionicFunction&, std::uint32_t) {
-  return {Action::Trim, Scale::Whole, {}, gSettings.*Increment};
+  return {Action::Trim, Scale::Whole, {}, CurrentSettings().*Increment};
 }
 
 constexpr AdjustRow Varies(FunctionId id, PlanMaker maker) {
@@ -291,7 +291,7 @@ void AdjustDigits(AvionicFunction& function, const AdjustPlan& plan, std::int32_
 }
 
 // X-Plane 10 and later hold trims as -1..1; older versions as -0.5..0.5.
-float TrimLimit() { return gSimulatorVersions.xplaneVersion >= 10000 ? 1.0f : 0.5f; }
+float TrimLimit() { return CurrentSimulatorVersions().xplaneVersion >= 10000 ? 1.0f : 0.5f; }
 
 // Without a value to set, each step of the knob trims once through the simulator's own command. A
 // fast turn is capped so that one report cannot queue an absurd number of commands.

@@ -40,12 +40,12 @@ std::int32_t EngineOf(FunctionId id, FunctionId firstOfGroup) {
 
 void SetOutputRange(LeverFunction& lever, FunctionId id) {
   if (id == kLeverSpeedBrake) {
-    lever.outMin = gSettings.GFTQ6UseSpeedBrakeArmed != 0 ? kSpeedBrakeArmed : 0.0f;
+    lever.outMin = CurrentSettings().GFTQ6UseSpeedBrakeArmed != 0 ? kSpeedBrakeArmed : 0.0f;
     lever.outMax = 1.0f;
   } else if (EngineOf(id, kLeverFirstPropPitch) >= 0) {
     // The propeller lever spans the aircraft's governed speed range unless the user wants it to
     // reach zero.
-    lever.outMin = gSettings.GFTQ6UsePropMinimumOfZero != 0
+    lever.outMin = CurrentSettings().GFTQ6UsePropMinimumOfZero != 0
                        ? 0.0f
                        : AircraftFloat("sim/aircraft/controls/acf_RSC_mingreen_prp");
     lever.outMax = AircraftFloat("sim/aircraft/controls/acf_RSC_redline_prp");

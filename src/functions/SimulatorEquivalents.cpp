@@ -92,7 +92,7 @@ bool OriginalServes(const char* original, bool written) {
 const SimEquivalent* Choose(const char* original, float originalOn, bool written) {
   const SimEquivalent* row = FindSimEquivalent(original, originalOn);
   if (row == nullptr || !SimulatorHasEquivalent(*row)) return nullptr;
-  if (gSimulatorVersions.xplaneVersion >= kFirstVersionWithEquivalents) return row;
+  if (CurrentSimulatorVersions().xplaneVersion >= kFirstVersionWithEquivalents) return row;
   return OriginalServes(original, written) ? nullptr : row;
 }
 

@@ -114,9 +114,9 @@ void GF166_Module::Register(std::uint16_t unitNumber) {
     std::lock_guard<std::mutex> lock(decodingLock_);
     prevSwitchVals_ = buttons;
   }
-  if (gDebug.DebugRegisterFunction != 0) LogBits16("GF166_Module::Register - PrevSwitchVals", buttons);
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) LogBits16("GF166_Module::Register - PrevSwitchVals", buttons);
 
-  const int encoderType = gSettings.RMK166EncoderType;
+  const int encoderType = CurrentSettings().RMK166EncoderType;
   if (encoderType >= kLowestEncoderType && encoderType <= kHighestEncoderType) {
     const auto type = static_cast<std::uint8_t>(encoderType);
     Port().SetEncoderType(type, type);
@@ -126,7 +126,7 @@ void GF166_Module::Register(std::uint16_t unitNumber) {
 std::int32_t GF166_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr) return -1;
   const auto& input = *static_cast<const GF166InputRecord*>(record);
-  if (gDebug.DebugGetButtonFunction != 0) {
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) {
     LogFormat("GF166_Module::GetButton -  Dial 1 = %d, Dial 2 = %d", input.encoder1, input.encoder2);
   }
 
@@ -134,7 +134,7 @@ std::int32_t GF166_Module::GetButton(const void* record, std::int32_t* value) {
   const std::int32_t dial = FirstEncoderMove(dials, value);
   if (dial != -1) return dial;
 
-  if (gDebug.DebugGetButtonFunction != 0) LogBits16("GF166_Module::GetButton - BtnState", input.buttons);
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) LogBits16("GF166_Module::GetButton - BtnState", input.buttons);
   std::lock_guard<std::mutex> lock(decodingLock_);
   const InputBank buttons{input.buttons, &prevSwitchVals_, kButtonCount, kControlSwap};
   return DetectBankChange(buttons, value);

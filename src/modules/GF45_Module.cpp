@@ -33,7 +33,7 @@ GF45_Module::GF45_Module() : GFRadioModule(kGF45Model) {}
 std::int32_t GF45_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr || value == nullptr) return -1;
   const auto& input = *static_cast<const GF45InputRecord*>(record);
-  if (gDebug.DebugGetButtonFunction != 0) {
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) {
     LogFormat("GF45_Module::GetButton -  Dial 1 = %d, Dial 2 = %d", input.encoder1, input.encoder2);
   }
   if (input.encoder1 != 0) {
@@ -50,7 +50,7 @@ std::int32_t GF45_Module::GetButton(const void* record, std::int32_t* value) {
 // A unit with nothing selected ignores its encoder without a trace.
 void GF45_Module::HandleInput(std::int32_t control, std::int32_t value) {
   if (!HasSelection()) return;
-  if (gDebug.DebugHandleInputFunction != 0) {
+  if (CurrentDebugSwitches().DebugHandleInputFunction != 0) {
     LogFormat("GF45_Module::HandleInput - Button = %d, Value= %d", control, value);
   }
   if (control == kDial1) {

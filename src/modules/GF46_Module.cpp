@@ -36,7 +36,7 @@ GF46_Module::GF46_Module() : GFRadioModule(kGF46Model) {}
 std::int32_t GF46_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr || value == nullptr) return -1;
   const auto& input = *static_cast<const GF46InputRecord*>(record);
-  const bool traced = gDebug.DebugGetButtonFunction != 0;
+  const bool traced = CurrentDebugSwitches().DebugGetButtonFunction != 0;
   if (traced) LogFormat("GF46_Module::GetButton -  Dial 1 = %d, Dial 2 = %d", input.encoder1, input.encoder2);
 
   std::int32_t control = -1;
@@ -58,7 +58,7 @@ std::int32_t GF46_Module::GetButton(const void* record, std::int32_t* value) {
 }
 
 void GF46_Module::HandleInput(std::int32_t control, std::int32_t value) {
-  if (gDebug.DebugHandleInputFunction != 0) {
+  if (CurrentDebugSwitches().DebugHandleInputFunction != 0) {
     LogFormat("GF46_Module::HandleInput -  Button = %d, Value = %d", control, value);
   }
   if (!HasSelection()) return;

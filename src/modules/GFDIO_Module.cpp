@@ -65,7 +65,7 @@ void GFDIO_Module::Register(std::uint16_t unitNumber) {
     std::lock_guard<std::mutex> lock(decodingLock_);
     prevSwitchBank_ = bank;
   }
-  if (gDebug.DebugRegisterFunction != 0) LogBits32("GFDIO_Module::Register - PrevSwitchBank", Low32(bank));
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) LogBits32("GFDIO_Module::Register - PrevSwitchBank", Low32(bank));
 }
 
 std::int32_t GFDIO_Module::GetButton(const void* /*record*/, std::int32_t* /*value*/) { return 0; }
@@ -76,7 +76,7 @@ std::int32_t GFDIO_Module::DecodeInput(const void* record, std::int32_t* value) 
   *value = 0;
 
   std::lock_guard<std::mutex> lock(decodingLock_);
-  if (gDebug.DebugGetButtonFunction != 0) {
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) {
     LogBits32("GFDIO_Module::GetButton - PrevSwitchBank", Low32(prevSwitchBank_));
     LogBits32("GFDIO_Module::GetButton - BtnState", Low32(bank));
   }
@@ -101,7 +101,7 @@ void GFDIO_Module::HandleInput(std::int32_t control, std::int32_t value) {
   if (control < 0 || control >= kGFDIOInputs) return;
   const std::uint8_t type = SwitchType(control);
   SwitchFunction& onFunction = inputFunctions[control];
-  if (gDebug.DebugHandleInputFunction != 0) {
+  if (CurrentDebugSwitches().DebugHandleInputFunction != 0) {
     LogFormat("GFDIO_Module::HandleInput - SwitchType = %d, UnitType = %d, Button = %d, Value = %d", type,
               GetFunctionId(onFunction), control, value);
   }
@@ -149,7 +149,7 @@ void GFDIO_Module::SetDisplay() {
   const std::uint32_t mask = OutputMask();
   if (mask == lastOutputs_) return;
   SendOutputs(mask);
-  if (gDebug.DebugSetDisplayFunction != 0) LogBits32("GFDIO_Module::SetDisplay - Indicators", mask);
+  if (CurrentDebugSwitches().DebugSetDisplayFunction != 0) LogBits32("GFDIO_Module::SetDisplay - Indicators", mask);
 }
 
 void GFDIO_Module::ClearDisplay() { SendOutputs(0); }

@@ -86,7 +86,7 @@ void GFEFIS_Module::Register(std::uint16_t unitNumber) {
     std::lock_guard<std::mutex> lock(decodingLock_);
     decoding_ = DecodingState{switches, selectors, mode, range};
   }
-  if (gDebug.DebugRegisterFunction != 0) {
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) {
     LogBits16("GFEFIS_Module::Register - PrevSwitchVals", switches);
     LogBits16("GFEFIS_Module::Register - PrevSelectorVals", selectors);
   }
@@ -119,7 +119,7 @@ std::int32_t GFEFIS_Module::GetButton(const void* record, std::int32_t* value) {
   if (TakenOver() || record == nullptr || value == nullptr) return -1;
   *value = 0;
   const auto& state = *static_cast<const GFEFISInputRecord*>(record);
-  if (gDebug.DebugGetButtonFunction != 0) {
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) {
     LogBits16("GFEFIS_Module::GetButton - Selectors", state.selectors);
     LogFormat("GFEFIS_Module::GetButton -  Dial A = %d, Dial B = %d", state.encoder1, state.encoder2);
     LogBits16("GFEFIS_Module::GetButton - BtnState", state.switches);

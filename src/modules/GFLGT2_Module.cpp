@@ -64,7 +64,7 @@ void GFLGT2_Module::Register(std::uint16_t unitNumber) {
   GFLGT2InputRecord state{};
   Port().TakeInput(state);
   const std::uint8_t switches = state.switches;
-  if (gDebug.DebugRegisterFunction != 0) LogBits16("GFLGT2_Module::Register - PrevSwitchVals", switches);
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) LogBits16("GFLGT2_Module::Register - PrevSwitchVals", switches);
 
   const std::int32_t position = LeverPositionOf(switches);
   decoding_.Reset(position, switches);
@@ -75,7 +75,7 @@ void GFLGT2_Module::Register(std::uint16_t unitNumber) {
 std::int32_t GFLGT2_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr || value == nullptr) return -1;
   const auto& input = *static_cast<const GFLGT2InputRecord*>(record);
-  if (gDebug.DebugGetButtonFunction != 0) {
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) {
     LogFormat("GFLGT2_Module::GetButton -  Wheel A = %d, Wheel B = %d, Wheel C = %d", input.values[0],
               input.values[1], input.values[2]);
     LogBits16("GFLGT2_Module::GetButton - BtnState", input.switches);
@@ -104,7 +104,7 @@ std::int32_t GFLGT2_Module::GetButton(const void* record, std::int32_t* value) {
 }
 
 void GFLGT2_Module::HandleInput(std::int32_t control, std::int32_t value) {
-  if (gDebug.DebugHandleInputFunction != 0) {
+  if (CurrentDebugSwitches().DebugHandleInputFunction != 0) {
     LogFormat("GFLGT2_Module::HandleInput -  ControlID = %d, Value = %d", control, value);
   }
   switch (control) {
@@ -126,7 +126,7 @@ void GFLGT2_Module::SelectFuel(std::int32_t slot) {
 }
 
 void GFLGT2_Module::TurnWheel(std::int32_t wheelIndex, std::int32_t count) {
-  const bool reversed = gSettings.*kWheelReverseFix[wheelIndex] != 0;
+  const bool reversed = CurrentSettings().*kWheelReverseFix[wheelIndex] != 0;
   const std::int64_t steps = reversed ? -static_cast<std::int64_t>(count) : count;
   AvionicFunction* function = wheels[wheelIndex];
   if (function == nullptr) return;
@@ -150,7 +150,7 @@ void GFLGT2_Module::SendLights(std::uint32_t mask) const {
 
 void GFLGT2_Module::SetDisplay() {
   const bool powered = HasPanelPower(false);
-  const GearLightLayout& layout = gSettings.GFLGT2LandingLightsReverseFix != 0 ? kLGT2SwappedLights : kLGT2Lights;
+  const GearLightLayout& layout = CurrentSettings().GFLGT2LandingLightsReverseFix != 0 ? kLGT2SwappedLights : kLGT2Lights;
   const std::uint8_t mask = powered ? ComposeGearLights(layout) : 0;
   indicators_.Update(
       powered, mask, [this](std::uint32_t bits) { SendLights(bits); }, "GFLGT2_Module::SetDisplay - Indicators");

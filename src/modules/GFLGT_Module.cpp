@@ -40,7 +40,7 @@ void GFLGT_Module::Register(std::uint16_t unitNumber) {
   GFLGTInputRecord state{};
   Port().TakeInput(state);
   const std::uint8_t switches = state.switches;
-  if (gDebug.DebugRegisterFunction != 0) LogBits16("GFLGT_Module::Register - SwitchState", switches);
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) LogBits16("GFLGT_Module::Register - SwitchState", switches);
 
   const std::int32_t position = LeverPositionOf(switches);
   decoding_.Reset(position, switches);
@@ -50,7 +50,7 @@ void GFLGT_Module::Register(std::uint16_t unitNumber) {
 std::int32_t GFLGT_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr || value == nullptr) return -1;
   const auto& input = *static_cast<const GFLGTInputRecord*>(record);
-  if (gDebug.DebugGetButtonFunction != 0) {
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) {
     LogFormat("GFLGT_Module::GetButton -  Wheel = %d", input.value);
     LogBits16("GFLGT_Module::GetButton - BtnState", input.switches);
   }
@@ -71,7 +71,7 @@ std::int32_t GFLGT_Module::GetButton(const void* record, std::int32_t* value) {
 }
 
 void GFLGT_Module::HandleInput(std::int32_t control, std::int32_t value) {
-  if (gDebug.DebugHandleInputFunction != 0) {
+  if (CurrentDebugSwitches().DebugHandleInputFunction != 0) {
     LogFormat("GFLGT_Module::HandleInput -  ControlID = %d, Value = %d", control, value);
   }
   switch (control) {

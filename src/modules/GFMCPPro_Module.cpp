@@ -129,7 +129,7 @@ void GFMCPPro_Module::Register(std::uint16_t unitNumber) {
     std::lock_guard<std::mutex> lock(decodingLock_);
     switchState_ = switches;
   }
-  if (gDebug.DebugRegisterFunction != 0) LogBits16("GFMCPPro_Module::Register - SwitchState", switches & 0xFFFFu);
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) LogBits16("GFMCPPro_Module::Register - SwitchState", switches & 0xFFFFu);
 
   Port().SetBrightness(static_cast<std::uint16_t>(GetDisplayBrightnessLevel()));
 
@@ -154,7 +154,7 @@ void GFMCPPro_Module::SyncX737Switches(std::uint32_t switches) {
 std::int32_t GFMCPPro_Module::GetButton(const void* record, std::int32_t* value) {
   if (TakenOverSeenFromInputThread() || record == nullptr || value == nullptr) return -1;
   const auto& input = *static_cast<const GFMCPProInputRecord*>(record);
-  const bool logging = gDebug.DebugGetButtonFunction != 0;
+  const bool logging = CurrentDebugSwitches().DebugGetButtonFunction != 0;
   if (logging) {
     LogFormat(
         "GFMCPPro_Module::GetButton -  Dial A = %d, Dial B = %d, Dial C = %d, Dial D = %d, Dial E = %d, Dial F = %d",

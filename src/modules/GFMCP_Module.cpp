@@ -72,7 +72,7 @@ void GFMCP_Module::Register(std::uint16_t unitNumber) {
     switchVals1_8_ = bank1;
     switchVals9_16_ = bank2;
   }
-  if (gDebug.DebugRegisterFunction != 0) {
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) {
     LogBits16("GFMCP_Module::Register - SwitchVals1_8", bank1);
     LogBits16("GFMCP_Module::Register - SwitchVals9_16", bank2);
   }
@@ -82,7 +82,7 @@ void GFMCP_Module::Register(std::uint16_t unitNumber) {
 std::int32_t GFMCP_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr || value == nullptr) return -1;
   const auto& input = *static_cast<const GFMCPInputRecord*>(record);
-  const bool logging = gDebug.DebugGetButtonFunction != 0;
+  const bool logging = CurrentDebugSwitches().DebugGetButtonFunction != 0;
   if (logging) {
     LogFormat("GFMCP_Module::GetButton -  Dial A = %d, Dial B = %d, Dial C = %d, Dial D = %d, Dial E = %d",
               input.encoders[0], input.encoders[1], input.encoders[2], input.encoders[3], input.encoders[4]);

@@ -96,7 +96,7 @@ void GFMESM_Module::Register(std::uint16_t unitNumber) {
     std::lock_guard<std::mutex> lock(decodingLock_);
     decoding_ = state;
   }
-  if (gDebug.DebugRegisterFunction != 0) {
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) {
     // The engine 2 selector is traced under the magneto selector's label, as it always has been.
     LogBits16("GFMESM_Module::Register - Selector1", state.values[0]);
     LogBits16("GFMESM_Module::Register - Selector2", state.values[1]);
@@ -108,7 +108,7 @@ void GFMESM_Module::Register(std::uint16_t unitNumber) {
 std::int32_t GFMESM_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr || value == nullptr) return -1;
   const auto& state = *static_cast<const GFMESMInputRecord*>(record);
-  if (gDebug.DebugGetButtonFunction != 0) {
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) {
     for (int i = 0; i < 3; ++i) LogBits16(kGetButtonLabels[i], state.values[i]);
   }
   std::lock_guard<std::mutex> lock(decodingLock_);

@@ -24,12 +24,12 @@ GFP8_Module::GFP8_Module() : LightBoxModule(kGFP8Model) {}
 std::int32_t GFP8_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr) return -1;
   const std::uint8_t switches = static_cast<const GFP8InputRecord*>(record)->switches;
-  if (gDebug.DebugGetButtonFunction != 0) LogBits16("GFP8_Module::GetButton - BtnState", switches);
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) LogBits16("GFP8_Module::GetButton - BtnState", switches);
   return DetectSwitchChange(switches, value);
 }
 
 void GFP8_Module::HandleInput(std::int32_t control, std::int32_t value) {
-  if (gDebug.DebugHandleInputFunction != 0) {
+  if (CurrentDebugSwitches().DebugHandleInputFunction != 0) {
     LogFormat("GFP8_Module::HandleInput -  Button = %d, Value = %d", control, value);
   }
   PressButton(control, value);

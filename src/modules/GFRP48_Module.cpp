@@ -42,7 +42,7 @@ GFRP48_Module::GFRP48_Module() : LightBoxModule(kGFRP48Model) {}
 std::int32_t GFRP48_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr) return -1;
   const auto& input = *static_cast<const GFRP48InputRecord*>(record);
-  const bool tracing = gDebug.DebugGetButtonFunction != 0;
+  const bool tracing = CurrentDebugSwitches().DebugGetButtonFunction != 0;
   if (tracing) {
     LogFormat("GFRP48_Module::GetButton -  Dial A = %d, Dial B = %d, Dial C = %d, Dial D = %d", input.encoders[0],
               input.encoders[1], input.encoders[2], input.encoders[3]);
@@ -58,7 +58,7 @@ std::int32_t GFRP48_Module::GetButton(const void* record, std::int32_t* value) {
 }
 
 void GFRP48_Module::HandleInput(std::int32_t control, std::int32_t value) {
-  if (gDebug.DebugHandleInputFunction != 0) {
+  if (CurrentDebugSwitches().DebugHandleInputFunction != 0) {
     LogFormat("GFRP48_Module::HandleInput - Button = %d, Value = %d", control, value);
   }
   if (control >= kRP48FirstEncoderControl) {
@@ -73,7 +73,7 @@ void GFRP48_Module::TurnDial(std::int32_t dialIndex, std::int32_t steps) {
   AvionicFunction* dial = dialFunctions[dialIndex];
   if (dial == nullptr) return;
   // Some hardware revisions count the other way round. Negated in 64 bits: -INT32_MIN does not fit.
-  const std::int64_t turned = gSettings.GRP48ReverseFix != 0 ? -static_cast<std::int64_t>(steps) : steps;
+  const std::int64_t turned = CurrentSettings().GRP48ReverseFix != 0 ? -static_cast<std::int64_t>(steps) : steps;
   const auto inner = static_cast<std::int32_t>(turned > INT32_MAX ? INT32_MAX : turned);
   AdjustAvionicFunction(dial, 0, inner, kModuleGFRP48);
 }

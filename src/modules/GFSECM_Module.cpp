@@ -77,7 +77,7 @@ void GFSECM_Module::Register(std::uint16_t unitNumber) {
     std::lock_guard<std::mutex> lock(decodingLock_);
     decoding_ = state;
   }
-  if (gDebug.DebugRegisterFunction != 0) LogState(kRegisterLabels, state);
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) LogState(kRegisterLabels, state);
 
   for (std::int32_t i = 0; i < kSECMSwitchBits; ++i) Switch(i, (state.switches & (1u << i)) != 0);
   Switch(kSECMCowlFlapsControl, state.fourth != 0);
@@ -97,7 +97,7 @@ void GFSECM_Module::Register(std::uint16_t unitNumber) {
 std::int32_t GFSECM_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr || value == nullptr) return -1;
   const auto& state = *static_cast<const GFSECMInputRecord*>(record);
-  if (gDebug.DebugGetButtonFunction != 0) LogState(kGetButtonLabels, state);
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) LogState(kGetButtonLabels, state);
   std::lock_guard<std::mutex> lock(decodingLock_);
   return DecodeLocked(state, value);
 }

@@ -45,12 +45,12 @@ std::int32_t GFT8_Module::GetButton(const void* record, std::int32_t* value) {
   if (record == nullptr) return -1;
   const std::uint8_t switches = static_cast<const GFT8InputRecord*>(record)->switches;
   // The GF-T8 shares the GF-P8's trace label: the two decode the same byte the same way.
-  if (gDebug.DebugGetButtonFunction != 0) LogBits16("GFP8_Module::GetButton - BtnState", switches);
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) LogBits16("GFP8_Module::GetButton - BtnState", switches);
   return DetectSwitchChange(switches, value);
 }
 
 void GFT8_Module::HandleInput(std::int32_t control, std::int32_t value) {
-  if (gDebug.DebugHandleInputFunction != 0) {
+  if (CurrentDebugSwitches().DebugHandleInputFunction != 0) {
     LogFormat("GFT8_Module::HandleInput -  Button = %d, Value = %d", control, value);
   }
   SetSwitch(control, value != 0);

@@ -27,7 +27,7 @@ std::int32_t GFTQ6_Module::GetButton(const void* record, std::int32_t* /*value*/
     std::copy(std::begin(input.levers), std::end(input.levers), leverPositions_);
     leverSwitches_ = input.switches;
   }
-  if (gDebug.DebugGetButtonFunction != 0) {
+  if (CurrentDebugSwitches().DebugGetButtonFunction != 0) {
     LogFormat("GFTQ6_Module::GetButton -  Lever A = %d, Lever B = %d, Lever C = %d, Lever D = %d, Lever E = %d, "
               "Lever F = %d",
               input.levers[0], input.levers[1], input.levers[2], input.levers[3], input.levers[4], input.levers[5]);

@@ -36,7 +36,7 @@ int ReadInt(XPLMDataRef ref) { return ref != nullptr ? XPLMGetDatai(ref) : 0; }
 
 // Older simulators kept the deploy ratios further into a longer array.
 int FirstDeployElement() {
-  const int version = gSimulatorVersions.xplaneVersion;
+  const int version = CurrentSimulatorVersions().xplaneVersion;
   if (version >= 800) return 0;
   if (version >= 700) return 67;
   return 52;

@@ -40,7 +40,7 @@ void LightBoxModule::Register(std::uint16_t unitNumber) {
     std::lock_guard<std::mutex> lock(decodingLock_);
     prevSwitchVals_ = switches;
   }
-  if (gDebug.DebugRegisterFunction != 0) LogBits16(model_->registerLabel, switches);
+  if (CurrentDebugSwitches().DebugRegisterFunction != 0) LogBits16(model_->registerLabel, switches);
 }
 
 std::uint8_t LightBoxModule::PrevSwitchVals() const {

@@ -48,7 +48,7 @@ std::int32_t DecodeFirstChange(std::span<const EncoderMove> encoders, std::span<
   return control;
 }
 
-bool DisplayLoggingEnabled() { return gDebug.DebugSetDisplayFunction != 0; }
+bool DisplayLoggingEnabled() { return CurrentDebugSwitches().DebugSetDisplayFunction != 0; }
 
 void LogSentLightMask(const char* label, std::uint32_t mask) {
   if (DisplayLoggingEnabled()) LogBits16(label != nullptr ? label : "", mask);

@@ -53,7 +53,7 @@ float UpdateFlightLoop(float, float, int, void*) {
 }
 
 float AnnounceFlightLoop(float, float, int, void*) {
-  if (gSettings.ShowCustomDatarefs != 0) AnnounceCustomDatarefs();
+  if (CurrentSettings().ShowCustomDatarefs != 0) AnnounceCustomDatarefs();
   AnnounceDataref(kMcpProDisabledDataref);
   AnnounceDataref(kEfisDisabledDataref);
   return 0.0f;  // once only

@@ -60,7 +60,7 @@ void StartPanels() {
   GFDev_SetUnitReturnHandler(ShowArrivedUnit);
   TheModuleManager().CreateModules();
   ReceiveDeviceInput();
-  if (gDebug.DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();
+  if (CurrentDebugSwitches().DebugDeviceInfo != 0) TheModuleManager().LogDeviceInformation();
   PanelsRunningFlag() = true;
 }
 
@@ -127,10 +127,9 @@ int PluginStart(char* outName, char* outSignature, char* outDescription) {
   if (gContext != nullptr) WithdrawFromSimulator();
   gContext.reset();
   gContext = std::make_unique<PluginContext>();
-  ResetHostState();
   CurrentFunctionState().panelDirectory = &CurrentModuleState().panelDirectory;
-  XPLMGetVersions(&gSimulatorVersions.xplaneVersion, &gSimulatorVersions.xplmVersion,
-                  &gSimulatorVersions.hostId);
+  SimulatorVersions& versions = CurrentSimulatorVersions();
+  XPLMGetVersions(&versions.xplaneVersion, &versions.xplmVersion, &versions.hostId);
   std::snprintf(outName, kEntryBufferSize, "%s", kPluginName);
   std::snprintf(outSignature, kEntryBufferSize, "%s", kPluginSignature);
   std::snprintf(outDescription, kEntryBufferSize, "%s", kPluginDescription);

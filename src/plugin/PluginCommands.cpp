@@ -35,7 +35,7 @@ void* RowRefcon(int row) { return reinterpret_cast<void*>(static_cast<std::uintp
 
 void RegisterPluginCommands() {
   RegisteredPluginCommands& registered = CurrentPluginState().registeredCommands;
-  const OptionalXplmApi& api = gOptionalXplmApi;
+  const OptionalXplmApi& api = CurrentOptionalXplmApi();
   if (api.XPLMCreateCommand == nullptr || api.XPLMRegisterCommandHandler == nullptr) return;
   for (int row = 0; row < kPluginCommandCount; ++row) {
     if (registered[row] != nullptr) continue;
@@ -48,7 +48,7 @@ void RegisterPluginCommands() {
 
 void UnregisterPluginCommands() {
   RegisteredPluginCommands& registered = CurrentPluginState().registeredCommands;
-  const OptionalXplmApi& api = gOptionalXplmApi;
+  const OptionalXplmApi& api = CurrentOptionalXplmApi();
   for (int row = 0; row < kPluginCommandCount; ++row) {
     if (registered[row] == nullptr) continue;
     if (api.XPLMUnregisterCommandHandler != nullptr) {

@@ -33,7 +33,7 @@ DeviceLabelContext CurrentDeviceLabelContext() {
   context.efisDisabled = flags.efisDisabled != 0;
   context.x737McpDirect = flags.x737McpDirect != 0;
   context.mcpProDisabled = flags.mcpProDisabled != 0;
-  context.xplaneVersion = gSimulatorVersions.xplaneVersion;
+  context.xplaneVersion = CurrentSimulatorVersions().xplaneVersion;
   return context;
 }
 

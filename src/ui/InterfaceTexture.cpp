@@ -24,7 +24,7 @@ void SplitAxis(const int texels[4], int low, int high, float out[4]) {
 
 }  // namespace
 
-bool HasInterfaceTexture() { return gSimulatorVersions.xplaneVersion >= kInterfaceTextureVersion; }
+bool HasInterfaceTexture() { return CurrentSimulatorVersions().xplaneVersion >= kInterfaceTextureVersion; }
 
 void DrawInterfacePiece(const NinePartPiece& piece, int left, int bottom, int right, int top, float alpha) {
   XPLMSetGraphicsState(0, 1, 0, 0, 1, 0, 0);

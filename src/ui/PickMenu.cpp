@@ -210,8 +210,8 @@ bool OpenPickMenu(int anchorLeft, int anchorTop, const char* items, int currentI
   params.handleMouseWheelFunc = HandleWheel;
   params.refcon = menu.get();
   // A simulator without the 2.x window call gets no menu rather than a plug-in that fails to load.
-  if (gOptionalXplmApi.XPLMCreateWindowEx == nullptr) return false;
-  menu->window = gOptionalXplmApi.XPLMCreateWindowEx(&params);
+  if (CurrentOptionalXplmApi().XPLMCreateWindowEx == nullptr) return false;
+  menu->window = CurrentOptionalXplmApi().XPLMCreateWindowEx(&params);
   if (menu->window == nullptr) return false;
   if (scrolling) XPLMTakeKeyboardFocus(menu->window);
   OpenMenu() = std::move(menu);

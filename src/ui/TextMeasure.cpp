@@ -12,9 +12,9 @@ namespace drav {
 
 int TextWidth(std::string_view text) {
   if (text.empty()) return 0;
-  if (gOptionalXplmApi.XPLMMeasureString != nullptr) {
+  if (CurrentOptionalXplmApi().XPLMMeasureString != nullptr) {
     const float width =
-        gOptionalXplmApi.XPLMMeasureString(xplmFont_Basic, text.data(), static_cast<int>(text.size()));
+        CurrentOptionalXplmApi().XPLMMeasureString(xplmFont_Basic, text.data(), static_cast<int>(text.size()));
     return static_cast<int>(std::ceil(width));
   }
   int charWidth = 8;

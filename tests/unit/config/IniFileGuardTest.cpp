@@ -20,7 +20,7 @@ class IniFileGuardTest : public drav_test::PluginFolderTest {
 
   void SetUp() override {
     PluginFolderTest::SetUp();
-    drav::gDebug.DebugEnabled = 1;
+    drav::CurrentDebugSwitches().DebugEnabled = 1;
   }
 
   static std::string Read(const char* section, const char* key) {

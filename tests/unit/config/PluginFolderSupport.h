@@ -28,14 +28,14 @@ class PluginFolderTest : public ::testing::Test {
 
   void SetUp() override {
     ASSERT_TRUE(root_.Made());
-    drav::gDebug = drav::DebugSwitches{};
-    drav::gSettings = drav::GlobalSettings{};
+    drav::CurrentDebugSwitches() = drav::DebugSwitches{};
+    drav::CurrentSettings() = drav::GlobalSettings{};
     sim::SimHost::Current().Reset(root_.Path());
     drav::InitLogPath();
   }
   void TearDown() override {
-    drav::gDebug = drav::DebugSwitches{};
-    drav::gSettings = drav::GlobalSettings{};
+    drav::CurrentDebugSwitches() = drav::DebugSwitches{};
+    drav::CurrentSettings() = drav::GlobalSettings{};
   }
 
   std::filesystem::path PluginFolder() const {

@@ -36,7 +36,7 @@ class LogFaultTest : public drav_test::PluginFolderTest {
   LogFaultTest() : PluginFolderTest("logfault") {}
   void SetUp() override {
     PluginFolderTest::SetUp();
-    drav::gDebug.DebugEnabled = 1;
+    drav::CurrentDebugSwitches().DebugEnabled = 1;
   }
 };
 

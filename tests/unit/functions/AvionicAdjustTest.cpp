@@ -95,7 +95,7 @@ class AvionicAdjustTest : public ::testing::Test {
              std::to_string(reinterpret_cast<std::uintptr_t>(info)));
     host().Reset(root_);
     ResetGlobals();
-    gSimulatorVersions.xplaneVersion = 12000;  // what the host reports; the start-up would read it
+    CurrentSimulatorVersions().xplaneVersion = 12000;  // what the host reports; the start-up would read it
   }
 
   void TearDown() override {
@@ -106,8 +106,8 @@ class AvionicAdjustTest : public ::testing::Test {
   }
 
   static void ResetGlobals() {
-    gSettings = GlobalSettings{};
-    gSimulatorVersions = SimulatorVersions{};
+    CurrentSettings() = GlobalSettings{};
+    CurrentSimulatorVersions() = SimulatorVersions{};
   }
 
   static sim::SimHost& host() { return sim::SimHost::Current(); }
@@ -421,7 +421,7 @@ INSTANTIATE_TEST_SUITE_P(
 // An older simulator keeps the map mode itself, and shows it as it is.
 TEST_F(AvionicAdjustTest, MapModeOnAnOlderSimulatorTurnsTheOriginal) {
   host().SetXPlaneVersion(11000);
-  gSimulatorVersions.xplaneVersion = 11000;
+  CurrentSimulatorVersions().xplaneVersion = 11000;
   SetValue(kMapMode, 0);
   SetValue(kMapIsHsi, 0);
   AvionicFunction* mode = Build(113);
@@ -500,10 +500,10 @@ class TrimTest : public AvionicAdjustTest, public ::testing::WithParamInterface<
  protected:
   static float& IncrementFor(FunctionId id) {
     switch (id) {
-      case 430: return gSettings.AileronTrimIncrement;
-      case 433: return gSettings.RudderTrimIncrement;
-      case 436: return gSettings.RotorTrimIncrement;
-      default: return gSettings.ElevatorTrimIncrement;
+      case 430: return CurrentSettings().AileronTrimIncrement;
+      case 433: return CurrentSettings().RudderTrimIncrement;
+      case 436: return CurrentSettings().RotorTrimIncrement;
+      default: return CurrentSettings().ElevatorTrimIncrement;
     }
   }
 };
@@ -511,7 +511,7 @@ class TrimTest : public AvionicAdjustTest, public ::testing::WithParamInterface<
 TEST_P(TrimTest, StepsByTheSettingWithinTheLimit) {
   const TrimCase& c = GetParam();
   host().SetXPlaneVersion(c.xplaneVersion);
-  gSimulatorVersions.xplaneVersion = c.xplaneVersion;
+  CurrentSimulatorVersions().xplaneVersion = c.xplaneVersion;
   IncrementFor(c.id) = c.increment;
   SetValue(c.path, c.start);
   AdjustAvionicFunction(Build(c.id), c.outer, c.inner, kModuleGFLGT2);
@@ -565,11 +565,11 @@ TEST_F(AvionicAdjustTest, RotorTrimStepsByCommandWhereTheSimulatorKeepsNoValue) 
 TEST_F(AvionicAdjustTest, EachTrimReadsItsOwnSetting) {
   // The rotor trim is a value only in simulators older than X-Plane 12.
   host().SetXPlaneVersion(11000);
-  gSimulatorVersions.xplaneVersion = 11000;
-  gSettings.ElevatorTrimIncrement = 0.1f;
-  gSettings.AileronTrimIncrement = 0.2f;
-  gSettings.RudderTrimIncrement = 0.3f;
-  gSettings.RotorTrimIncrement = 0.4f;
+  CurrentSimulatorVersions().xplaneVersion = 11000;
+  CurrentSettings().ElevatorTrimIncrement = 0.1f;
+  CurrentSettings().AileronTrimIncrement = 0.2f;
+  CurrentSettings().RudderTrimIncrement = 0.3f;
+  CurrentSettings().RotorTrimIncrement = 0.4f;
   const struct {
     FunctionId id;
     const char* path;

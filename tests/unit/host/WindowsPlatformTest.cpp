@@ -50,7 +50,7 @@ class WindowsLogTest : public drav_test::PluginFolderTest {
     gDebuggerText.clear();
     handler_ = AddVectoredExceptionHandler(1, CatchDebuggerOutput);
     ASSERT_NE(handler_, nullptr);
-    drav::gDebug.DebugEnabled = 1;
+    drav::CurrentDebugSwitches().DebugEnabled = 1;
   }
   void TearDown() override {
     RemoveVectoredExceptionHandler(handler_);
@@ -65,7 +65,7 @@ TEST_F(WindowsLogTest, MirrorSendsEachLineWithItsCrLfOnlyWhenSwitchedOn) {
   drav::LogLine("quiet");
   EXPECT_EQ(gDebuggerText, "");
 
-  drav::gDebug.DebugViewEnabled = 1;
+  drav::CurrentDebugSwitches().DebugViewEnabled = 1;
   drav::LogLine("mirrored");
   drav::LogFormat("unit %d", 3);
   EXPECT_EQ(gDebuggerText, "mirrored\r\nunit 3\r\n");
@@ -89,7 +89,7 @@ class WindowsOptionalApiTest : public drav_test::PluginFolderTest {
   // Where the plug-in looks for the simulator's SDK library.
   std::filesystem::path LibraryPath() const { return PluginFolder().parent_path() / "XPLM_64.DLL"; }
   void TearDown() override {
-    drav::gOptionalXplmApi = drav::OptionalXplmApi{};
+    drav::CurrentOptionalXplmApi() = drav::OptionalXplmApi{};
     PluginFolderTest::TearDown();
   }
 };
@@ -97,19 +97,19 @@ class WindowsOptionalApiTest : public drav_test::PluginFolderTest {
 TEST_F(WindowsOptionalApiTest, TheSimulatorsLibraryResolvesTheCommandsByName) {
   ASSERT_TRUE(std::filesystem::exists(LibraryPath())) << "the host's XPLM_64.DLL stand-in";
   ASSERT_TRUE(drav::LoadOptionalXplmApi());
-  ASSERT_NE(drav::gOptionalXplmApi.XPLMFindCommand, nullptr);
-  EXPECT_NE(drav::gOptionalXplmApi.XPLMCommandOnce, nullptr);
+  ASSERT_NE(drav::CurrentOptionalXplmApi().XPLMFindCommand, nullptr);
+  EXPECT_NE(drav::CurrentOptionalXplmApi().XPLMCommandOnce, nullptr);
   EXPECT_NE(drav::FindOptionalCommand("sim/annunciator/clear_master_caution"), nullptr);
   EXPECT_EQ(drav::FindOptionalCommand("no/such/command"), nullptr);
 }
 
 TEST_F(WindowsOptionalApiTest, WithoutTheSimulatorsLibraryLoadFailsAndKeepsTheTable) {
   ASSERT_TRUE(!std::filesystem::exists(LibraryPath()) || std::filesystem::remove(LibraryPath()));
-  drav::gOptionalXplmApi.XPLMFindCommand = &KeptFindCommand;
+  drav::CurrentOptionalXplmApi().XPLMFindCommand = &KeptFindCommand;
   EXPECT_FALSE(drav::LoadOptionalXplmApi());
-  EXPECT_EQ(drav::gOptionalXplmApi.XPLMFindCommand, &KeptFindCommand);
+  EXPECT_EQ(drav::CurrentOptionalXplmApi().XPLMFindCommand, &KeptFindCommand);
   // Without the API a command is neither found nor run.
-  drav::gOptionalXplmApi = drav::OptionalXplmApi{};
+  drav::CurrentOptionalXplmApi() = drav::OptionalXplmApi{};
   EXPECT_EQ(drav::FindOptionalCommand("sim/operation/pause_toggle"), nullptr);
   drav::RunCommandOnce(nullptr);
 }

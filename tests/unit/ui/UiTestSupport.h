@@ -25,13 +25,13 @@ class UiTest : public ::testing::Test {
             ("drav-ui-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
     host().Reset(root_);
     // The plug-in reads the version at start; these tests run its parts without starting it.
-    gSimulatorVersions.xplaneVersion = 12000;
+    CurrentSimulatorVersions().xplaneVersion = 12000;
     ASSERT_TRUE(LoadOptionalXplmApi());
   }
 
   void TearDown() override {
     CloseAssignDialog();
-    gSimulatorVersions = SimulatorVersions{};
+    CurrentSimulatorVersions() = SimulatorVersions{};
     host().Reset({});
     std::error_code ignored;
     std::filesystem::remove_all(root_, ignored);
