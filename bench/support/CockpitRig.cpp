@@ -6,6 +6,18 @@
 #include <sstream>
 
 #include "modules/AssignmentKeys.h"
+#include "modules/GF166_Module.h"
+#include "modules/GFDIO_Module.h"
+#include "modules/GFEFIS_Module.h"
+#include "modules/GFMCPPro_Module.h"
+#include "modules/GFMCP_Module.h"
+#include "modules/GFMESM_Module.h"
+#include "modules/GFP8_Module.h"
+#include "modules/GFRP48_Module.h"
+#include "modules/GFSECM_Module.h"
+#include "modules/GFTQ6_Module.h"
+#include "modules/GFWCP_Module.h"
+#include "modules/GF_Abstract_Module.h"
 #include "config/Assignments.h"
 #include "dravsim/DravPlugin.h"
 #include "dravsim/LineSource.h"

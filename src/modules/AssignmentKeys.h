@@ -1,11 +1,12 @@
-// The configuration keys of every model's unit section, as data: how each key is spelt, which
-// control byte it binds, its default value and whether its value may aim a control at a radio unit.
-// The loader walks these groups; the calibration keys stand beside them.
+// The configuration keys of a unit's section, as data: how each key is spelt, which control byte it
+// binds, its default value and whether its value may aim a control at a radio unit. The loader walks
+// these groups; the calibration keys stand beside them. Every model's own groups stand in its
+// <Model>_Module.cpp.
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
 
 namespace drav {
@@ -54,53 +55,30 @@ struct CalibrationKey {
   const char* defaultValue;
 };
 
-// ---- per model, in the order in which the loader reads them -------------------------------------
+// ---- building a model's groups ------------------------------------------------------------------
+// Each model spells its own groups in its <Model>_Module.cpp, constant-initialised, and lists those
+// whose values are function names in its descriptor.
 
-// GF-45, GF-46 and GF-166: Function1..Function8 are the eight modes (index = mode index).
-extern const AssignmentKeyGroup kRadioModeKeys;
-// GF-166: FunctionL and FunctionR, the two push buttons, aimed at this unit unless told otherwise.
-extern const AssignmentKeyGroup kGF166ButtonKeys;
-// GF-P8 and GF-T8: Function1..Function8.
-extern const AssignmentKeyGroup kGFP8Keys;
-// GF-RP48: Function1..Function8 (buttons), then FunctionA..FunctionD (knobs).
-extern const AssignmentKeyGroup kGFRP48Keys;
+// Controls numbered from 0 while their keys count from 1, or numbered as their keys.
+inline constexpr int kKeyNumberMinusOne = -1;
+inline constexpr int kKeyNumberItself = 0;
 
-// GF-LGT: wheel, lever, up/down switch; and its wheel gain.
-extern const AssignmentKeyGroup kGFLGTKeys;
-extern const CalibrationKey kGFLGTWheelGain;
-// GF-LGT2: FunctionG..FunctionN; and its three wheel gains (aileron, elevator, rudder).
-extern const AssignmentKeyGroup kGFLGT2Keys;
-extern const CalibrationKey kGFLGT2WheelGains[3];
-// GF-MCP: the nine buttons, then the five knobs A..E.
-extern const AssignmentKeyGroup kGFMCPButtonKeys;
-extern const AssignmentKeyGroup kGFMCPKnobKeys;
-// GF-TQ6: the six levers, then the reverse point, beta point and reverser power, and the flap null
-// zone.
-extern const AssignmentKeyGroup kGFTQ6LeverKeys;
-extern const CalibrationKey kGFTQ6LeverCalibration[3];
-extern const CalibrationKey kGFTQ6FlapNullZone;
-// GF-MCPPro: Function01..Function24 (controls 0..23) with defaults that depend on the x737 mode,
-// then Function25..Function30 (controls 25..30).
-const AssignmentKeyGroup& GFMCPProButtonKeys(int x737Mode);
-const AssignmentKeyGroup& GFMCPProKnobKeys(int x737Mode);
-// GF-EFIS: Function01..Function27 (controls 0..26), then Function28, Function29 (controls 28, 29).
-extern const AssignmentKeyGroup kGFEFISButtonKeys;
-extern const AssignmentKeyGroup kGFEFISKnobKeys;
-// GF-SECM: Function01..Function20 (controls 0..19). GF-MESM: Function01..Function11 (0..10).
-extern const AssignmentKeyGroup kGFSECMKeys;
-extern const AssignmentKeyGroup kGFMESMKeys;
-// GF-WCP: Function1..Function6, then the six button colours Colour1..Colour6.
-extern const AssignmentKeyGroup kGFWCPKeys;
-extern const AssignmentKeyGroup kGFWCPColourKeys;
-// GF-DIO: the 56 inputs' on- and off-functions, their switch types and the 32 outputs
-// (control byte = input or output number, 1-based).
-extern const AssignmentKeyGroup kGFDIOInputOnKeys;
-extern const AssignmentKeyGroup kGFDIOInputOffKeys;
-extern const AssignmentKeyGroup kGFDIOSwitchTypeKeys;
-extern const AssignmentKeyGroup kGFDIOOutputKeys;
+// "Function" + one character per key, the character also being the control byte.
+constexpr AssignmentKeyGroup CharacterKeys(const char* characters, const char* const* defaults,
+                                           AssignmentTarget target) {
+  return {"Function", characters, 0, 0, 0, defaults, nullptr, target};
+}
 
-// Every group above whose values are function names (each MCPPro variant once): not the colours
-// and switch types.
-std::span<const AssignmentKeyGroup* const> AllFunctionKeyGroups();
+constexpr AssignmentKeyGroup NumberedKeys(const char* prefix, int firstNumber, int count, int controlOffset,
+                                          const char* const* defaults, AssignmentTarget target) {
+  return {prefix, nullptr, firstNumber, count, controlOffset, defaults, nullptr, target};
+}
+
+// As many numbered keys as the defaults name.
+template <std::size_t N>
+constexpr AssignmentKeyGroup NumberedKeys(const char* prefix, int firstNumber, int controlOffset,
+                                          const char* const (&defaults)[N], AssignmentTarget target) {
+  return NumberedKeys(prefix, firstNumber, static_cast<int>(N), controlOffset, defaults, target);
+}
 
 }  // namespace drav

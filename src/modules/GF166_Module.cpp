@@ -289,6 +289,13 @@ void GF166_Module::SelectFunction(std::int32_t functionId) {
   secondary = nullptr;
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// FunctionL and FunctionR, the two push buttons, aimed at this unit unless told otherwise; then
+// the radios' eight modes.
+constinit const AssignmentKeyGroup kGF166ButtonKeys = CharacterKeys("LR", nullptr, AssignmentTarget::kThisGF166);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGF166ButtonKeys, &kRadioModeKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -315,6 +322,7 @@ constexpr ModelDescriptor kGF166Descriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GF166_Module>,
     &LoadAs<GF166_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGF166>, &WriteUnitBrightness<kModuleGF166>, false},
     &DialogRows,

@@ -65,4 +65,8 @@ class GF166_Module : public GF_Abstract_AvionicDevice {
 struct ModelDescriptor;
 extern const ModelDescriptor kGF166Descriptor;
 
+struct AssignmentKeyGroup;
+// FunctionL and FunctionR, the two push buttons, aimed at this unit unless told otherwise.
+extern const AssignmentKeyGroup kGF166ButtonKeys;
+
 }  // namespace drav

@@ -60,6 +60,13 @@ void GF45_Module::HandleInput(std::int32_t control, std::int32_t value) {
   }
 }
 
+namespace {
+
+// The radios' eight modes.
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kRadioModeKeys};
+
+}  // namespace
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 constexpr ModelDescriptor kGF45Descriptor = {
@@ -67,6 +74,7 @@ constexpr ModelDescriptor kGF45Descriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GF45_Module>,
     &LoadAs<GF45_Module, LoadRadioAssignments>,
+    kFunctionKeys,
     {nullptr, &WriteUnitBrightness<kModuleGF45>, false},  // sent, never asked
     &RadioDialogRows,
 };

@@ -86,6 +86,13 @@ void GF46_Module::StepToNextMode() {
   SetDisplay();
 }
 
+namespace {
+
+// The radios' eight modes.
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kRadioModeKeys};
+
+}  // namespace
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 constexpr ModelDescriptor kGF46Descriptor = {
@@ -93,6 +100,7 @@ constexpr ModelDescriptor kGF46Descriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GF46_Module>,
     &LoadAs<GF46_Module, LoadRadioAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGF46>, &WriteUnitBrightness<kModuleGF46>, false},
     &RadioDialogRows,

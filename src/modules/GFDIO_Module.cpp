@@ -205,6 +205,20 @@ std::uint64_t GFDIO_Module::PrevSwitchBank() const {
   return prevSwitchBank_;
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// The 56 inputs' on- and off-functions, their switch types and the 32 outputs (control byte = input
+// or output number, 1-based).
+constinit const AssignmentKeyGroup kGFDIOInputOnKeys =
+    NumberedKeys("InputFunction", 1, 56, kKeyNumberItself, nullptr, AssignmentTarget::kRadioTested);
+constinit const AssignmentKeyGroup kGFDIOInputOffKeys =
+    NumberedKeys("InputOffStateFunction", 1, 56, kKeyNumberItself, nullptr, AssignmentTarget::kRadioTested);
+constinit const AssignmentKeyGroup kGFDIOSwitchTypeKeys = {
+    "InputSwitchTypeFunction", nullptr, 1, 56, kKeyNumberItself, nullptr, "0", AssignmentTarget::kNone};
+constinit const AssignmentKeyGroup kGFDIOOutputKeys =
+    NumberedKeys("OutputFunction", 1, 32, kKeyNumberItself, nullptr, AssignmentTarget::kRadioTested);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFDIOInputOnKeys, &kGFDIOInputOffKeys, &kGFDIOOutputKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -256,6 +270,7 @@ constexpr ModelDescriptor kGFDIODescriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFDIO_Module>,
     &LoadAs<GFDIO_Module, LoadAssignments>,
+    kFunctionKeys,
     {},  // no brightness report
     &DialogRows,
     &DeviceLabel,

@@ -85,4 +85,10 @@ class GFDIO_Module : public GF_Abstract_Module {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFDIODescriptor;
 
+struct AssignmentKeyGroup;
+// The 56 inputs' on- and off-functions and the 32 outputs (control byte = input or output number).
+extern const AssignmentKeyGroup kGFDIOInputOnKeys;
+extern const AssignmentKeyGroup kGFDIOInputOffKeys;
+extern const AssignmentKeyGroup kGFDIOOutputKeys;
+
 }  // namespace drav

@@ -1,6 +1,7 @@
 #include "modules/GFEFIS_Module.h"
 
 #include <atomic>
+#include <iterator>
 
 #include "functions/AvionicAdjust.h"
 #include "hid/InputRecords.h"
@@ -209,6 +210,25 @@ std::int32_t GFEFIS_Module::GetAssignedFunction(std::uint8_t key) {
   return IsButtonKey(key) ? GetFunctionId(buttonFunctions[key]) : 0;
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// Function01..Function27 (controls 0..26), then Function28, Function29 (controls 28, 29).
+const char* const kEFISButtonDefaults[] = {
+    "",                   "EFIS_SYM_NDB",       "EFIS_SYM_VOR",       "EFIS_SYM_ARPT",
+    "EFIS_SYM_WPT",       "EFIS_SYM_TCAS",      "EFIS_SYM_WXR",       "NADA",
+    "EFIS_ADF_SEL1",      "EFIS_VOR_SEL1",      "EFIS_ADF_SEL2",      "EFIS_VOR_SEL2",
+    "NADA",               "NADA",               "ALTIMETER_SET_STD",  "METRIC_PRESSURE",
+    "EFIS_ND_MODE_APP",   "EFIS_ND_MODE_VOR",   "EFIS_ND_MODE_MAP",   "EFIS_ND_MODE_PLAN",
+    "EFIS_ND_RANGE_10NM", "EFIS_ND_RANGE_20NM", "EFIS_ND_RANGE_40NM", "EFIS_ND_RANGE_80NM",
+    "EFIS_ND_RANGE_160NM", "EFIS_ND_RANGE_320NM", "EFIS_ND_RANGE_640NM"};
+const char* const kEFISKnobDefaults[] = {"DECISION_HEIGHT", "ALTIMETER"};
+static_assert(std::size(kEFISButtonDefaults) == 27 && std::size(kEFISKnobDefaults) == 2);
+constinit const AssignmentKeyGroup kGFEFISButtonKeys =
+    NumberedKeys("Function", 1, kKeyNumberMinusOne, kEFISButtonDefaults, AssignmentTarget::kRadioTested);
+constinit const AssignmentKeyGroup kGFEFISKnobKeys =
+    NumberedKeys("Function", 28, kKeyNumberItself, kEFISKnobDefaults, AssignmentTarget::kNone);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFEFISButtonKeys, &kGFEFISKnobKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -252,6 +272,7 @@ constexpr ModelDescriptor kGFEFISDescriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFEFIS_Module>,
     &LoadAs<GFEFIS_Module, LoadAssignments>,
+    kFunctionKeys,
     {},  // no brightness report
     &DialogRows,
     &DeviceLabel,

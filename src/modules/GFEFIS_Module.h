@@ -77,4 +77,9 @@ class GFEFIS_Module : public GF_Abstract_Module {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFEFISDescriptor;
 
+struct AssignmentKeyGroup;
+// Function01..Function27 (controls 0..26), then Function28, Function29 (controls 28, 29).
+extern const AssignmentKeyGroup kGFEFISButtonKeys;
+extern const AssignmentKeyGroup kGFEFISKnobKeys;
+
 }  // namespace drav

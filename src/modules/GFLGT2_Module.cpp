@@ -1,5 +1,7 @@
 #include "modules/GFLGT2_Module.h"
 
+#include <iterator>
+
 #include "functions/AvionicAdjust.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
@@ -185,6 +187,16 @@ std::int32_t GFLGT2_Module::GetAssignedFunction(std::uint8_t key) {
   return GetAvionicFunctionId(*wheels[wheelIndex]);
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// FunctionG..FunctionN; and the three wheel gains (aileron, elevator, rudder).
+const char* const kLGT2Defaults[] = {"AILERON_TRIM",  "ELEV_TRIM",      "RUDDER_TRIM",   "LANDING_GEAR",
+                                     "FLAPS_UP_DOWN", "FUEL_FEED_LEFT", "FUEL_FEED_ALL", "FUEL_FEED_RIGHT"};
+static_assert(std::size(kLGT2Defaults) == 8);
+constinit const AssignmentKeyGroup kGFLGT2Keys = CharacterKeys("GHIJKLMN", kLGT2Defaults, AssignmentTarget::kNone);
+constinit const CalibrationKey kGFLGT2WheelGains[3] = {{"WHEEL1_GAIN", "1"}, {"WHEEL2_GAIN", "1"}, {"WHEEL3_GAIN", "1"}};
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFLGT2Keys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -229,6 +241,7 @@ constexpr ModelDescriptor kGFLGT2Descriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFLGT2_Module>,
     &LoadAs<GFLGT2_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness: its own reversed scale
     {&ReadUnitBrightness<kModuleGFLGT2>, &WriteUnitBrightness<kModuleGFLGT2>, true},
     &DialogRows,

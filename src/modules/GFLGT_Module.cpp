@@ -1,5 +1,7 @@
 #include "modules/GFLGT_Module.h"
 
+#include <iterator>
+
 #include "functions/AvionicAdjust.h"
 #include "hid/InputRecords.h"
 #include "base/Log.h"
@@ -131,6 +133,15 @@ std::int32_t GFLGT_Module::GetAssignedFunction(std::uint8_t key) {
   }
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// Wheel, lever, up/down switch; and the wheel's gain.
+const char* const kLGTDefaults[] = {"ELEV_TRIM", "LANDING_GEAR", "FLAPS_UP_DOWN"};
+static_assert(std::size(kLGTDefaults) == 3);
+constinit const AssignmentKeyGroup kGFLGTKeys = CharacterKeys("WLS", kLGTDefaults, AssignmentTarget::kNone);
+constinit const CalibrationKey kGFLGTWheelGain = {"WHEEL_GAIN", "1"};
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFLGTKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -165,6 +176,7 @@ constexpr ModelDescriptor kGFLGTDescriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFLGT_Module>,
     &LoadAs<GFLGT_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGFLGT>, &WriteUnitBrightness<kModuleGFLGT>, false},
     &DialogRows,

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
@@ -300,6 +301,46 @@ std::int32_t GFMCPPro_Module::GetAssignedFunction(std::uint8_t key) {
   return kNada;
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// Function01..Function24 (controls 0..23) with and without the x737's own autopilot.
+const char* const kMCPProButtonDefaultsX737[] = {
+    "AP_VNAV",     "AP_LNAV",      "AP_CMD_A",    "AP_CMD_B",      "AP_AUTOTHROTTLE", "AP_IAS_MACH_SEL",
+    "AP_SPDINV",   "AP_VORLOC",    "AP_ALTINV",   "NADA",          "NADA",            "NADA",
+    "NADA",        "NADA",         "AP_FLIGHT_DIR", "AP_THRUST_N1", "AP_IAS_HOLD",   "AP_FLCH",
+    "AP_HDG_HOLD", "AP_APPR_HOLD", "AP_ALT_HOLD", "AP_VS_HOLD",    "AP_DISENGAGE",    "AP_RIGHT_FLIGHT_DIR"};
+const char* const kMCPProButtonDefaults[] = {
+    "AP_VNAV",     "AP_LNAV",      "AP_MASTER",   "AP_MASTER",     "AP_AUTOTHROTTLE", "AP_IAS_MACH_SEL",
+    "NADA",        "AP_LNAV",      "NADA",        "NADA",          "NADA",            "NADA",
+    "NADA",        "MCPPRO_ALT_KNOB", "AP_FLIGHT_DIR", "NADA",     "AP_IAS_HOLD",     "AP_FLCH",
+    "AP_HDG_HOLD", "AP_APPR_HOLD", "AP_ALT_HOLD", "AP_VS_HOLD",    "AP_DISENGAGE",    "AP_FLIGHT_DIR"};
+// Function25..Function30 (controls 25..30).
+const char* const kMCPProKnobDefaultsX737[] = {"OBS1",           "AP_SPEED_ADJ",      "AP_HEADING_ADJ",
+                                               "AP_ALTITUDE_ADJ", "AP_VERT_SPEED_ADJ", "OBS2"};
+const char* const kMCPProKnobDefaults[] = {"AP_NAV_COURSE_ADJ", "AP_SPEED_ADJ",      "AP_HEADING_ADJ",
+                                           "AP_ALTITUDE_ADJ",   "AP_VERT_SPEED_ADJ", "AP_NAV_COURSE_ADJ"};
+static_assert(std::size(kMCPProButtonDefaults) == 24 && std::size(kMCPProButtonDefaultsX737) == 24);
+static_assert(std::size(kMCPProKnobDefaults) == 6 && std::size(kMCPProKnobDefaultsX737) == 6);
+
+constinit const AssignmentKeyGroup kMCPProButtonKeys =
+    NumberedKeys("Function", 1, kKeyNumberMinusOne, kMCPProButtonDefaults, AssignmentTarget::kRadioTested);
+constinit const AssignmentKeyGroup kMCPProButtonKeysX737 =
+    NumberedKeys("Function", 1, kKeyNumberMinusOne, kMCPProButtonDefaultsX737, AssignmentTarget::kRadioTested);
+constinit const AssignmentKeyGroup kMCPProKnobKeys =
+    NumberedKeys("Function", 25, kKeyNumberItself, kMCPProKnobDefaults, AssignmentTarget::kNone);
+constinit const AssignmentKeyGroup kMCPProKnobKeysX737 =
+    NumberedKeys("Function", 25, kKeyNumberItself, kMCPProKnobDefaultsX737, AssignmentTarget::kNone);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kMCPProButtonKeys, &kMCPProButtonKeysX737, &kMCPProKnobKeys,
+                                                       &kMCPProKnobKeysX737};
+
+// The defaults follow the x737 mode the loader sees.
+const AssignmentKeyGroup& GFMCPProButtonKeys(int x737Mode) {
+  return x737Mode == 1 ? kMCPProButtonKeysX737 : kMCPProButtonKeys;
+}
+const AssignmentKeyGroup& GFMCPProKnobKeys(int x737Mode) {
+  return x737Mode == 1 ? kMCPProKnobKeysX737 : kMCPProKnobKeys;
+}
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -341,6 +382,7 @@ constexpr ModelDescriptor kGFMCPProDescriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFMCPPro_Module>,
     &LoadAs<GFMCPPro_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGFMCPPro>, &WriteUnitBrightness<kModuleGFMCPPro>, false},
     &DialogRows,

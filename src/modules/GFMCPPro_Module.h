@@ -77,4 +77,10 @@ class GFMCPPro_Module : public GF_Abstract_Module {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFMCPProDescriptor;
 
+struct AssignmentKeyGroup;
+// Function01..Function24 (controls 0..23) with defaults that depend on the x737 mode, then
+// Function25..Function30 (controls 25..30).
+const AssignmentKeyGroup& GFMCPProButtonKeys(int x737Mode);
+const AssignmentKeyGroup& GFMCPProKnobKeys(int x737Mode);
+
 }  // namespace drav

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
@@ -178,6 +179,20 @@ std::int32_t GFMCP_Module::GetAssignedFunction(std::uint8_t key) {
   return kNada;
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// The nine buttons, then the five knobs A..E.
+const char* const kMCPButtonDefaults[] = {"AP_LNAV",         "AP_HDG_HOLD",    "AP_AUTOTHROTTLE",
+                                          "AP_IAS_MACH_SEL", "AP_ALT_HOLD",    "AP_APPR_HOLD",
+                                          "AP_BC_HOLD",      "AP_MASTER",      "AP_DISENGAGE"};
+const char* const kMCPKnobDefaults[] = {"AP_NAV_COURSE_ADJ", "AP_HEADING_ADJ", "AP_SPEED_ADJ",
+                                        "AP_VERT_SPEED_ADJ", "AP_ALTITUDE_ADJ"};
+static_assert(std::size(kMCPButtonDefaults) == 9 && std::size(kMCPKnobDefaults) == 5);
+constinit const AssignmentKeyGroup kGFMCPButtonKeys =
+    CharacterKeys("123456789", kMCPButtonDefaults, AssignmentTarget::kRadioTested);
+constinit const AssignmentKeyGroup kGFMCPKnobKeys = CharacterKeys("ABCDE", kMCPKnobDefaults, AssignmentTarget::kNone);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFMCPButtonKeys, &kGFMCPKnobKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -218,6 +233,7 @@ constexpr ModelDescriptor kGFMCPDescriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFMCP_Module>,
     &LoadAs<GFMCP_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGFMCP>, &WriteUnitBrightness<kModuleGFMCP>, false},
     &DialogRows,

@@ -58,4 +58,9 @@ class GFMCP_Module : public GF_Abstract_Module {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFMCPDescriptor;
 
+struct AssignmentKeyGroup;
+// The nine buttons, then the five knobs A..E.
+extern const AssignmentKeyGroup kGFMCPButtonKeys;
+extern const AssignmentKeyGroup kGFMCPKnobKeys;
+
 }  // namespace drav

@@ -1,5 +1,7 @@
 #include "modules/GFMESM_Module.h"
 
+#include <iterator>
+
 #include "hid/InputRecords.h"
 #include "modules/CommandTables.h"
 #include "base/Log.h"
@@ -179,6 +181,18 @@ std::int32_t GFMESM_Module::GetAssignedFunction(std::uint8_t key) {
   return key < kMESMFunctionSlots ? GetFunctionId(buttonFunctions[key]) : 0;
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// Function01..Function11 (controls 0..10).
+const char* const kMESMDefaults[] = {"ENG_1_START",          "NADA",          "ENG_1_AUTO_IGNITE_ON",
+                                     "ENG_1_IGNITER",        "ENG_ALL_MAGNETO_LEFT", "ENG_ALL_MAGNETO",
+                                     "ENG_ALL_MAGNETO_RIGHT", "ENG_2_START",   "NADA",
+                                     "ENG_2_AUTO_IGNITE_ON", "ENG_2_IGNITER"};
+static_assert(std::size(kMESMDefaults) == 11);
+constinit const AssignmentKeyGroup kGFMESMKeys =
+    NumberedKeys("Function", 1, kKeyNumberMinusOne, kMESMDefaults, AssignmentTarget::kRadioTested);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFMESMKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -204,6 +218,7 @@ constexpr ModelDescriptor kGFMESMDescriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFMESM_Module>,
     &LoadAs<GFMESM_Module, LoadAssignments>,
+    kFunctionKeys,
     {},  // no brightness report
     nullptr,  // no dialog rows
     &DeviceLabel,

@@ -58,4 +58,8 @@ class GFMESM_Module : public GF_Abstract_Module {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFMESMDescriptor;
 
+struct AssignmentKeyGroup;
+// Function01..Function11 (controls 0..10).
+extern const AssignmentKeyGroup kGFMESMKeys;
+
 }  // namespace drav

@@ -35,9 +35,15 @@ void GFP8_Module::HandleInput(std::int32_t control, std::int32_t value) {
   PressButton(control, value);
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+constinit const AssignmentKeyGroup kGFP8Keys = CharacterKeys("12345678", nullptr, AssignmentTarget::kRadioTested);
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
+
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFP8Keys};
 
 // Registered before binding: push buttons need no synchronisation.
 void LoadAssignments(GFP8_Module& panel, UnitAssignments& unit) {
@@ -57,6 +63,7 @@ constexpr ModelDescriptor kGFP8Descriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFP8_Module>,
     &LoadAs<GFP8_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGFP8>, &WriteUnitBrightness<kModuleGFP8>, false},
     &DialogRows,

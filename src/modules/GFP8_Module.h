@@ -20,4 +20,8 @@ class GFP8_Module : public LightBoxModule {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFP8Descriptor;
 
+// Function1..Function8, one per button.
+struct AssignmentKeyGroup;
+extern const AssignmentKeyGroup kGFP8Keys;
+
 }  // namespace drav

@@ -100,6 +100,13 @@ std::int32_t GFRP48_Module::GetAssignedFunction(std::uint8_t key) {
   return dial != nullptr ? GetAvionicFunctionId(*dial) : 0;
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// Function1..Function8 (buttons), then FunctionA..FunctionD (knobs).
+constinit const AssignmentKeyGroup kGFRP48Keys =
+    CharacterKeys("12345678ABCD", nullptr, AssignmentTarget::kRadioTested);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFRP48Keys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -125,6 +132,7 @@ constexpr ModelDescriptor kGFRP48Descriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFRP48_Module>,
     &LoadAs<GFRP48_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGFRP48>, &WriteUnitBrightness<kModuleGFRP48>, false},
     &DialogRows,

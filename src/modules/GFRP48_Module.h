@@ -35,4 +35,8 @@ class GFRP48_Module : public LightBoxModule {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFRP48Descriptor;
 
+struct AssignmentKeyGroup;
+// Function1..Function8 (buttons), then FunctionA..FunctionD (knobs).
+extern const AssignmentKeyGroup kGFRP48Keys;
+
 }  // namespace drav

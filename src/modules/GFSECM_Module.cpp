@@ -1,6 +1,7 @@
 #include "modules/GFSECM_Module.h"
 
 #include <cstdlib>
+#include <iterator>
 
 #include "hid/InputRecords.h"
 #include "base/Log.h"
@@ -175,6 +176,20 @@ std::int32_t GFSECM_Module::GetAssignedFunction(std::uint8_t key) {
   return IsBoundKey(key) ? GetFunctionId(buttonFunctions[key]) : 0;
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// Function01..Function20 (controls 0..19).
+const char* const kSECMDefaults[] = {
+    "BATTERY_MASTER",      "ALTERNATOR_MASTER",    "AVIONICS_MASTER",       "FUEL_PUMP",
+    "CARB_HEAT",           "PITOT_HEAT",           "PANEL_LTS",             "BEACON_LTS",
+    "NAV_LTS",             "STROBE_LTS",           "TAXI_LTS",              "LANDING_LTS",
+    "ENG_ALL_COWL_FLAPS",  "LANDING_GEAR",         "ENG_ALL_MAGNETO_OFF",   "ENG_ALL_MAGNETO_LEFT",
+    "ENG_ALL_MAGNETO_RIGHT", "ENG_ALL_MAGNETO",    "ENG_ALL_START",         "FLAPS_UP_DOWN"};
+static_assert(std::size(kSECMDefaults) == 20);
+constinit const AssignmentKeyGroup kGFSECMKeys =
+    NumberedKeys("Function", 1, kKeyNumberMinusOne, kSECMDefaults, AssignmentTarget::kRadioTested);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFSECMKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -205,6 +220,7 @@ constexpr ModelDescriptor kGFSECMDescriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFSECM_Module>,
     &LoadAs<GFSECM_Module, LoadAssignments>,
+    kFunctionKeys,
     {},  // no brightness report
     &DialogRows,
 };

@@ -56,4 +56,8 @@ class GFSECM_Module : public GF_Abstract_Module {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFSECMDescriptor;
 
+struct AssignmentKeyGroup;
+// Function01..Function20 (controls 0..19).
+extern const AssignmentKeyGroup kGFSECMKeys;
+
 }  // namespace drav

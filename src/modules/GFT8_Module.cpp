@@ -56,13 +56,19 @@ void GFT8_Module::HandleInput(std::int32_t control, std::int32_t value) {
   SetSwitch(control, value != 0);
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// Function1..Function8, one per switch.
+constinit const AssignmentKeyGroup kGFT8Keys = CharacterKeys("12345678", nullptr, AssignmentTarget::kRadioTested);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFT8Keys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
 
 // Binds first, so that Register's switch synchronisation runs the new functions.
 void LoadAssignments(GFT8_Module& panel, UnitAssignments& unit) {
-  AssignGroup(panel, unit, kGFP8Keys);
+  AssignGroup(panel, unit, kGFT8Keys);
   RegisterUnit(panel, unit);
   panel.SetDisplay();
 }
@@ -71,7 +77,7 @@ const char* const kSwitchCaptions[] = {"Switch 1", "Switch 2", "Switch 3", "Swit
                                        "Switch 5", "Switch 6", "Switch 7", "Switch 8"};
 
 void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
-  AddEmptyDefaultRows(rows.functions, 0, kSwitchCaptions, kGFP8Keys, 0, PickListKind::kToggle);
+  AddEmptyDefaultRows(rows.functions, 0, kSwitchCaptions, kGFT8Keys, 0, PickListKind::kToggle);
 }
 
 }  // namespace
@@ -81,6 +87,7 @@ constexpr ModelDescriptor kGFT8Descriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFT8_Module>,
     &LoadAs<GFT8_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGFT8>, &WriteUnitBrightness<kModuleGFT8>, false},
     &DialogRows,

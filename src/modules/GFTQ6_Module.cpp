@@ -73,6 +73,15 @@ void GFTQ6_Module::ReloadLevers() {
   for (LeverFunction& lever : levers) RebindLever(lever);
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// The six levers, then the reverse point, beta point and reverser power, and the flap null zone.
+constinit const AssignmentKeyGroup kGFTQ6LeverKeys = CharacterKeys("ABCDEF", nullptr, AssignmentTarget::kNone);
+constinit const CalibrationKey kGFTQ6LeverCalibration[3] = {
+    {"THROTTLE_REVERSE", "-1.0"}, {"THROTTLE_BETA", "-1.0"}, {"REVERSER_POWER", "1.0"}};
+constinit const CalibrationKey kGFTQ6FlapNullZone = {"FLAP_NULL_ZONE", "1.0"};
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFTQ6LeverKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -117,6 +126,7 @@ constexpr ModelDescriptor kGFTQ6Descriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFTQ6_Module>,
     &LoadAs<GFTQ6_Module, LoadAssignments>,
+    kFunctionKeys,
     {},  // no brightness report
     &DialogRows,
     nullptr,  // the plain unit label

@@ -52,4 +52,8 @@ class GFTQ6_Module : public GF_Abstract_Module {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFTQ6Descriptor;
 
+struct AssignmentKeyGroup;
+// FunctionA..FunctionF, the six levers.
+extern const AssignmentKeyGroup kGFTQ6LeverKeys;
+
 }  // namespace drav

@@ -114,6 +114,13 @@ std::int32_t GFWCP_Module::GetAssignedFunction(std::uint8_t key) {
   return index < 0 ? 0 : GetFunctionId(buttonFunctions[index]);
 }
 
+// ---- the unit's keys, in the order in which the loader reads them -----------------------------
+
+// Function1..Function6, then the six button colours Colour1..Colour6.
+constinit const AssignmentKeyGroup kGFWCPKeys = CharacterKeys("123456", nullptr, AssignmentTarget::kRadioTested);
+constinit const AssignmentKeyGroup kGFWCPColourKeys = {"Colour", "123456", 0, 0, 0, nullptr, "BLACK", AssignmentTarget::kNone};
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFWCPKeys};
+
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
@@ -142,6 +149,7 @@ constexpr ModelDescriptor kGFWCPDescriptor = {
     nullptr,  // the device layer's count
     &MakeModuleVector<GFWCP_Module>,
     &LoadAs<GFWCP_Module, LoadAssignments>,
+    kFunctionKeys,
     // brightness
     {&ReadUnitBrightness<kModuleGFWCP>, &WriteUnitBrightness<kModuleGFWCP>, false},
     &DialogRows,

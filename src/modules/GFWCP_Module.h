@@ -56,4 +56,8 @@ class GFWCP_Module : public GF_Abstract_Module {
 struct ModelDescriptor;
 extern const ModelDescriptor kGFWCPDescriptor;
 
+struct AssignmentKeyGroup;
+// Function1..Function6 (the colours Colour1..Colour6 stay the model's own).
+extern const AssignmentKeyGroup kGFWCPKeys;
+
 }  // namespace drav

@@ -1,6 +1,10 @@
 #include "modules/GF_Abstract_Module.h"
 
+#include "modules/AssignmentKeys.h"
+
 namespace drav {
+
+constinit const AssignmentKeyGroup kRadioModeKeys = CharacterKeys("12345678", nullptr, AssignmentTarget::kNone);
 
 namespace {
 

@@ -19,6 +19,10 @@ inline constexpr std::int32_t kFunctionNext = kFnNEXT;
 
 inline constexpr std::int32_t kModeCount = 8;
 
+// The GF-45's, GF-46's and GF-166's Function1..Function8: the eight modes (index = mode index).
+struct AssignmentKeyGroup;
+extern const AssignmentKeyGroup kRadioModeKeys;
+
 class GF_Abstract_Module {
  public:
   // The virtual operations, in their fixed order.

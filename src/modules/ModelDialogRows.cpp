@@ -1,5 +1,7 @@
 #include "modules/ModelDialogRows.h"
 
+#include "modules/GF_Abstract_Module.h"
+
 namespace drav {
 
 const char* const kModeCaptions[8] = {"Mode 1 (Initial)", "Mode 2", "Mode 3", "Mode 4",

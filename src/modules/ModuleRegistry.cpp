@@ -1,5 +1,7 @@
 #include "modules/ModuleRegistry.h"
 
+#include <algorithm>
+
 #include "modules/GF45_Module.h"
 #include "modules/GF46_Module.h"
 #include "modules/GF166_Module.h"
@@ -38,6 +40,16 @@ const ModelDescriptor* FindProductionModel(std::uint32_t moduleType) {
     if (model->Type() == moduleType) return model;
   }
   return nullptr;
+}
+
+std::vector<const AssignmentKeyGroup*> AllFunctionKeyGroups() {
+  std::vector<const AssignmentKeyGroup*> groups;
+  for (const ModelDescriptor* model : kProductionModels) {
+    for (const AssignmentKeyGroup* group : model->functionKeys) {
+      if (std::ranges::find(groups, group) == groups.end()) groups.push_back(group);
+    }
+  }
+  return groups;
 }
 
 void RegisterUnit(GF_Abstract_Module& module, const UnitAssignments& unit) { module.Register(unit.Unit()); }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "hid/ModelTable.h"
 #include "hid/UnitPort.h"
@@ -101,6 +102,9 @@ struct ModelDescriptor {
   std::unique_ptr<ModuleContainer> (*makeContainer)();
   // Loads one unit's assignments into a module made by makeContainer; null: nothing to load.
   LoadAssignmentsHook loadAssignments;
+  // The key groups of the unit's section whose values are function names (not colours or switch
+  // types), every variant once.
+  std::span<const AssignmentKeyGroup* const> functionKeys{};
   ModelBrightness brightness{};
   // What the Assign Functions dialog shows for a unit of the model; null: nothing.
   DialogRowsHook dialogRows = nullptr;
@@ -116,6 +120,9 @@ struct ModelDescriptor {
 std::span<const ModelDescriptor* const> ProductionModels();
 // The production descriptor of a model; null for a model without module class.
 const ModelDescriptor* FindProductionModel(std::uint32_t moduleType);
+// Every production model's function key groups, each group once (the radios share their modes), in
+// the order of the descriptors.
+std::vector<const AssignmentKeyGroup*> AllFunctionKeyGroups();
 
 // The order in which every unit's assignments are loaded: radios first, the GF-DIO last.
 inline constexpr ModuleType kAssignmentLoadOrder[] = {

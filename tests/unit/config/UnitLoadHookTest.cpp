@@ -9,6 +9,7 @@
 #include "PluginFolderSupport.h"
 #include "config/AircraftProfile.h"
 #include "config/Assignments.h"
+#include "modules/GFP8_Module.h"
 #include "modules/ModuleManager.h"
 #include "modules/ModuleRegistry.h"
 
