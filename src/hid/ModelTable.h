@@ -1,10 +1,11 @@
 // Everything the device layer knows about a panel model, in one row per model: the names the pilot
 // and the device log use, the unit's configuration section, the product id (vendor 0x09F3), how many
-// units the layer can hold, and the device class its objects run on. The model number itself is the
-// ModuleType enumerator (ModuleTypes.h); the orders that behaviour fixes are short lists beside the
-// rows (ModelTable.cpp).
+// units the layer can hold, the device class its objects run on and what its units' ports can tell
+// them. The model number itself is the ModuleType enumerator (ModuleTypes.h); the orders that
+// behaviour fixes are short lists beside the rows (ModelTable.cpp).
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 
@@ -15,6 +16,21 @@ namespace drav {
 
 inline constexpr std::uint16_t kPanelVendorId = 0x09F3;
 
+class DeviceObject;
+
+// What a model's units can be told through their ports (UnitPort.h), each operation run on a present
+// unit's object (PortOperations.h); null: the model cannot (the port answers 2, as for an encoder
+// that built nothing).
+struct PortModel {
+  std::int32_t (*setDisplay)(DeviceObject& object, int display, const char* text) = nullptr;
+  std::int32_t (*setIndicators)(DeviceObject& object, std::uint32_t mask) = nullptr;
+  std::int32_t (*setIndicatorColour)(DeviceObject& object, std::uint8_t indicator, std::uint8_t colour) = nullptr;
+  std::int32_t (*setOutputs)(DeviceObject& object, const std::array<std::uint8_t, 4>& outputs) = nullptr;
+  std::int32_t (*setEncoderType)(DeviceObject& object, std::uint8_t first, std::uint8_t second) = nullptr;
+  std::int32_t (*setBrightness)(DeviceObject& object, std::int32_t value) = nullptr;
+  std::int32_t (*readBrightness)(DeviceObject& object, std::uint32_t& level) = nullptr;
+};
+
 struct PanelModel {
   ModuleType moduleType;
   const char* name;           // "GF-45": how the pilot, the dialog and the scenarios know the panel
@@ -23,6 +39,7 @@ struct PanelModel {
   std::uint16_t productId;
   int slots;                  // units of this model the layer can hold at once; 0: no table
   DeviceClass deviceClass;
+  PortModel port{};           // what its units can be told
 };
 
 // Indexed by the model number; row 0 ("NONE") stands for every number that is not a model.

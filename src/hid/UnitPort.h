@@ -1,6 +1,6 @@
 // A module's way to its panel unit: made once for a model and a unit, then asked for the unit's
 // displays, indicators, brightness and input state. What each model can do, and with which
-// encoder, is one row per model behind the port (UnitPort.cpp); a module names only the capability
+// encoder, is the port part of the model's row (ModelTable.cpp); a module names only the capability
 // and its arguments.
 //
 // Every call answers as the flat per-model functions of GFDev.h always have: 1 for a unit outside
@@ -20,7 +20,7 @@
 namespace drav {
 
 class DeviceObject;
-struct PortModel;
+struct PortModel;  // ModelTable.h
 
 class UnitPort {
  public:
