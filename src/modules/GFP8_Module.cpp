@@ -38,12 +38,11 @@ void GFP8_Module::HandleInput(std::int32_t control, std::int32_t value) {
 // ---- the unit's keys, in the order in which the loader reads them -----------------------------
 
 constinit const AssignmentKeyGroup kGFP8Keys = CharacterKeys("12345678", nullptr, AssignmentTarget::kRadioTested);
+constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFP8Keys};
 
 // ---- the model's descriptor -------------------------------------------------------------------------
 
 namespace {
-
-constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFP8Keys};
 
 // Registered before binding: push buttons need no synchronisation.
 void LoadAssignments(GFP8_Module& panel, UnitAssignments& unit) {
