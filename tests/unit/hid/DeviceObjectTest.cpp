@@ -256,10 +256,8 @@ TEST_F(DeviceObjectTest, InitialStateIsReadFromTheModelsFeatureReport) {
   panels_.SetFeatureAnswer(path_, 14, {14, 200, 1, 2, 3, 4, 0x81, 0x42});
   mcp->Open();
   const GFMCPInputRecord state = mcp->State<GFMCPInputRecord>();
-  EXPECT_EQ(state.encoders[0], 200);
-  EXPECT_EQ(state.encoders[4], 4);
-  EXPECT_EQ(state.buttons1, 0x81);
-  EXPECT_EQ(state.buttons2, 0x42);
+  EXPECT_EQ((std::vector<int>(state.encoders, state.encoders + 5)), (std::vector<int>{200, 1, 2, 3, 4}));
+  EXPECT_EQ((std::vector<int>{state.buttons1, state.buttons2}), (std::vector<int>{0x81, 0x42}));
   EXPECT_EQ(CallbackRecorder::Instance().Count(), 0u);  // no callback for the open-time read
 }
 
@@ -312,9 +310,7 @@ TEST_F(DeviceObjectTest, InputIsDecodedKeptAndDeliveredWithTheUnitNumber) {
   ASSERT_TRUE(panels_.SendInput(path_, {0, 0x05, 0xFF, 0x81}));
   ASSERT_TRUE(WaitUntil([&] { return gf46->InputReportsHandled() == 1; }));
   const GF46InputRecord state = gf46->State<GF46InputRecord>();
-  EXPECT_EQ(state.encoder1, 5);
-  EXPECT_EQ(state.encoder2, -1);
-  EXPECT_EQ(state.buttons, 0x81);
+  EXPECT_EQ((std::vector<int>{state.encoder1, state.encoder2, state.buttons}), (std::vector<int>{5, -1, 0x81}));
   auto records = CallbackRecorder::Instance().Records();
   ASSERT_EQ(records.size(), 1u);
   EXPECT_EQ(records[0].moduleType, 8u);
