@@ -3,6 +3,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "IniTestSupport.h"
 #include "base/IniFile.h"
@@ -31,75 +32,67 @@ class IniReadTest : public ::testing::Test {
   std::filesystem::path path_ = folder_.Path() / "DRAV.INI";
 };
 
-TEST_F(IniReadTest, KeyMatchesOnlyWithEqualsSignAndExactCase) {
-  GivenFile(
-      "[GF46_1]\r\n"
-      "Function10=ten\r\n"
-      "Function1=one\r\n"
-      "Blank = spaced\r\n"
-      "lower=small\r\n"
-      "Path=a=b=c\r\n");
-  EXPECT_EQ(Value("GF46_1", "Function1"), "one");  // Function10's line does not hold "Function1="
-  EXPECT_EQ(Value("GF46_1", "Function10"), "ten");
-  EXPECT_EQ(Read("GF46_1", "Blank"), std::make_pair(false, std::string("DEF")));
-  EXPECT_EQ(Value("GF46_1", "Lower"), "DEF");
-  EXPECT_EQ(Value("gf46_1", "lower"), "DEF");
-  EXPECT_EQ(Value("GF46_1", "Path"), "a=b=c");  // the value starts after the key's own '='
-}
+// A file and what reading it answers: the value found, or nullptr for "not found, the default".
+struct Lookup {
+  const char* section;
+  const char* key;
+  const char* value;
+};
 
-TEST_F(IniReadTest, KeyAndSectionTagMayStandAnywhereInTheirLine) {
-  GivenFile(
-      "junk [CONFIG] trailing\n"
-      "  xxSetting=found\n");
-  EXPECT_EQ(Read("CONFIG", "Setting"), std::make_pair(true, std::string("found")));
-  EXPECT_EQ(Value("CONFIG", "xxSetting"), "found");
-}
+struct ReadRow {
+  const char* what;
+  std::string file;
+  std::vector<Lookup> lookups;
+};
 
-TEST_F(IniReadTest, ValueKeepsInnerAndTrailingSpaces) {
-  GivenFile("[S]\r\nKey=  a  b  \r\nTab=\tx\t\r\nEmpty=\r\n");
-  EXPECT_EQ(Value("S", "Key"), "  a  b  ");
-  EXPECT_EQ(Value("S", "Tab"), "\tx\t");
-  EXPECT_EQ(Read("S", "Empty"), std::make_pair(true, std::string()));
-}
-
-TEST_F(IniReadTest, CommentLinesAreSkippedAndDoNotEndTheSection) {
-  GivenFile(
-      "[S]\r\n"
-      ";Key=commented\r\n"
-      "; [T]\r\n"
-      "Key=live\r\n"
-      ";Only=commented\r\n");
-  EXPECT_EQ(Value("S", "Key"), "live");
-  EXPECT_EQ(Read("S", "Only").first, false);
-}
-
-TEST_F(IniReadTest, SectionEndsAtTheNextLineStartingWithBracket) {
-  GivenFile(
-      "[S]\r\n"
-      "A=1\r\n"
-      "[T] B=2\r\n"
-      "C=3\r\n"
-      " [U]\r\n"
-      "D=4\r\n");
-  EXPECT_EQ(Value("S", "A"), "1");
-  EXPECT_EQ(Value("S", "C"), "DEF");
-  EXPECT_EQ(Value("S", "B"), "2");  // a line is tested for the key before it can end the section
-  EXPECT_EQ(Value("T", "C"), "3");
-  EXPECT_EQ(Value("T", "D"), "4");  // " [U]" does not start with '[', so T goes on
-}
-
-TEST_F(IniReadTest, OnlyTheFirstSectionCopyAndTheFirstKeyLineCount) {
-  GivenFile(
-      "[S]\r\n"
-      "A=first\r\n"
-      "A=second\r\n"
-      "[T]\r\n"
-      "X=1\r\n"
-      "[S]\r\n"
-      "A=third\r\n"
-      "B=only-in-second-copy\r\n");
-  EXPECT_EQ(Value("S", "A"), "first");
-  EXPECT_EQ(Read("S", "B"), std::make_pair(false, std::string("DEF")));
+TEST_F(IniReadTest, FilesAnswerTheseLookups) {
+  const std::string tail = "tail" + std::string(37, 'y');
+  const ReadRow rows[] = {
+      {"a key matches only with its equals sign and in its exact case",
+       "[GF46_1]\r\nFunction10=ten\r\nFunction1=one\r\nBlank = spaced\r\nlower=small\r\nPath=a=b=c\r\n",
+       {{"GF46_1", "Function1", "one"},  // Function10's line does not hold "Function1="
+        {"GF46_1", "Function10", "ten"},
+        {"GF46_1", "Blank", nullptr},
+        {"GF46_1", "Lower", nullptr},
+        {"gf46_1", "lower", nullptr},
+        {"GF46_1", "Path", "a=b=c"}}},  // the value starts after the key's own '='
+      {"key and section tag may stand anywhere in their line", "junk [CONFIG] trailing\n  xxSetting=found\n",
+       {{"CONFIG", "Setting", "found"}, {"CONFIG", "xxSetting", "found"}}},
+      {"a value keeps inner and trailing blanks", "[S]\r\nKey=  a  b  \r\nTab=\tx\t\r\nEmpty=\r\n",
+       {{"S", "Key", "  a  b  "}, {"S", "Tab", "\tx\t"}, {"S", "Empty", ""}}},
+      {"comment lines are skipped and do not end the section",
+       "[S]\r\n;Key=commented\r\n; [T]\r\nKey=live\r\n;Only=commented\r\n", {{"S", "Key", "live"}, {"S", "Only", nullptr}}},
+      {"a section ends at the next line starting with a bracket", "[S]\r\nA=1\r\n[T] B=2\r\nC=3\r\n [U]\r\nD=4\r\n",
+       {{"S", "A", "1"},
+        {"S", "C", nullptr},
+        {"S", "B", "2"},  // a line is tested for the key before it can end the section
+        {"T", "C", "3"},
+        {"T", "D", "4"}}},  // " [U]" does not start with '[', so T goes on
+      {"only the first section copy and the first key line count",
+       "[S]\r\nA=first\r\nA=second\r\n[T]\r\nX=1\r\n[S]\r\nA=third\r\nB=only-in-second-copy\r\n",
+       {{"S", "A", "first"}, {"S", "B", nullptr}}},
+      {"mixed line ends and no final line end", "[A]\rK=1\n\r[B]\r\nK=2\nL=3\r\rM=4",
+       {{"A", "K", "1"}, {"B", "K", "2"}, {"B", "L", "3"}, {"B", "M", "4"}}},
+      // 255 filler characters, then the key: the key starts the second chunk.
+      {"a long line is read as chunks of 255",
+       "[S]\n" + std::string(255, 'x') + "Key=" + tail + "\nNext=1\n",
+       {{"S", "Key", tail.c_str()}, {"S", "Next", "1"}}},
+      {"a key split by the chunk boundary is not found", "[S]\n" + std::string(253, 'x') + "Key=v\n",
+       {{"S", "Key", nullptr}}},
+      {"a remainder chunk starting with a bracket ends the section", "[S]\n" + std::string(255, 'x') + "[T]\nK=1\n",
+       {{"S", "K", nullptr}, {"T", "K", "1"}}},
+      {"embedded NUL bytes do not hide later lines", std::string("[S]\nJunk=a\0b\nKey=ok\n", 20),
+       {{"S", "Key", "ok"}, {"S", "Junk", "a"}}},  // the C string ends at the NUL
+  };
+  for (const ReadRow& row : rows) {
+    SCOPED_TRACE(row.what);
+    GivenFile(row.file);
+    for (const Lookup& lookup : row.lookups) {
+      const bool found = lookup.value != nullptr;
+      EXPECT_EQ(Read(lookup.section, lookup.key), std::make_pair(found, std::string(found ? lookup.value : "DEF")))
+          << "[" << lookup.section << "] " << lookup.key;
+    }
+  }
 }
 
 TEST_F(IniReadTest, AllLineEndKindsReadTheSame) {
@@ -115,43 +108,14 @@ TEST_F(IniReadTest, AllLineEndKindsReadTheSame) {
   }
 }
 
-TEST_F(IniReadTest, MixedLineEndsAndNoFinalLineEnd) {
-  GivenFile("[A]\rK=1\n\r[B]\r\nK=2\nL=3\r\rM=4");
-  EXPECT_EQ(Value("A", "K"), "1");
-  EXPECT_EQ(Value("B", "K"), "2");
-  EXPECT_EQ(Value("B", "L"), "3");
-  EXPECT_EQ(Value("B", "M"), "4");
-}
-
-TEST_F(IniReadTest, LongLineIsReadAsChunksOf255) {
-  // 255 filler characters, then the key: the key starts the second chunk.
-  GivenFile("[S]\n" + std::string(255, 'x') + "Key=tail" + std::string(37, 'y') + "\nNext=1\n");
-  EXPECT_EQ(Value("S", "Key"), "tail" + std::string(37, 'y'));
-  EXPECT_EQ(Value("S", "Next"), "1");
-}
-
-TEST_F(IniReadTest, KeySplitByTheChunkBoundaryIsNotFound) {
-  GivenFile("[S]\n" + std::string(253, 'x') + "Key=v\n");
-  EXPECT_EQ(Value("S", "Key"), "DEF");
-}
-
-TEST_F(IniReadTest, RemainderChunkStartingWithBracketEndsTheSection) {
-  GivenFile("[S]\n" + std::string(255, 'x') + "[T]\nK=1\n");
-  EXPECT_EQ(Value("S", "K"), "DEF");
-  EXPECT_EQ(Value("T", "K"), "1");
-}
-
-TEST_F(IniReadTest, LineOfExactly255IsReadWhole) {
+TEST_F(IniReadTest, LineOfExactly255IsReadWholeAndALongerValueIsCutAtTheChunk) {
   // "Key=" and 251 characters fill one chunk exactly; the writer tests show it stays one line.
   const std::string value(251, 'v');
   GivenFile("[S]\r\nKey=" + value + "\r\nNext=2\r\n");
   EXPECT_EQ(Value("S", "Key"), value);
   EXPECT_EQ(Value("S", "Next"), "2");
-}
-
-TEST_F(IniReadTest, OverlongValueIsCutAtTheChunk) {
   GivenFile("[S]\nKey=" + std::string(400, 'v') + "\n");
-  EXPECT_EQ(Value("S", "Key"), std::string(251, 'v'));
+  EXPECT_EQ(Value("S", "Key"), value);
 }
 
 TEST_F(IniReadTest, MissingFileGivesTheDefaultAndCreatesNothing) {
@@ -185,12 +149,6 @@ TEST_F(IniReadTest, BadArgumentsAndUnreadableFilesGiveTheDefault) {
   char value[drav::kIniValueSize];
   EXPECT_FALSE(drav::ReadIniValueAtPath(folderAsFile.string(), "S", "Key", value, "d"));
   EXPECT_STREQ(value, "d");
-}
-
-TEST_F(IniReadTest, EmbeddedNulBytesDoNotHideLaterLines) {
-  GivenFile(std::string("[S]\nJunk=a\0b\nKey=ok\n", 20));
-  EXPECT_EQ(Value("S", "Key"), "ok");
-  EXPECT_EQ(Value("S", "Junk"), "a");  // the C string ends at the NUL
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "IniTestSupport.h"
@@ -35,30 +36,61 @@ class IniWriteTest : public ::testing::Test {
   std::filesystem::path path_ = folder_.Path() / "DRAV.INI";
 };
 
-TEST_F(IniWriteTest, MissingFileIsCreatedWithSectionAndKey) {
-  EXPECT_TRUE(Write("GF46_1", "Function1", "COM1"));
-  EXPECT_EQ(FileBytes(), "[GF46_1]\r\nFunction1=COM1\r\n");
-  EXPECT_FALSE(TempFileLeft());
-}
+// One write into a given file (or none) and the whole file after it. Every row's value
+// reads back as written, and no temporary file is left behind.
+struct WriteRow {
+  const char* what;
+  std::optional<std::string> before;
+  const char* section;
+  const char* key;
+  const char* value;
+  std::string after;
+};
 
-TEST_F(IniWriteTest, RewritesTheKeyInPlaceKeepingTextBeforeIt) {
-  GivenFile("[S]\r\nA=1\r\n  xKey=old value\r\nB=2\r\n");
-  EXPECT_TRUE(Write("S", "Key", "new"));
-  EXPECT_EQ(FileBytes(), "[S]\r\nA=1\r\n  xKey=new\r\nB=2\r\n");
-  EXPECT_FALSE(TempFileLeft());
-}
-
-TEST_F(IniWriteTest, FirstWriteTurnsEveryLineEndIntoCrLf) {
-  GivenFile("; settings\n[S]\nA=1\nB=2\n\n[T]\nC=3");
-  EXPECT_TRUE(Write("S", "A", "9"));
-  EXPECT_EQ(FileBytes(), "; settings\r\n[S]\r\nA=9\r\nB=2\r\n\r\n[T]\r\nC=3\r\n");
-}
-
-TEST_F(IniWriteTest, PairedLineEndsCountOnceAndRepeatedOnesTwice) {
-  // CR, LF CR and CR LF end one line each; CR CR and LF LF leave an empty line between.
-  GivenFile("[S]\rA=1\n\rB=2\r\nC=3\r\rD=4\n\nE=5");
-  EXPECT_TRUE(Write("S", "C", "x"));
-  EXPECT_EQ(FileBytes(), "[S]\r\nA=1\r\nB=2\r\nC=x\r\n\r\nD=4\r\n\r\nE=5\r\n");
+TEST_F(IniWriteTest, OneWriteGivesTheseBytes) {
+  const std::string chunk(255, 'x');
+  const std::string longLines = "[S]\n" + chunk + std::string(45, 'y') + "\nKey=" + std::string(251, 'z') + "\nA=1\n";
+  const WriteRow rows[] = {
+      {"missing file is created", std::nullopt, "GF46_1", "Function1", "COM1", "[GF46_1]\r\nFunction1=COM1\r\n"},
+      {"key rewritten in place, text before it kept", "[S]\r\nA=1\r\n  xKey=old value\r\nB=2\r\n", "S", "Key", "new",
+       "[S]\r\nA=1\r\n  xKey=new\r\nB=2\r\n"},
+      {"first write turns every line end into CR LF", "; settings\n[S]\nA=1\nB=2\n\n[T]\nC=3", "S", "A", "9",
+       "; settings\r\n[S]\r\nA=9\r\nB=2\r\n\r\n[T]\r\nC=3\r\n"},
+      // CR, LF CR and CR LF end one line each; CR CR and LF LF leave an empty line between.
+      {"paired line ends count once, repeated ones twice", "[S]\rA=1\n\rB=2\r\nC=3\r\rD=4\n\nE=5", "S", "C", "x",
+       "[S]\r\nA=1\r\nB=2\r\nC=x\r\n\r\nD=4\r\n\r\nE=5\r\n"},
+      {"duplicates dropped in this and later section copies",
+       "[S]\r\nK=1\r\nX=a\r\nK=2\r\n[T]\r\nK=other-section\r\n[S]\r\nK=3\r\nY=b\r\n", "S", "K", "9",
+       "[S]\r\nK=9\r\nX=a\r\n[T]\r\nK=other-section\r\n[S]\r\nY=b\r\n"},
+      {"key only in a second copy is written to the first", "[S]\r\nA=1\r\n[T]\r\n[S]\r\nK=old\r\n", "S", "K", "new",
+       "[S]\r\nA=1\r\nK=new\r\n[T]\r\n[S]\r\n"},
+      {"missing section appended at the end, after a last line without line end", "[S]\r\nA=1", "NEW", "K", "v",
+       "[S]\r\nA=1\r\n[NEW]\r\nK=v\r\n"},
+      {"commented key lines left alone", "[S]\r\n;K=commented\r\n;[x]\r\nK=1\r\n", "S", "K", "2",
+       "[S]\r\n;K=commented\r\n;[x]\r\nK=2\r\n"},
+      {"a commented key is no key", "[S]\r\n;K=commented\r\n[T]\r\n", "S", "K", "3",
+       "[S]\r\n;K=commented\r\nK=3\r\n[T]\r\n"},
+      // The reader would take "[T] B=2" as S's key line; the writer never changes or drops another
+      // section's line, so it ends S there and the key goes in before it.
+      {"section line holding the key never rewritten", "[S]\r\nA=1\r\n[T] B=2\r\nB=3\r\n", "S", "B", "9",
+       "[S]\r\nA=1\r\nB=9\r\n[T] B=2\r\nB=3\r\n"},
+      {"keys with blanks or other case are not the key", "[S]\r\nK = spaced\r\nk=lower\r\nK1=longer\r\n", "S", "K",
+       "v", "[S]\r\nK = spaced\r\nk=lower\r\nK1=longer\r\nK=v\r\n"},
+      // A 300-character line becomes 255 + 45; a line of exactly 255 stays one line.
+      {"long lines written back as their chunks", longLines, "S", "A", "2",
+       "[S]\r\n" + chunk + "\r\n" + std::string(45, 'y') + "\r\nKey=" + std::string(251, 'z') + "\r\nA=2\r\n"},
+      {"key in a remainder chunk rewritten", "[S]\r\n" + chunk + "Key=old\r\n", "S", "Key", "new",
+       "[S]\r\n" + chunk + "\r\nKey=new\r\n"},
+  };
+  for (const WriteRow& row : rows) {
+    SCOPED_TRACE(row.what);
+    std::filesystem::remove(path_);
+    if (row.before) GivenFile(*row.before);
+    EXPECT_TRUE(Write(row.section, row.key, row.value));
+    EXPECT_EQ(FileBytes(), row.after);
+    EXPECT_EQ(Read(row.section, row.key), std::make_pair(true, std::string(row.value)));
+    EXPECT_FALSE(TempFileLeft());
+  }
 }
 
 TEST_F(IniWriteTest, CrLfAndLfFilesGiveTheSameResult) {
@@ -68,24 +100,6 @@ TEST_F(IniWriteTest, CrLfAndLfFilesGiveTheSameResult) {
   GivenFile("[S]\nA=1\n[T]\nB=2\n");
   ASSERT_TRUE(Write("T", "B", "3"));
   EXPECT_EQ(FileBytes(), fromCrLf);
-}
-
-TEST_F(IniWriteTest, DuplicatesAreDroppedInThisAndLaterSectionCopies) {
-  GivenFile(
-      "[S]\r\nK=1\r\nX=a\r\nK=2\r\n"
-      "[T]\r\nK=other-section\r\n"
-      "[S]\r\nK=3\r\nY=b\r\n");
-  EXPECT_TRUE(Write("S", "K", "9"));
-  EXPECT_EQ(FileBytes(),
-            "[S]\r\nK=9\r\nX=a\r\n"
-            "[T]\r\nK=other-section\r\n"
-            "[S]\r\nY=b\r\n");
-}
-
-TEST_F(IniWriteTest, KeyOnlyInASecondCopyIsWrittenToTheFirst) {
-  GivenFile("[S]\r\nA=1\r\n[T]\r\n[S]\r\nK=old\r\n");
-  EXPECT_TRUE(Write("S", "K", "new"));
-  EXPECT_EQ(FileBytes(), "[S]\r\nA=1\r\nK=new\r\n[T]\r\n[S]\r\n");
 }
 
 TEST_F(IniWriteTest, EmptyValueRemovesAnExistingKey) {
@@ -110,53 +124,6 @@ TEST_F(IniWriteTest, NewKeyGoesAtTheEndOfItsSection) {
   EXPECT_TRUE(Write("S", "K", "v"));
   EXPECT_TRUE(Write("T", "K", "w"));
   EXPECT_EQ(FileBytes(), "[S]\r\nA=1\r\n;note\r\nK=v\r\n[T]\r\nB=2\r\nK=w\r\n");
-}
-
-TEST_F(IniWriteTest, MissingSectionIsAppendedAtTheEnd) {
-  GivenFile("[S]\r\nA=1");  // no line end after the last line
-  EXPECT_TRUE(Write("NEW", "K", "v"));
-  EXPECT_EQ(FileBytes(), "[S]\r\nA=1\r\n[NEW]\r\nK=v\r\n");
-}
-
-TEST_F(IniWriteTest, CommentedKeyLinesAreLeftAlone) {
-  GivenFile("[S]\r\n;K=commented\r\n;[x]\r\nK=1\r\n");
-  EXPECT_TRUE(Write("S", "K", "2"));
-  EXPECT_EQ(FileBytes(), "[S]\r\n;K=commented\r\n;[x]\r\nK=2\r\n");
-
-  GivenFile("[S]\r\n;K=commented\r\n[T]\r\n");
-  EXPECT_TRUE(Write("S", "K", "3"));
-  EXPECT_EQ(FileBytes(), "[S]\r\n;K=commented\r\nK=3\r\n[T]\r\n");
-}
-
-TEST_F(IniWriteTest, SectionLineHoldingTheKeyIsNeverRewritten) {
-  // The reader would take "[T] B=2" as S's key line; the writer never changes or drops another
-  // section's line, so it ends S there and the key goes in before it.
-  GivenFile("[S]\r\nA=1\r\n[T] B=2\r\nB=3\r\n");
-  EXPECT_TRUE(Write("S", "B", "9"));
-  EXPECT_EQ(FileBytes(), "[S]\r\nA=1\r\nB=9\r\n[T] B=2\r\nB=3\r\n");
-  EXPECT_EQ(Read("S", "B").second, "9");
-}
-
-TEST_F(IniWriteTest, KeysWithBlanksOrOtherCaseAreNotTheKey) {
-  GivenFile("[S]\r\nK = spaced\r\nk=lower\r\nK1=longer\r\n");
-  EXPECT_TRUE(Write("S", "K", "v"));
-  EXPECT_EQ(FileBytes(), "[S]\r\nK = spaced\r\nk=lower\r\nK1=longer\r\nK=v\r\n");
-}
-
-TEST_F(IniWriteTest, LongLinesAreWrittenBackAsTheirChunks) {
-  const std::string chunk(255, 'x');
-  GivenFile("[S]\n" + chunk + std::string(45, 'y') + "\nKey=" + std::string(251, 'z') + "\nA=1\n");
-  EXPECT_TRUE(Write("S", "A", "2"));
-  // A 300-character line becomes 255 + 45; a line of exactly 255 stays one line.
-  EXPECT_EQ(FileBytes(), "[S]\r\n" + chunk + "\r\n" + std::string(45, 'y') +
-                             "\r\nKey=" + std::string(251, 'z') + "\r\nA=2\r\n");
-}
-
-TEST_F(IniWriteTest, KeyInARemainderChunkIsRewritten) {
-  const std::string chunk(255, 'x');
-  GivenFile("[S]\r\n" + chunk + "Key=old\r\n");
-  EXPECT_TRUE(Write("S", "Key", "new"));
-  EXPECT_EQ(FileBytes(), "[S]\r\n" + chunk + "\r\nKey=new\r\n");
 }
 
 TEST_F(IniWriteTest, ValuesReadBackAsWritten) {

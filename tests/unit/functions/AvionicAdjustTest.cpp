@@ -584,45 +584,39 @@ TEST_F(AvionicAdjustTest, EachTrimReadsItsOwnSetting) {
 
 // ---- write-back and display --------------------------------------------------------------------
 
+// One detent writes the value once, the altimeter in inches; the text follows the adjusted value at once.
 TEST_F(AvionicAdjustTest, WritesTheValueOnceAndShowsIt) {
-  SetValue(kCom1, 11850);
-  AvionicFunction* com1 = Build(9);
-  host().ClearEvents();
-  AdjustAvionicFunction(com1, 0, 1, kModuleGF45);
-  EXPECT_EQ(host().Events(), std::vector<std::string>{std::string("dataref-write ") + kCom1 + " 11852"});
-  EXPECT_STREQ(com1->text, "118.52") << "the text follows the adjusted value at once";
+  const struct {
+    FunctionId id;
+    const char* path;
+    double start;
+    std::uint32_t module;
+    const char* written;
+    const char* text;
+  } rows[] = {{9, kCom1, 11850, kModuleGF45, "11852", "118.52"},
+              {68, kBarometer, 29.92, kModuleGF166, "29.93", " 29.93"}};
+  for (const auto& row : rows) {
+    SetValue(row.path, row.start);
+    AvionicFunction* function = Build(row.id);
+    host().ClearEvents();
+    AdjustAvionicFunction(function, 0, 1, row.module);
+    EXPECT_EQ(host().Events(), std::vector<std::string>{std::string("dataref-write ") + row.path + " " + row.written});
+    EXPECT_STREQ(function->text, row.text) << row.id;
+  }
 }
 
-TEST_F(AvionicAdjustTest, AltimeterIsWrittenAsInches) {
-  SetValue(kBarometer, 29.92);
-  AvionicFunction* altimeter = Build(68);
-  host().ClearEvents();
-  AdjustAvionicFunction(altimeter, 0, 1, kModuleGF166);
-  EXPECT_EQ(host().Events(), std::vector<std::string>{std::string("dataref-write ") + kBarometer + " 29.93"});
-}
-
-TEST_F(AvionicAdjustTest, FunctionsWithoutAdjustmentChangeNothing) {
+TEST_F(AvionicAdjustTest, NothingToAdjustWritesNothing) {
   SetValue(kCom1, 11850);
   AvionicFunction* next = Build(26);  // NEXT shares COM1_DUAL's object under its own id
   ASSERT_NE(next, nullptr);
-  host().ClearEvents();
-  AdjustAvionicFunction(next, 1, 1, kModuleGF166);
-  EXPECT_TRUE(host().Events().empty());
-  EXPECT_EQ(Value(kCom1), 11850);
-}
-
-TEST_F(AvionicAdjustTest, NullFunctionIsIgnored) {
-  host().ClearEvents();
-  AdjustAvionicFunction(nullptr, 1, 1, kModuleGF45);
-  EXPECT_TRUE(host().Events().empty());
-}
-
-TEST_F(AvionicAdjustTest, MissingDatarefWritesNothing) {
   ASSERT_FALSE(host().HasDataref(kNav1Obs));  // the system's own course datarefs not published
   AvionicFunction* obs = Build(61);
   host().ClearEvents();
+  AdjustAvionicFunction(next, 1, 1, kModuleGF166);
+  AdjustAvionicFunction(nullptr, 1, 1, kModuleGF45);
   AdjustAvionicFunction(obs, 1, 1, kModuleGF45);
   EXPECT_TRUE(host().Events().empty());
+  EXPECT_EQ(Value(kCom1), 11850);
   EXPECT_STREQ(obs->text, " 000") << "a missing value reads and shows as 0";
 }
 

@@ -149,47 +149,44 @@ std::string CaseName(const ::testing::TestParamInfo<DisplayCase>& info) { return
 
 INSTANTIATE_TEST_SUITE_P(Formats, AvionicDisplayCase, ::testing::ValuesIn(kDisplayCases), CaseName);
 
-// ---- formats with a second input -----------------------------------------------------------------
+// ---- texts applied: the formatter's own and others ----------------------------------------------
 
-TEST_F(AvionicDisplayTest, SpeedTextsApplyAsNumbers) {
-  AvionicFunction& speed = Avionic(65);
-  EXPECT_EQ(Applied(speed, "  0.78"), Events{Write(kApSpeed, "0.78")});
-  EXPECT_EQ(Applied(speed, "  250"), Events{Write(kApSpeed, "250")});
-}
-
-TEST_F(AvionicDisplayTest, AltimeterTextAppliesUnconverted) {
-  AvionicFunction& altimeter = Avionic(68);
-  EXPECT_EQ(Applied(altimeter, " 29.92"), Events{Write(kBarometer, "29.92")});
-  SelectMetricPressure(1);
-  // A hectopascal text is taken as inches: callers convert first (none applies an altimeter today).
-  EXPECT_EQ(Applied(altimeter, " 1013"), Events{Write(kBarometer, "1013")});
-}
-
-// ---- texts that are not the formatter's own ------------------------------------------------------
-
-TEST_F(AvionicDisplayTest, FrequencyTakesTheHundredthsFromTheFifthCharacter) {
-  AvionicFunction& com1 = Avionic(9);
-  EXPECT_EQ(Applied(com1, "121.30"), Events{Write(kCom1, "12130")});
-  EXPECT_EQ(Applied(com1, "118"), Events{Write(kCom1, "11800")});
-  EXPECT_EQ(Applied(com1, "12"), Events{Write(kCom1, "1200")});
-  EXPECT_EQ(Applied(com1, ""), Events{Write(kCom1, "0")});
-}
-
-TEST_F(AvionicDisplayTest, MapRangeAppliesTheInverseShift) {
-  AvionicFunction& range = Avionic(115);
-  EXPECT_EQ(Applied(range, "80"), Events{Write(kMapRange, "3")});
-  EXPECT_EQ(Applied(range, "10"), Events{Write(kMapRange, "0")});
-  EXPECT_EQ(Applied(range, "5"), Events{Write(kMapRange, "0")});
-  EXPECT_EQ(Applied(range, "-40"), Events{Write(kMapRange, "0")});
-  // Not a power of two: the shift of the highest bit, 120 / 10 = 12 -> 3.
-  EXPECT_EQ(Applied(range, "120"), Events{Write(kMapRange, "3")});
-}
-
-TEST_F(AvionicDisplayTest, IntegerTextsSkipLeadingBlanksAndStopAtTheFirstNonDigit) {
-  AvionicFunction& transponder = Avionic(24);
-  EXPECT_EQ(Applied(transponder, "   1234"), Events{Write(kTransponder, "1234")});
-  EXPECT_EQ(Applied(transponder, "77x1"), Events{Write(kTransponder, "77")});
-  EXPECT_EQ(Applied(transponder, "----"), Events{Write(kTransponder, "0")});
+TEST_F(AvionicDisplayTest, AppliedTextsWriteTheseValues) {
+  const struct {
+    FunctionId id;
+    const char* text;
+    const char* path;
+    const char* written;
+    int metric = 0;
+  } rows[] = {
+      // the speed applies as a number, Mach or knots
+      {65, "  0.78", kApSpeed, "0.78"},
+      {65, "  250", kApSpeed, "250"},
+      // the altimeter unconverted: a hectopascal text is taken as inches (callers convert first,
+      // none applies an altimeter today)
+      {68, " 29.92", kBarometer, "29.92"},
+      {68, " 1013", kBarometer, "1013", 1},
+      // a frequency takes its hundredths from the fifth character
+      {9, "121.30", kCom1, "12130"},
+      {9, "118", kCom1, "11800"},
+      {9, "12", kCom1, "1200"},
+      {9, "", kCom1, "0"},
+      // the map range applies the inverse shift; not a power of two: the shift of the highest bit
+      {115, "80", kMapRange, "3"},
+      {115, "10", kMapRange, "0"},
+      {115, "5", kMapRange, "0"},
+      {115, "-40", kMapRange, "0"},
+      {115, "120", kMapRange, "3"},  // 120 / 10 = 12 -> 3
+      // integer texts skip leading blanks and stop at the first non-digit
+      {24, "   1234", kTransponder, "1234"},
+      {24, "77x1", kTransponder, "77"},
+      {24, "----", kTransponder, "0"},
+  };
+  for (const auto& row : rows) {
+    if (row.metric != 0) SelectMetricPressure(row.metric);
+    EXPECT_EQ(Applied(Avionic(row.id), row.text), Events{Write(row.path, row.written)})
+        << "function " << row.id << " text '" << row.text << "' metric " << row.metric;
+  }
 }
 
 TEST_F(AvionicDisplayTest, AnUnterminatedTextIsReadNoFurtherThanNineCharacters) {
@@ -236,16 +233,11 @@ TEST_F(AvionicDisplayTest, FormatsAboveNineLeaveTheObjectAlone) {
 }
 
 TEST_F(AvionicDisplayTest, MapRangeOutsideTheShiftableRangeShowsNothing) {
-  AvionicFunction& range = Avionic(115);
-  SetValue(kMapRange, -1);
-  FormatAvionicDisplay(range);
-  EXPECT_STREQ(range.text, "");
-  SetValue(kMapRange, 28);
-  FormatAvionicDisplay(range);
-  EXPECT_STREQ(range.text, "");
-  SetValue(kMapRange, 27);  // 1342177280, ten digits: cut to nine
-  FormatAvionicDisplay(range);
-  EXPECT_STREQ(range.text, "134217728");
+  // 27 gives 1342177280, ten digits: cut to nine.
+  for (const auto& [value, text] : {std::pair{-1, ""}, std::pair{28, ""}, std::pair{27, "134217728"}}) {
+    SetValue(kMapRange, value);
+    EXPECT_EQ(Shown(115), text) << value;
+  }
 }
 
 // ---- the panels' brightness ----------------------------------------------------------------------

@@ -14,8 +14,7 @@
 namespace drav::functiontest {
 namespace {
 
-template <std::uint32_t Type>
-class FakeRadio : public GF_Abstract_AvionicDevice {
+class FakeRadioBase : public GF_Abstract_AvionicDevice {
  public:
   void SetDisplay() override { ++setDisplayCalls; }
   std::int32_t GetButton(const void*, std::int32_t*) override { return -1; }
@@ -34,6 +33,9 @@ class FakeRadio : public GF_Abstract_AvionicDevice {
   std::vector<std::int32_t> selected;
   int setDisplayCalls = 0;
 };
+
+template <std::uint32_t Type>
+class FakeRadio : public FakeRadioBase {};
 
 using Gf45 = FakeRadio<kModuleGF45>;
 using Gf46 = FakeRadio<kModuleGF46>;
@@ -98,79 +100,74 @@ class ModuleSelect : public FunctionTest {
   ModulePanelDirectory panels{manager};
 };
 
-// ---- selecting -------------------------------------------------------------------------------
-
 // ---- the radio toggles -------------------------------------------------------------------------
 
-TEST_F(ModuleSelect, ComToggleSelectsTheSameFunctionOnTheOtherRadio) {
-  SwitchFunction toggle = Build(kCom1Com2Toggle, 0, kRadioGF45);
-  gf45().current = kCom1Standby;
-  ExecuteFunction(toggle, kActionToggle, 0, 0);
-  EXPECT_EQ(gf45().selected, std::vector<std::int32_t>{kCom2Standby});
-  ExecuteFunction(toggle, kActionToggle, 0, 0);
-  EXPECT_EQ(gf45().selected, (std::vector<std::int32_t>{kCom2Standby, kCom1Standby}));
-  gf45().current = kCom2Active;
-  ExecuteFunction(toggle, kActionToggle, 0, 0);
-  EXPECT_EQ(gf45().selected.back(), kCom1Active);
-}
+// A toggle pressed on a radio showing `current`: the function it selects there (0: none).
+struct ToggleRow {
+  const char* what;
+  FunctionId toggle;
+  std::int32_t kind;
+  std::uint32_t type;
+  std::uint32_t unit;
+  FunctionId current;
+  FunctionId selects;
+};
 
-TEST_F(ModuleSelect, AToggleWithoutCounterpartSelectsNothingButStillRedraws) {
-  SwitchFunction toggle = Build(kCom1Com2Toggle, 0, kRadioGF45);
-  gf45().current = kAdf1Active;
-  ExecuteFunction(toggle, kActionToggle, 0, 0);
-  EXPECT_TRUE(gf45().selected.empty());
-  EXPECT_EQ(gf45().setDisplayCalls, 1);
-}
-
-TEST_F(ModuleSelect, TheDualPairTogglesOnlyOnTheGf166) {
-  SwitchFunction gf45Toggle = Build(kCom1Com2Toggle, 0, kRadioGF45);
-  gf45().current = kCom1Dual;
-  ExecuteFunction(gf45Toggle, kActionToggle, 0, 0);
-  EXPECT_TRUE(gf45().selected.empty());
-
-  SwitchFunction comToggle = Build(kCom1Com2Toggle, 0, kRadioGF166);
-  gf166().current = kCom1Dual;
-  ExecuteFunction(comToggle, kActionToggle, 0, 0);
-  EXPECT_EQ(gf166().selected, std::vector<std::int32_t>{kCom2Dual});
-
-  SwitchFunction navToggle = Build(kNav1Nav2Toggle, 0, kRadioGF166);
-  gf166().current = kNav2Dual;
-  ExecuteFunction(navToggle, kActionToggle, 0, 0);
-  EXPECT_EQ(gf166().selected.back(), kNav1Dual);
-}
-
-TEST_F(ModuleSelect, NavToggleIgnoresTheComFunctions) {
-  SwitchFunction navToggle = Build(kNav1Nav2Toggle, 1, kRadioGF46);
-  gf46(1).current = kNav1Standby;
-  ExecuteFunction(navToggle, kActionToggle, 0, 0);
-  EXPECT_EQ(gf46(1).selected, std::vector<std::int32_t>{kNav2Standby});
-  gf46(1).current = kCom1Active;
-  ExecuteFunction(navToggle, kActionToggle, 0, 0);
-  EXPECT_EQ(gf46(1).selected.size(), 1u);
+TEST_F(ModuleSelect, AToggleSelectsTheSameFunctionOnTheOtherRadioAndRedraws) {
+  const ToggleRow rows[] = {
+      {"COM1 standby to COM2", kCom1Com2Toggle, kRadioGF45, kModuleGF45, 0, kCom1Standby, kCom2Standby},
+      {"and back", kCom1Com2Toggle, kRadioGF45, kModuleGF45, 0, kCom2Standby, kCom1Standby},
+      {"COM2 active to COM1", kCom1Com2Toggle, kRadioGF45, kModuleGF45, 0, kCom2Active, kCom1Active},
+      {"no counterpart", kCom1Com2Toggle, kRadioGF45, kModuleGF45, 0, kAdf1Active, 0},
+      // The dual pair toggles only on the GF-166.
+      {"dual on the GF-45", kCom1Com2Toggle, kRadioGF45, kModuleGF45, 0, kCom1Dual, 0},
+      {"COM dual on the GF-166", kCom1Com2Toggle, kRadioGF166, kModuleGF166, 0, kCom1Dual, kCom2Dual},
+      {"NAV dual on the GF-166", kNav1Nav2Toggle, kRadioGF166, kModuleGF166, 0, kNav2Dual, kNav1Dual},
+      {"NAV on a second GF-46", kNav1Nav2Toggle, kRadioGF46, kModuleGF46, 1, kNav1Standby, kNav2Standby},
+      {"NAV toggle ignores COM", kNav1Nav2Toggle, kRadioGF46, kModuleGF46, 1, kCom1Active, 0},
+  };
+  for (const ToggleRow& row : rows) {
+    SCOPED_TRACE(row.what);
+    SwitchFunction toggle = Build(row.toggle, static_cast<std::int32_t>(row.unit), row.kind);
+    FakeRadioBase& radio = Radio<FakeRadioBase>(row.type, row.unit);
+    radio.current = row.current;
+    radio.selected.clear();
+    const int drawn = radio.setDisplayCalls;
+    ExecuteFunction(toggle, kActionToggle, 0, 0);
+    EXPECT_EQ(radio.selected, row.selects == 0 ? std::vector<std::int32_t>{} : std::vector<std::int32_t>{row.selects});
+    EXPECT_EQ(radio.setDisplayCalls, drawn + 1);
+  }
 }
 
 // ---- lighting ---------------------------------------------------------------------------------
 
-TEST_F(ModuleSelect, Gf166TogglesLightWhileTheSecondRadioIsShown) {
-  SwitchFunction comToggle = Build(kCom1Com2Toggle, 0, kRadioGF166);
-  SwitchFunction navToggle = Build(kNav1Nav2Toggle, 0, kRadioGF166);
-  for (FunctionId second : {kCom2Active, kCom2Standby, kCom2Dual}) {
-    gf166().current = second;
-    EXPECT_EQ(Refreshed(comToggle), 1) << second;
-    EXPECT_EQ(Refreshed(navToggle), 0) << second;
+// The GF-166's toggles light while the second radio is shown; the GF-45's stay dark.
+TEST_F(ModuleSelect, TogglesLightOnTheGf166WhileTheSecondRadioIsShown) {
+  const struct {
+    FunctionId toggle;
+    std::int32_t kind;
+    std::uint32_t type;
+    FunctionId current;
+    std::int32_t lit;
+  } rows[] = {
+      {kCom1Com2Toggle, kRadioGF166, kModuleGF166, kCom2Active, 1},
+      {kNav1Nav2Toggle, kRadioGF166, kModuleGF166, kCom2Active, 0},
+      {kCom1Com2Toggle, kRadioGF166, kModuleGF166, kCom2Standby, 1},
+      {kNav1Nav2Toggle, kRadioGF166, kModuleGF166, kCom2Standby, 0},
+      {kCom1Com2Toggle, kRadioGF166, kModuleGF166, kCom2Dual, 1},
+      {kNav1Nav2Toggle, kRadioGF166, kModuleGF166, kCom2Dual, 0},
+      {kNav1Nav2Toggle, kRadioGF166, kModuleGF166, kNav2Active, 1},
+      {kNav1Nav2Toggle, kRadioGF166, kModuleGF166, kNav2Standby, 1},
+      {kNav1Nav2Toggle, kRadioGF166, kModuleGF166, kNav2Dual, 1},
+      {kCom1Com2Toggle, kRadioGF166, kModuleGF166, kCom1Active, 0},
+      {kCom1Com2Toggle, kRadioGF45, kModuleGF45, kCom2Standby, 0},
+  };
+  for (const auto& row : rows) {
+    SwitchFunction toggle = Build(row.toggle, 0, row.kind);
+    Radio<FakeRadioBase>(row.type).current = row.current;
+    EXPECT_EQ(Refreshed(toggle), row.lit) << "toggle " << row.toggle << " on " << row.type << " showing "
+                                          << row.current;
   }
-  for (FunctionId second : {kNav2Active, kNav2Standby, kNav2Dual}) {
-    gf166().current = second;
-    EXPECT_EQ(Refreshed(navToggle), 1) << second;
-  }
-  gf166().current = kCom1Active;
-  EXPECT_EQ(Refreshed(comToggle), 0);
-}
-
-TEST_F(ModuleSelect, Gf45TogglesStayDark) {
-  SwitchFunction comToggle = Build(kCom1Com2Toggle, 0, kRadioGF45);
-  gf45().current = kCom2Standby;
-  EXPECT_EQ(Refreshed(comToggle), 0);
 }
 
 // ---- targets that are not there --------------------------------------------------------------

@@ -6,6 +6,7 @@
 #include <functional>
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace drav {
@@ -14,6 +15,13 @@ namespace {
 // Reports are heap vectors of exactly their length, so that a decoder reading past the end is
 // caught by AddressSanitizer.
 using Bytes = std::vector<std::uint8_t>;
+using Ints = std::vector<int>;
+
+// A record's array field as numbers, so that one comparison names every element.
+template <typename T, std::size_t N>
+Ints All(const T (&values)[N]) {
+  return Ints(values, values + N);
+}
 
 template <typename Record>
 InputDecode Decode(InputDecode (*decoder)(const std::uint8_t*, std::size_t, Record&), const Bytes& report,
@@ -26,9 +34,7 @@ InputDecode Decode(InputDecode (*decoder)(const std::uint8_t*, std::size_t, Reco
 TEST(DecoderTest, RadioEncodersAreSignExtendedAndButtonsKeptAsIs) {
   GF46InputRecord gf46{};
   EXPECT_EQ(Decode(DecodeGF46Input, Bytes{0x01, 0x05, 0xFF, 0x81}, gf46), InputDecode::Deliver);
-  EXPECT_EQ(gf46.encoder1, 5);
-  EXPECT_EQ(gf46.encoder2, -1);
-  EXPECT_EQ(gf46.buttons, 0x81);
+  EXPECT_EQ((Ints{gf46.encoder1, gf46.encoder2, gf46.buttons}), (Ints{5, -1, 0x81}));
 
   GF45InputRecord gf45{};
   EXPECT_EQ(Decode(DecodeGF45Input, Bytes{0x01, 0x80, 0x7F}, gf45), InputDecode::Deliver);
@@ -38,9 +44,7 @@ TEST(DecoderTest, RadioEncodersAreSignExtendedAndButtonsKeptAsIs) {
   // Values replace the previous state, they do not accumulate.
   GF166InputRecord gf166{3, -3, 0xFF};
   EXPECT_EQ(Decode(DecodeGF166Input, Bytes{0x00, 0x02, 0xFE, 0x10, 0x99}, gf166), InputDecode::Deliver);
-  EXPECT_EQ(gf166.encoder1, 2);
-  EXPECT_EQ(gf166.encoder2, -2);
-  EXPECT_EQ(gf166.buttons, 0x10);
+  EXPECT_EQ((Ints{gf166.encoder1, gf166.encoder2, gf166.buttons}), (Ints{2, -2, 0x10}));
 }
 
 TEST(DecoderTest, SwitchAndEncoderPanels) {
@@ -50,10 +54,7 @@ TEST(DecoderTest, SwitchAndEncoderPanels) {
 
   GFRP48InputRecord rp48{};
   EXPECT_EQ(Decode(DecodeGFRP48Input, Bytes{0x00, 0x01, 0xFE, 0x7F, 0x80, 0xA5}, rp48), InputDecode::Deliver);
-  EXPECT_EQ(rp48.encoders[0], 1);
-  EXPECT_EQ(rp48.encoders[1], -2);
-  EXPECT_EQ(rp48.encoders[2], 127);
-  EXPECT_EQ(rp48.encoders[3], -128);
+  EXPECT_EQ(All(rp48.encoders), (Ints{1, -2, 127, -128}));
   EXPECT_EQ(rp48.buttons, 0xA5);
 
   GFLGTInputRecord lgt{};
@@ -63,26 +64,19 @@ TEST(DecoderTest, SwitchAndEncoderPanels) {
 
   GFLGT2InputRecord lgt2{};
   EXPECT_EQ(Decode(DecodeGFLGT2Input, Bytes{0x00, 0xFF, 0x02, 0x80, 0xC3}, lgt2), InputDecode::Deliver);
-  EXPECT_EQ(lgt2.values[0], -1);
-  EXPECT_EQ(lgt2.values[1], 2);
-  EXPECT_EQ(lgt2.values[2], -128);
+  EXPECT_EQ(All(lgt2.values), (Ints{-1, 2, -128}));
   EXPECT_EQ(lgt2.switches, 0xC3);
 
   GFMCPInputRecord mcp{};
   EXPECT_EQ(Decode(DecodeGFMCPInput, Bytes{0x00, 0x01, 0xFF, 0x02, 0xFE, 0x80, 0xAA, 0x55}, mcp),
             InputDecode::Deliver);
-  EXPECT_EQ(mcp.encoders[0], 1);
-  EXPECT_EQ(mcp.encoders[1], -1);
-  EXPECT_EQ(mcp.encoders[2], 2);
-  EXPECT_EQ(mcp.encoders[3], -2);
-  EXPECT_EQ(mcp.encoders[4], -128);
+  EXPECT_EQ(All(mcp.encoders), (Ints{1, -1, 2, -2, -128}));
   EXPECT_EQ(mcp.buttons1, 0xAA);
   EXPECT_EQ(mcp.buttons2, 0x55);
 
   GFDIOInputRecord dio{};
   EXPECT_EQ(Decode(DecodeGFDIOInput, Bytes{0x00, 1, 2, 3, 4, 5, 6, 0xF7}, dio), InputDecode::Deliver);
-  EXPECT_EQ(dio.states[0], 1);
-  EXPECT_EQ(dio.states[6], 0xF7);
+  EXPECT_EQ(All(dio.states), (Ints{1, 2, 3, 4, 5, 6, 0xF7}));
 
   // Only byte 1 is the key; whatever follows it is not part of the value.
   GFFMCInputRecord fmc{};
@@ -96,9 +90,7 @@ TEST(DecoderTest, MCPProNibblesAreInterleavedAndSignedAndSwitchesBigEndian) {
   GFMCPProInputRecord state{};
   EXPECT_EQ(Decode(DecodeGFMCPProInput, Bytes{0x00, 0x1F, 0x80, 0x7F, 0x00, 0x00, 0x01, 0x02}, state),
             InputDecode::Deliver);
-  // hi(1), hi(2), lo(1), hi(3), lo(2), lo(3)
-  const std::int16_t expected[6] = {1, -8, -1, 7, 0, -1};
-  for (int i = 0; i < 6; ++i) EXPECT_EQ(state.encoders[i], expected[i]) << "encoder " << i;
+  EXPECT_EQ(All(state.encoders), (Ints{1, -8, -1, 7, 0, -1}));  // hi(1), hi(2), lo(1), hi(3), lo(2), lo(3)
   EXPECT_EQ(state.switches, 0x00000102u);
 
   EXPECT_EQ(Decode(DecodeGFMCPProInput, Bytes{0x00, 0x00, 0x00, 0x00, 0x80, 0x01, 0x02, 0x03}, state),
@@ -110,9 +102,7 @@ TEST(DecoderTest, MCPProOpenTimeReportUsesThePlainNibbleOrder) {
   GFMCPProInputRecord state{};
   EXPECT_EQ(Decode(DecodeGFMCPProFeature, Bytes{16, 0x1F, 0x80, 0x7F, 0xDE, 0xAD, 0xBE, 0xEF}, state),
             InputDecode::Stored);
-  // hi(1), lo(1), hi(2), lo(2), hi(3), lo(3)
-  const std::int16_t expected[6] = {1, -1, -8, 0, 7, -1};
-  for (int i = 0; i < 6; ++i) EXPECT_EQ(state.encoders[i], expected[i]) << "encoder " << i;
+  EXPECT_EQ(All(state.encoders), (Ints{1, -1, -8, 0, 7, -1}));  // hi(1), lo(1), hi(2), lo(2), hi(3), lo(3)
   EXPECT_EQ(state.switches, 0xDEADBEEFu);
 }
 
@@ -149,12 +139,11 @@ TEST(DecoderTest, EFISOpenTimeReportTakesItsEncodersUnsigned) {
 
 TEST(DecoderTest, SECMRotaryHighestBitWinsAndReportsWithoutOneAreNotDelivered) {
   GFSECMInputRecord state{};
-  EXPECT_EQ(Decode(DecodeGFSECMInput, Bytes{0x00, 0x60, 0x00, 0x00}, state), InputDecode::Deliver);
-  EXPECT_EQ(state.rotary, 1);  // bit 6 beats bit 5
-  EXPECT_EQ(Decode(DecodeGFSECMInput, Bytes{0x00, 0x04, 0x00, 0x00}, state), InputDecode::Deliver);
-  EXPECT_EQ(state.rotary, 5);
-  EXPECT_EQ(Decode(DecodeGFSECMInput, Bytes{0x00, 0x18, 0x00, 0x00}, state), InputDecode::Deliver);
-  EXPECT_EQ(state.rotary, 3);  // bit 4 beats bit 3
+  // Byte 1 to position: bit 6 beats bit 5, bit 4 beats bit 3.
+  for (const auto& [byte1, rotary] : {std::pair{0x60, 1}, std::pair{0x04, 5}, std::pair{0x18, 3}}) {
+    EXPECT_EQ(Decode(DecodeGFSECMInput, Bytes{0x00, std::uint8_t(byte1), 0x00, 0x00}, state), InputDecode::Deliver);
+    EXPECT_EQ(state.rotary, rotary) << "byte 1 = " << byte1;
+  }
 
   // No rotary bit: the other fields still change, the position stays, nothing is delivered.
   EXPECT_EQ(Decode(DecodeGFSECMInput, Bytes{0x00, 0x03, 0x00, 0x00}, state), InputDecode::Stored);
@@ -167,14 +156,10 @@ TEST(DecoderTest, SECMSwitchBytes) {
   GFSECMInputRecord state{};
   // Second: byte 3 bit 7 alone. Third: byte 3 bit 6 clear -> 1. Fourth: byte 3 bit 4.
   Decode(DecodeGFSECMInput, Bytes{0x00, 0x40, 0x00, 0x90}, state);
-  EXPECT_EQ(state.second, 1);
-  EXPECT_EQ(state.third, 1);
-  EXPECT_EQ(state.fourth, 1);
+  EXPECT_EQ((Ints{state.second, state.third, state.fourth}), (Ints{1, 1, 1}));
   // Byte 3 bit 6 set and byte 1 bit 0 clear -> third 0; nothing sets second or fourth.
   Decode(DecodeGFSECMInput, Bytes{0x00, 0x40, 0x00, 0x40}, state);
-  EXPECT_EQ(state.second, 0);
-  EXPECT_EQ(state.third, 0);
-  EXPECT_EQ(state.fourth, 0);
+  EXPECT_EQ((Ints{state.second, state.third, state.fourth}), (Ints{0, 0, 0}));
   // Byte 1 bit 0 wins over byte 3 bit 6; byte 1 bit 7 sets the fourth (it is no rotary bit).
   EXPECT_EQ(Decode(DecodeGFSECMInput, Bytes{0x00, 0x81, 0x00, 0x40}, state), InputDecode::Stored);
   EXPECT_EQ(state.third, 2);
@@ -211,25 +196,14 @@ TEST(DecoderTest, SECMOpenTimeReportFollowsTheDeliveryRule) {
 TEST(DecoderTest, MESMSelectorsAndTheUndefinedSecondValue) {
   GFMESMInputRecord state{};
   EXPECT_EQ(Decode(DecodeGFMESMInput, Bytes{0x00, 0x00}, state), InputDecode::Deliver);
-  EXPECT_EQ(state.values[0], 1);
-  EXPECT_EQ(state.values[1], 2);
-  EXPECT_EQ(state.values[2], 1);
-
+  EXPECT_EQ(All(state.values), (Ints{1, 2, 1}));
   Decode(DecodeGFMESMInput, Bytes{0x00, 0x93}, state);  // 10 01 .. 11
-  EXPECT_EQ(state.values[0], 4);
-  EXPECT_EQ(state.values[1], 1);
-  EXPECT_EQ(state.values[2], 2);
-
+  EXPECT_EQ(All(state.values), (Ints{4, 1, 2}));
   Decode(DecodeGFMESMInput, Bytes{0x00, 0x62}, state);  // 01 10 .. 10
-  EXPECT_EQ(state.values[0], 3);
-  EXPECT_EQ(state.values[1], 3);
-  EXPECT_EQ(state.values[2], 3);
-
+  EXPECT_EQ(All(state.values), (Ints{3, 3, 3}));
   // Bits 4-5 both set define no second value: it keeps 3 from the report before.
   Decode(DecodeGFMESMInput, Bytes{0x00, 0xFF}, state);
-  EXPECT_EQ(state.values[0], 4);
-  EXPECT_EQ(state.values[1], 3);
-  EXPECT_EQ(state.values[2], 4);
+  EXPECT_EQ(All(state.values), (Ints{4, 3, 4}));
 
   EXPECT_EQ(Decode(DecodeGFMESMFeature, Bytes{2, 0x10}, state), InputDecode::Stored);
   EXPECT_EQ(state.values[1], 1);
@@ -238,9 +212,7 @@ TEST(DecoderTest, MESMSelectorsAndTheUndefinedSecondValue) {
 TEST(DecoderTest, TQ6ReversesTheLowNibbleOfByte7IntoBits4To1) {
   GFTQ6InputRecord state{};
   EXPECT_EQ(Decode(DecodeGFTQ6Input, Bytes{0x00, 0, 1, 127, 128, 254, 255, 0x0F}, state), InputDecode::Deliver);
-  EXPECT_EQ(state.levers[0], 0);
-  EXPECT_EQ(state.levers[3], 128);
-  EXPECT_EQ(state.levers[5], 255);
+  EXPECT_EQ(All(state.levers), (Ints{0, 1, 127, 128, 254, 255}));
   EXPECT_EQ(state.switches, 0x1E);
 
   const std::pair<std::uint8_t, std::uint8_t> cases[] = {{0xF0, 0x00}, {0x01, 0x10}, {0x08, 0x02}, {0x05, 0x14}};
@@ -255,7 +227,7 @@ TEST(DecoderTest, TQ6ReversesTheLowNibbleOfByte7IntoBits4To1) {
 TEST(DecoderTest, OpenTimeReportsResetEncodersAndTakeSwitchBytes) {
   GFRP48InputRecord rp48{{4, -4, 2, 9}, 0};
   EXPECT_EQ(Decode(DecodeGFRP48Feature, Bytes{4, 0x81}, rp48), InputDecode::Stored);
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(rp48.encoders[i], 0);
+  EXPECT_EQ(All(rp48.encoders), (Ints{0, 0, 0, 0}));
   EXPECT_EQ(rp48.buttons, 0x81);
 
   GFLGTInputRecord lgt{7, 0};
@@ -265,9 +237,7 @@ TEST(DecoderTest, OpenTimeReportsResetEncodersAndTakeSwitchBytes) {
 
   GF166InputRecord gf166{5, 5, 0};
   EXPECT_EQ(Decode(DecodeGF166Feature, Bytes{8, 0xEE, 0xEE, 0x33}, gf166), InputDecode::Stored);
-  EXPECT_EQ(gf166.encoder1, 0);
-  EXPECT_EQ(gf166.encoder2, 0);
-  EXPECT_EQ(gf166.buttons, 0x33);
+  EXPECT_EQ((Ints{gf166.encoder1, gf166.encoder2, gf166.buttons}), (Ints{0, 0, 0x33}));
 
   GFSwitchByteInputRecord wcp{};
   EXPECT_EQ(Decode(DecodeSwitchByteFeature, Bytes{4, 0x42}, wcp), InputDecode::Stored);
@@ -275,25 +245,19 @@ TEST(DecoderTest, OpenTimeReportsResetEncodersAndTakeSwitchBytes) {
 
   GFLGT2InputRecord lgt2{};
   EXPECT_EQ(Decode(DecodeGFLGT2Feature, Bytes{4, 0xFF, 0x01, 0x80, 0x5A, 0x00}, lgt2), InputDecode::Stored);
-  EXPECT_EQ(lgt2.values[0], -1);
-  EXPECT_EQ(lgt2.values[2], -128);
+  EXPECT_EQ(All(lgt2.values), (Ints{-1, 1, -128}));
   EXPECT_EQ(lgt2.switches, 0x5A);
 
   GFDIOInputRecord dio{};
   EXPECT_EQ(Decode(DecodeGFDIOFeature, Bytes{4, 9, 8, 7, 6, 5, 4, 3}, dio), InputDecode::Stored);
-  EXPECT_EQ(dio.states[0], 9);
-  EXPECT_EQ(dio.states[6], 3);
+  EXPECT_EQ(All(dio.states), (Ints{9, 8, 7, 6, 5, 4, 3}));
 }
 
 TEST(DecoderTest, MCPOpenTimeReportTakesItsEncodersUnsigned) {
   GFMCPInputRecord state{};
   EXPECT_EQ(Decode(DecodeGFMCPFeature, Bytes{14, 0xFF, 0x80, 0x01, 0x00, 0x7F, 0x12, 0x34}, state),
             InputDecode::Stored);
-  EXPECT_EQ(state.encoders[0], 255);
-  EXPECT_EQ(state.encoders[1], 128);
-  EXPECT_EQ(state.encoders[2], 1);
-  EXPECT_EQ(state.encoders[3], 0);
-  EXPECT_EQ(state.encoders[4], 127);
+  EXPECT_EQ(All(state.encoders), (Ints{255, 128, 1, 0, 127}));
   EXPECT_EQ(state.buttons1, 0x12);
   EXPECT_EQ(state.buttons2, 0x34);
 }

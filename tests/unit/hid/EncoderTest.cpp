@@ -20,75 +20,66 @@ Bytes Encoded(Encode encode) {
   return Bytes(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(length));
 }
 
+// The report `encode` makes of `args`.
+template <typename... Params, typename... Args>
+Bytes Encode(std::size_t (*encode)(std::span<std::uint8_t>, Params...), Args... args) {
+  return Encoded([&](std::span<std::uint8_t> out) { return encode(out, args...); });
+}
+
 // ---- sixteen-segment display -----------------------------------------------------------------
 
 TEST(EncoderTest, SixteenSegmentCodesGoLowByteFirstWithTheDotOnThePreviousCharacter) {
   // a, B with the dot bit, '-', blank
-  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, "ab.-"); }),
-            (Bytes{3, 0x22, 0x37, 0x4A, 0x8F, 0x22, 0x00, 0x00, 0x00}));
+  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, "ab.-"), (Bytes{3, 0x22, 0x37, 0x4A, 0x8F, 0x22, 0x00, 0x00, 0x00}));
   // A dot after the fourth character still belongs to it.
-  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, "ABCD."); }),
-            (Bytes{3, 0x22, 0x37, 0x0A, 0x8F, 0x00, 0x39, 0x48, 0x8F}));
+  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, "ABCD."), (Bytes{3, 0x22, 0x37, 0x0A, 0x8F, 0x00, 0x39, 0x48, 0x8F}));
   // A leading dot follows no character: it is a blank of its own.
-  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, ".A"); }),
-            (Bytes{3, 0x00, 0x00, 0x22, 0x37, 0x00, 0x00, 0x00, 0x00}));
+  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, ".A"), (Bytes{3, 0x00, 0x00, 0x22, 0x37, 0x00, 0x00, 0x00, 0x00}));
 }
 
 TEST(EncoderTest, SixteenSegmentTextIsCutAtFourAndBlankWhenEmpty) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, "HELLO"); }),
-            (Bytes{3, 0x22, 0x36, 0x20, 0x39, 0x00, 0x38, 0x00, 0x38}));
+  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, "HELLO"), (Bytes{3, 0x22, 0x36, 0x20, 0x39, 0x00, 0x38, 0x00, 0x38}));
   const Bytes blank{3, 0, 0, 0, 0, 0, 0, 0, 0};
-  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, ""); }), blank);
-  EXPECT_EQ(Encoded([](auto out) { return EncodeSixteenSegmentDisplay(out, nullptr); }), blank);
+  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, ""), blank);
+  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, nullptr), blank);
 }
 
 // ---- reversed seven-segment displays (GF-45, GF-46) ------------------------------------------
 
 TEST(EncoderTest, RadioDigitsFillTheReportFromItsLastByte) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF45Display2(out, "12.3"); }),
-            (Bytes{5, 0x00, 0x00, 0x4F, 0xDB, 0x06}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF45Display2(out, "9."); }),
-            (Bytes{5, 0x00, 0x00, 0x00, 0x00, 0xE7}));
+  EXPECT_EQ(Encode(EncodeGF45Display2, "12.3"), (Bytes{5, 0x00, 0x00, 0x4F, 0xDB, 0x06}));
+  EXPECT_EQ(Encode(EncodeGF45Display2, "9."), (Bytes{5, 0x00, 0x00, 0x00, 0x00, 0xE7}));
   // Five digits on the GF-45: the 6 is cut.
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF45Display2(out, "123456"); }),
-            (Bytes{5, 0x6D, 0x66, 0x4F, 0x5B, 0x06}));
+  EXPECT_EQ(Encode(EncodeGF45Display2, "123456"), (Bytes{5, 0x6D, 0x66, 0x4F, 0x5B, 0x06}));
   // Six on the GF-46: the 7 is cut.
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF46Display2(out, "1234567"); }),
-            (Bytes{5, 0x7D, 0x6D, 0x66, 0x4F, 0x5B, 0x06}));
+  EXPECT_EQ(Encode(EncodeGF46Display2, "1234567"), (Bytes{5, 0x7D, 0x6D, 0x66, 0x4F, 0x5B, 0x06}));
 }
 
 TEST(EncoderTest, RadioDigitsShowBracketsAndDashButNoLetters) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF46Display2(out, "-[]A 9"); }),
-            (Bytes{5, 0x67, 0x00, 0x00, 0x0F, 0x39, 0x40}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF46Display2(out, nullptr); }),
-            (Bytes{5, 0, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(Encode(EncodeGF46Display2, "-[]A 9"), (Bytes{5, 0x67, 0x00, 0x00, 0x0F, 0x39, 0x40}));
+  EXPECT_EQ(Encode(EncodeGF46Display2, nullptr), (Bytes{5, 0, 0, 0, 0, 0, 0}));
 }
 
 // ---- forward seven-segment displays ----------------------------------------------------------
 
 TEST(EncoderTest, ForwardDisplaysPutTheFirstCharacterInByte1) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 1, "1.5"); }), (Bytes{3, 0x86, 0x6D, 0x00}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 4, "-_=[]."); }),
-            (Bytes{9, 0x40, 0x08, 0x48, 0x39, 0x8F, 0x00}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166Display(out, 2, "Hello"); }),
-            (Bytes{5, 0x76, 0x7B, 0x06, 0x06, 0x5C, 0x00}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPProDisplay(out, 2, "12345678"); }),
-            (Bytes{5, 0x06, 0x5B, 0x4F, 0x66, 0x6D}));
+  EXPECT_EQ(Encode(EncodeGFMCPDisplay, 1, "1.5"), (Bytes{3, 0x86, 0x6D, 0x00}));
+  EXPECT_EQ(Encode(EncodeGFMCPDisplay, 4, "-_=[]."), (Bytes{9, 0x40, 0x08, 0x48, 0x39, 0x8F, 0x00}));
+  EXPECT_EQ(Encode(EncodeGF166Display, 2, "Hello"), (Bytes{5, 0x76, 0x7B, 0x06, 0x06, 0x5C, 0x00}));
+  EXPECT_EQ(Encode(EncodeGFMCPProDisplay, 2, "12345678"), (Bytes{5, 0x06, 0x5B, 0x4F, 0x66, 0x6D}));
 }
 
 TEST(EncoderTest, MCPProShowsUpperCaseACEWithItsOwnShapes) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPProDisplay(out, 1, "ACE"); }),
-            (Bytes{3, 0x5F, 0x58, 0x7B}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 1, "ACE"); }), (Bytes{3, 0x77, 0x39, 0x79}));
+  EXPECT_EQ(Encode(EncodeGFMCPProDisplay, 1, "ACE"), (Bytes{3, 0x5F, 0x58, 0x7B}));
+  EXPECT_EQ(Encode(EncodeGFMCPDisplay, 1, "ACE"), (Bytes{3, 0x77, 0x39, 0x79}));
 }
 
 TEST(EncoderTest, ALoneDotIsADecimalPointOnTheAutopilotsButBlankOnTheGF166) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 2, ".5"); }), (Bytes{5, 0x80, 0x6D, 0x00}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPProDisplay(out, 6, ".5"); }), (Bytes{13, 0x80, 0x6D, 0x00}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166Display(out, 1, ".5"); }),
-            (Bytes{3, 0x00, 0x6D, 0x00, 0x00, 0x00, 0x00}));
+  EXPECT_EQ(Encode(EncodeGFMCPDisplay, 2, ".5"), (Bytes{5, 0x80, 0x6D, 0x00}));
+  EXPECT_EQ(Encode(EncodeGFMCPProDisplay, 6, ".5"), (Bytes{13, 0x80, 0x6D, 0x00}));
+  EXPECT_EQ(Encode(EncodeGF166Display, 1, ".5"), (Bytes{3, 0x00, 0x6D, 0x00, 0x00, 0x00, 0x00}));
   // The first dot joins the 1; the second stands alone.
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 3, "1..2"); }), (Bytes{7, 0x86, 0x80, 0x5B}));
+  EXPECT_EQ(Encode(EncodeGFMCPDisplay, 3, "1..2"), (Bytes{7, 0x86, 0x80, 0x5B}));
 }
 
 TEST(EncoderTest, ReportIdsAndLengthsOfEveryForwardDisplay) {
@@ -114,10 +105,10 @@ TEST(EncoderTest, ReportIdsAndLengthsOfEveryForwardDisplay) {
 }
 
 TEST(EncoderTest, MissingDisplaysAndSmallBuffersProduceNothing) {
-  EXPECT_TRUE(Encoded([](auto out) { return EncodeGF166Display(out, 3, "1"); }).empty());
-  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 0, "1"); }).empty());
-  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFMCPDisplay(out, 6, "1"); }).empty());
-  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFMCPProDisplay(out, 7, "1"); }).empty());
+  EXPECT_TRUE(Encode(EncodeGF166Display, 3, "1").empty());
+  EXPECT_TRUE(Encode(EncodeGFMCPDisplay, 0, "1").empty());
+  EXPECT_TRUE(Encode(EncodeGFMCPDisplay, 6, "1").empty());
+  EXPECT_TRUE(Encode(EncodeGFMCPProDisplay, 7, "1").empty());
 
   std::array<std::uint8_t, 8> small;
   small.fill(0xEE);
@@ -130,21 +121,18 @@ TEST(EncoderTest, MissingDisplaysAndSmallBuffersProduceNothing) {
 // ---- brightness, indicators, encoder type ----------------------------------------------------
 
 TEST(EncoderTest, BrightnessKeepsTheLowNibble) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeBrightness(out, kGF46BrightnessReport, 0x1F); }), (Bytes{6, 0x0F}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeBrightness(out, kGFMCPBrightnessReport, 16); }), (Bytes{12, 0x00}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeBrightness(out, kGFMCPProBrightnessReport, -1); }),
-            (Bytes{14, 0x0F}));
+  EXPECT_EQ(Encode(EncodeBrightness, kGF46BrightnessReport, 0x1F), (Bytes{6, 0x0F}));
+  EXPECT_EQ(Encode(EncodeBrightness, kGFMCPBrightnessReport, 16), (Bytes{12, 0x00}));
+  EXPECT_EQ(Encode(EncodeBrightness, kGFMCPProBrightnessReport, -1), (Bytes{14, 0x0F}));
 }
 
 TEST(EncoderTest, IndicatorMasks) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeIndicatorByte(out, kGFMCPIndicatorReport, 0xA5); }),
-            (Bytes{13, 0xA5}));
+  EXPECT_EQ(Encode(EncodeIndicatorByte, kGFMCPIndicatorReport, 0xA5), (Bytes{13, 0xA5}));
   // The GF-LGT's two lowest lights are always on.
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFLGTIndicators(out, 0x00); }), (Bytes{2, 0x03}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFLGTIndicators(out, 0x84); }), (Bytes{2, 0x87}));
+  EXPECT_EQ(Encode(EncodeGFLGTIndicators, 0x00), (Bytes{2, 0x03}));
+  EXPECT_EQ(Encode(EncodeGFLGTIndicators, 0x84), (Bytes{2, 0x87}));
   // GF-MCPPro: 32 bits, most significant byte first.
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFMCPProIndicators(out, 0x12345678); }),
-            (Bytes{15, 0x12, 0x34, 0x56, 0x78}));
+  EXPECT_EQ(Encode(EncodeGFMCPProIndicators, 0x12345678), (Bytes{15, 0x12, 0x34, 0x56, 0x78}));
 }
 
 // An output report may be exactly as long as what it carries: a two-byte report still takes its lights.
@@ -156,9 +144,9 @@ TEST(EncoderTest, AnIndicatorReportFitsAReportOfTwoBytes) {
 }
 
 TEST(EncoderTest, GF166EncoderTypePacksTwoBitsOfEach) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166EncoderType(out, 5, 2); }), (Bytes{9, 0x09}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166EncoderType(out, 3, 3); }), (Bytes{9, 0x0F}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGF166EncoderType(out, 0xFF, 0); }), (Bytes{9, 0x03}));
+  EXPECT_EQ(Encode(EncodeGF166EncoderType, 5, 2), (Bytes{9, 0x09}));
+  EXPECT_EQ(Encode(EncodeGF166EncoderType, 3, 3), (Bytes{9, 0x0F}));
+  EXPECT_EQ(Encode(EncodeGF166EncoderType, 0xFF, 0), (Bytes{9, 0x03}));
 }
 
 TEST(EncoderTest, MCPProOutputReportsArePaddedTo8WithDD) {
@@ -191,15 +179,15 @@ TEST(EncoderTest, WCPIntensityTruncatesBrightnessOver15InSinglePrecision) {
 }
 
 TEST(EncoderTest, WCPColoursAndColour6sBlueOfOne) {
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 2, 6, 7); }), (Bytes{2, 2, 46, 46, 1}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 1, 6, 0); }), (Bytes{2, 1, 0, 0, 1}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 1, 0, 15); }), (Bytes{2, 1, 0, 0, 0}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 6, 1, 15); }), (Bytes{2, 6, 100, 100, 100}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 3, 2, 3); }), (Bytes{2, 3, 20, 0, 0}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 4, 3, 3); }), (Bytes{2, 4, 0, 20, 0}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 5, 4, 3); }), (Bytes{2, 5, 0, 0, 20}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 5, 5, 3); }), (Bytes{2, 5, 20, 0, 20}));
-  EXPECT_EQ(Encoded([](auto out) { return EncodeGFWCPColour(out, 6, 7, 12); }), (Bytes{2, 6, 0, 80, 80}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 2, 6, 7), (Bytes{2, 2, 46, 46, 1}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 1, 6, 0), (Bytes{2, 1, 0, 0, 1}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 1, 0, 15), (Bytes{2, 1, 0, 0, 0}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 6, 1, 15), (Bytes{2, 6, 100, 100, 100}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 3, 2, 3), (Bytes{2, 3, 20, 0, 0}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 4, 3, 3), (Bytes{2, 4, 0, 20, 0}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 5, 4, 3), (Bytes{2, 5, 0, 0, 20}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 5, 5, 3), (Bytes{2, 5, 20, 0, 20}));
+  EXPECT_EQ(Encode(EncodeGFWCPColour, 6, 7, 12), (Bytes{2, 6, 0, 80, 80}));
 }
 
 TEST(EncoderTest, WCPRejectsIndicatorsOutside1To6AndColours8Up) {
@@ -207,22 +195,20 @@ TEST(EncoderTest, WCPRejectsIndicatorsOutside1To6AndColours8Up) {
   EXPECT_TRUE(IsGFWCPIndicator(1));
   EXPECT_TRUE(IsGFWCPIndicator(6));
   EXPECT_FALSE(IsGFWCPIndicator(7));
-  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFWCPColour(out, 0, 1, 15); }).empty());
-  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFWCPColour(out, 7, 1, 15); }).empty());
-  EXPECT_TRUE(Encoded([](auto out) { return EncodeGFWCPColour(out, 1, 8, 15); }).empty());
+  EXPECT_TRUE(Encode(EncodeGFWCPColour, 0, 1, 15).empty());
+  EXPECT_TRUE(Encode(EncodeGFWCPColour, 7, 1, 15).empty());
+  EXPECT_TRUE(Encode(EncodeGFWCPColour, 1, 8, 15).empty());
 }
 
 // ---- GF-DIO outputs --------------------------------------------------------------------------
 
 TEST(EncoderTest, DIOOutputsFillTheDevicesOwnReportLength) {
   const std::array<std::uint8_t, 4> outputs{0x01, 0x80, 0xFF, 0x7E};
-  EXPECT_EQ(Encoded([&](auto out) { return EncodeGFDIOOutputs(out, 9, outputs); }),
-            (Bytes{2, 0x01, 0x80, 0xFF, 0x7E, 0, 0, 0, 0}));
-  EXPECT_EQ(Encoded([&](auto out) { return EncodeGFDIOOutputs(out, 5, outputs); }),
-            (Bytes{2, 0x01, 0x80, 0xFF, 0x7E}));
+  EXPECT_EQ(Encode(EncodeGFDIOOutputs, 9, outputs), (Bytes{2, 0x01, 0x80, 0xFF, 0x7E, 0, 0, 0, 0}));
+  EXPECT_EQ(Encode(EncodeGFDIOOutputs, 5, outputs), (Bytes{2, 0x01, 0x80, 0xFF, 0x7E}));
   // Too short to carry four outputs, or longer than the caller's buffer: nothing.
-  EXPECT_TRUE(Encoded([&](auto out) { return EncodeGFDIOOutputs(out, 4, outputs); }).empty());
-  EXPECT_TRUE(Encoded([&](auto out) { return EncodeGFDIOOutputs(out, 65, outputs); }).empty());
+  EXPECT_TRUE(Encode(EncodeGFDIOOutputs, 4, outputs).empty());
+  EXPECT_TRUE(Encode(EncodeGFDIOOutputs, 65, outputs).empty());
 }
 
 }  // namespace

@@ -7,6 +7,12 @@ namespace drav {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
+using Ints = std::vector<int>;
+
+template <typename T, std::size_t N>
+Ints All(const T (&values)[N]) {
+  return Ints(values, values + N);
+}
 
 class GFDevAccessTest : public testing::VirtualPanelsTest {
  protected:
@@ -84,16 +90,11 @@ TEST_F(GFDevAccessTest, EncoderValuesAreClearedOnceReturned) {
   std::int16_t e[4] = {};
   std::uint8_t buttons = 0;
   EXPECT_EQ(GFDev_GFRP48_GetState(0, &e[0], &e[1], nullptr, &e[3], &buttons), 0);
-  EXPECT_EQ(e[0], 1);
-  EXPECT_EQ(e[1], -2);
-  EXPECT_EQ(e[3], -128);
+  EXPECT_EQ(All(e), (Ints{1, -2, 0, -128}));
   EXPECT_EQ(buttons, 0xA5);
   // Second call, no report in between: the returned values are 0, the skipped one is still there.
   EXPECT_EQ(GFDev_GFRP48_GetState(0, &e[0], &e[1], &e[2], &e[3], &buttons), 0);
-  EXPECT_EQ(e[0], 0);
-  EXPECT_EQ(e[1], 0);
-  EXPECT_EQ(e[2], 3);
-  EXPECT_EQ(e[3], 0);
+  EXPECT_EQ(All(e), (Ints{0, 0, 3, 0}));
   EXPECT_EQ(buttons, 0xA5);
 }
 
@@ -114,8 +115,7 @@ TEST_F(GFDevAccessTest, TrimWheelValuesAreClearedEvenWhenNotTaken) {
   EXPECT_EQ(switches, 0x44);
   std::int16_t values[3] = {9, 9, 9};
   EXPECT_EQ(GFDev_GFLGT2_GetState(0, &values[0], &values[1], &values[2], nullptr), 0);
-  EXPECT_EQ(values[0], 0);
-  EXPECT_EQ(values[2], 0);
+  EXPECT_EQ(All(values), (Ints{0, 0, 0}));
 }
 
 TEST_F(GFDevAccessTest, WarningPanelColoursAndBrightness) {
@@ -154,15 +154,13 @@ TEST_F(GFDevAccessTest, IoBoardGetterDecidesByItsFirstPointerAndOutputsUseTheDev
   EXPECT_EQ(GFDev_GFDIO_GetState(0, nullptr, &s[1], &s[2], &s[3], &s[4], &s[5], &s[6]), 0);
   EXPECT_EQ(s[1], 0);  // nothing written at all
   EXPECT_EQ(GFDev_GFDIO_GetState(0, &s[0], nullptr, &s[2], &s[3], &s[4], &s[5], &s[6]), 0);
-  EXPECT_EQ(s[0], 1);
-  EXPECT_EQ(s[6], 7);
+  EXPECT_EQ(All(s), (Ints{1, 0, 3, 4, 5, 6, 7}));
 
   ASSERT_TRUE(OutputIdle());
   Panels().ClearSent();
   EXPECT_EQ(GFDev_GFDIO_SetOutputs(0, 0xA, 0xB, 0xC, 0xD), 0);
-  auto sent = Panels().Sent(dio);
   ASSERT_TRUE(OutputIdle());
-  sent = Panels().Sent(dio);
+  const auto sent = Panels().Sent(dio);
   ASSERT_EQ(sent.size(), 1u);
   EXPECT_EQ(sent[0].kind, VirtualSentReport::Kind::Output);
   EXPECT_EQ(sent[0].bytes, (Bytes{2, 0xA, 0xB, 0xC, 0xD, 0, 0, 0}));

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
+#include <optional>
 #include <set>
 #include <thread>
 
@@ -28,7 +29,24 @@ namespace drav {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
+using Lengths = std::vector<int>;
 using namespace std::chrono_literals;
+
+// Each notice as "arrive PATH" or "remove PATH", in order.
+using Notices = std::vector<std::string>;
+Notices Described(const std::vector<HidDeviceChange>& changes) {
+  Notices notices;
+  for (const HidDeviceChange& change : changes) {
+    notices.push_back((change.kind == HidDeviceChange::Kind::Arrival ? "arrive " : "remove ") + change.path);
+  }
+  return notices;
+}
+
+// Input, output and feature report lengths of a parsed descriptor.
+Lengths LengthsOf(const std::optional<HidReportLayout>& layout) {
+  if (!layout) return {};
+  return {layout->lengths.inputReportLength, layout->lengths.outputReportLength, layout->lengths.featureReportLength};
+}
 
 // ---- sysfs text and node names -----------------------------------------------------------------
 
@@ -57,31 +75,25 @@ TEST(HidrawIdentity, SerialIsEmptyWhenAbsentAndLineEndsAreTolerated) {
 }
 
 TEST(HidrawIdentity, RejectsUeventWithoutUsableIds) {
-  EXPECT_FALSE(ParseHidUevent(""));
-  EXPECT_FALSE(ParseHidUevent("HID_NAME=x\nHID_UNIQ=y\n"));
-  EXPECT_FALSE(ParseHidUevent("HID_ID=0003:000009F3\n"));
-  EXPECT_FALSE(ParseHidUevent("HID_ID=0003:0009F3:zz20\n"));
-  EXPECT_FALSE(ParseHidUevent("HID_ID=0003:000109F3:00000020\n")) << "vendor wider than 16 bits";
-  EXPECT_FALSE(ParseHidUevent("HID_ID=0003::00000020\n"));
+  for (const char* uevent : {"", "HID_NAME=x\nHID_UNIQ=y\n", "HID_ID=0003:000009F3\n", "HID_ID=0003:0009F3:zz20\n",
+                              "HID_ID=0003:000109F3:00000020\n",  // vendor wider than 16 bits
+                              "HID_ID=0003::00000020\n"}) {
+    EXPECT_FALSE(ParseHidUevent(uevent)) << uevent;
+  }
 }
 
 TEST(HidrawIdentity, ParsesReleaseNumbers) {
   EXPECT_EQ(ParseBcdAttribute("0100\n"), 0x0100);
   EXPECT_EQ(ParseBcdAttribute("0203"), 0x0203);
-  EXPECT_FALSE(ParseBcdAttribute(""));
-  EXPECT_FALSE(ParseBcdAttribute("\n"));
-  EXPECT_FALSE(ParseBcdAttribute("1.00\n"));
-  EXPECT_FALSE(ParseBcdAttribute("10000\n"));
+  for (const char* bad : {"", "\n", "1.00\n", "10000\n"}) EXPECT_FALSE(ParseBcdAttribute(bad)) << bad;
 }
 
 TEST(HidrawIdentity, OrdersNodesByNumberAndSkipsOtherNames) {
   EXPECT_EQ(HidrawNodeNumber("hidraw0"), 0);
   EXPECT_EQ(HidrawNodeNumber("hidraw12"), 12);
-  EXPECT_FALSE(HidrawNodeNumber("hidraw"));
-  EXPECT_FALSE(HidrawNodeNumber("hidraw1a"));
-  EXPECT_FALSE(HidrawNodeNumber("hidraw-1"));
-  EXPECT_FALSE(HidrawNodeNumber("myhidraw1"));
-  EXPECT_FALSE(HidrawNodeNumber("hidraw99999999999999"));
+  for (const char* other : {"hidraw", "hidraw1a", "hidraw-1", "myhidraw1", "hidraw99999999999999"}) {
+    EXPECT_FALSE(HidrawNodeNumber(other)) << other;
+  }
 
   EXPECT_EQ(SortedHidrawPaths("/dev", {"hidraw10", "tty0", "hidraw2", "hidraw", "hidraw0", "hidraw1x"}),
             (std::vector<std::string>{"/dev/hidraw0", "/dev/hidraw2", "/dev/hidraw10"}));
@@ -90,10 +102,9 @@ TEST(HidrawIdentity, OrdersNodesByNumberAndSkipsOtherNames) {
 
 TEST(HidrawIdentity, CanonicalPathUndoesUpperCasingOfHidrawPathsOnly) {
   EXPECT_EQ(CanonicalHidrawPath("/DEV/HIDRAW3"), "/dev/hidraw3");
-  EXPECT_EQ(CanonicalHidrawPath("/dev/hidraw3"), "/dev/hidraw3");
-  EXPECT_EQ(CanonicalHidrawPath("/DEV/TTY0"), "/DEV/TTY0");
-  EXPECT_EQ(CanonicalHidrawPath("/dev/hidraw"), "/dev/hidraw");
-  EXPECT_EQ(CanonicalHidrawPath("/tmp/hidraw3"), "/tmp/hidraw3");
+  for (const char* unchanged : {"/dev/hidraw3", "/DEV/TTY0", "/dev/hidraw", "/tmp/hidraw3"}) {
+    EXPECT_EQ(CanonicalHidrawPath(unchanged), unchanged);
+  }
   EXPECT_EQ(HidrawNodeNameOfPath("/Dev/HidRaw7"), "hidraw7");
   EXPECT_EQ(HidrawNodeNameOfPath("/dev/"), "");
 }
@@ -127,9 +138,7 @@ TEST(HidReportDescriptor, NumberedReportsTakeTheLongestOfEachKindPlusTheIdByte) 
   const auto layout = ParseHidReportDescriptor(descriptor);
   ASSERT_TRUE(layout);
   EXPECT_TRUE(layout->numberedReports);
-  EXPECT_EQ(layout->lengths.inputReportLength, 4);
-  EXPECT_EQ(layout->lengths.outputReportLength, 8);
-  EXPECT_EQ(layout->lengths.featureReportLength, 8);
+  EXPECT_EQ(LengthsOf(layout), (Lengths{4, 8, 8}));
 }
 
 TEST(HidReportDescriptor, UnnumberedReportsStillCountAnIdByteAndMissingKindsAreZero) {
@@ -139,9 +148,7 @@ TEST(HidReportDescriptor, UnnumberedReportsStillCountAnIdByteAndMissingKindsAreZ
   const auto layout = ParseHidReportDescriptor(descriptor);
   ASSERT_TRUE(layout);
   EXPECT_FALSE(layout->numberedReports);
-  EXPECT_EQ(layout->lengths.inputReportLength, 3);
-  EXPECT_EQ(layout->lengths.outputReportLength, 0);
-  EXPECT_EQ(layout->lengths.featureReportLength, 0);
+  EXPECT_EQ(LengthsOf(layout), (Lengths{3, 0, 0}));
 }
 
 TEST(HidReportDescriptor, PushAndPopRestoreSizeCountAndId) {
@@ -152,18 +159,13 @@ TEST(HidReportDescriptor, PushAndPopRestoreSizeCountAndId) {
                          0x81, 0x02,                          // id 3: 4 bytes in
                          0x97, 0x0A, 0x00, 0x00, 0x00,        // Report Count 10 (four data bytes)
                          0x81, 0x02};                         // id 3: 14 bytes in
-  const auto layout = ParseHidReportDescriptor(descriptor);
-  ASSERT_TRUE(layout);
-  EXPECT_EQ(layout->lengths.inputReportLength, 15);
+  EXPECT_EQ(LengthsOf(ParseHidReportDescriptor(descriptor)), (Lengths{15, 0, 0}));
 }
 
 TEST(HidReportDescriptor, SkipsLongItemsAndRejectsMalformedDescriptors) {
   const Bytes withLongItem{0xFE, 0x02, 0x10, 0x81, 0x02,  // a long item whose data looks like Input
                            0x75, 0x08, 0x95, 0x02, 0xB1, 0x02};
-  const auto layout = ParseHidReportDescriptor(withLongItem);
-  ASSERT_TRUE(layout);
-  EXPECT_EQ(layout->lengths.inputReportLength, 0);
-  EXPECT_EQ(layout->lengths.featureReportLength, 3);
+  EXPECT_EQ(LengthsOf(ParseHidReportDescriptor(withLongItem)), (Lengths{0, 0, 3}));
 
   EXPECT_FALSE(ParseHidReportDescriptor(Bytes{0x75, 0x08, 0x95})) << "item cut off";
   EXPECT_FALSE(ParseHidReportDescriptor(Bytes{0x97, 0x01, 0x00})) << "four-byte item cut off";
@@ -171,18 +173,14 @@ TEST(HidReportDescriptor, SkipsLongItemsAndRejectsMalformedDescriptors) {
   EXPECT_FALSE(ParseHidReportDescriptor(Bytes{0xFE, 0x00})) << "long item header cut off";
   EXPECT_FALSE(ParseHidReportDescriptor(Bytes{0xB4})) << "pop without push";
 
-  const auto empty = ParseHidReportDescriptor(Bytes{});
-  ASSERT_TRUE(empty);
-  EXPECT_EQ(empty->lengths.inputReportLength, 0);
+  EXPECT_EQ(LengthsOf(ParseHidReportDescriptor(Bytes{})), (Lengths{0, 0, 0}));
 }
 
 TEST(HidReportDescriptor, HugeSizesSaturateInsteadOfWrapping) {
   const Bytes descriptor{0x77, 0xFF, 0xFF, 0xFF, 0xFF,   // Report Size 2^32 - 1
                          0x97, 0xFF, 0xFF, 0xFF, 0xFF,   // Report Count 2^32 - 1
                          0x81, 0x02, 0x81, 0x02};
-  const auto layout = ParseHidReportDescriptor(descriptor);
-  ASSERT_TRUE(layout);
-  EXPECT_EQ(layout->lengths.inputReportLength, 0xFFFF);
+  EXPECT_EQ(LengthsOf(ParseHidReportDescriptor(descriptor)), (Lengths{0xFFFF, 0, 0}));
 }
 
 // ---- change bookkeeping ------------------------------------------------------------------------
@@ -198,11 +196,7 @@ TEST(HidDeviceChangeQueue, HandsOverNoticesInOrderOnceAndAppends) {
   queue.Push({HidDeviceChange::Kind::Removal, "/dev/hidraw0"});
   EXPECT_TRUE(queue.HasChanges());
   queue.TakeAll(out);
-  ASSERT_EQ(out.size(), 3u);
-  EXPECT_EQ(out[1].path, "/dev/hidraw1");
-  EXPECT_EQ(out[1].kind, HidDeviceChange::Kind::Arrival);
-  EXPECT_EQ(out[2].path, "/dev/hidraw0");
-  EXPECT_EQ(out[2].kind, HidDeviceChange::Kind::Removal);
+  EXPECT_EQ(Described(out), (Notices{"remove earlier", "arrive /dev/hidraw1", "remove /dev/hidraw0"}));
   EXPECT_FALSE(queue.HasChanges());
   queue.TakeAll(out);
   EXPECT_EQ(out.size(), 3u);
@@ -249,13 +243,11 @@ TEST(HidrawNodeEvents, AnnouncesANewNodeOnceItIsUsableOrWaitedLongEnough) {
 
   usable.insert("/dev/hidraw4");
   events.Settle(start + 20ms, check, out);
-  ASSERT_EQ(out.size(), 1u);
-  EXPECT_EQ(out[0].path, "/dev/hidraw4");
-  EXPECT_EQ(out[0].kind, HidDeviceChange::Kind::Arrival);
+  EXPECT_EQ(Described(out), Notices{"arrive /dev/hidraw4"});
 
   events.Settle(start + 1000ms, check, out);
-  ASSERT_EQ(out.size(), 2u) << "patience ran out: announced anyway";
-  EXPECT_EQ(out[1].path, "/dev/hidraw3");
+  EXPECT_EQ(Described(out), (Notices{"arrive /dev/hidraw4", "arrive /dev/hidraw3"}))
+      << "patience ran out: announced anyway";
   EXPECT_FALSE(events.Waiting());
 }
 
@@ -280,9 +272,7 @@ TEST(HidrawNodeEvents, ANodeAnnouncedUnusableIsAnnouncedAgainWhenItsPermissionsA
 
   usable.insert("/dev/hidraw2");
   events.AttributesChanged("hidraw2", check, out);
-  ASSERT_EQ(out.size(), 1u);
-  EXPECT_EQ(out[0].kind, HidDeviceChange::Kind::Arrival);
-  EXPECT_EQ(out[0].path, "/dev/hidraw2");
+  EXPECT_EQ(Described(out), Notices{"arrive /dev/hidraw2"});
   events.AttributesChanged("hidraw2", check, out);
   EXPECT_EQ(out.size(), 1u) << "announced again once only";
 
@@ -307,9 +297,7 @@ TEST(HidrawNodeEvents, RemovalOnlyForNodesWhoseArrivalWasAnnounced) {
 
   events.Deleted("hidraw0", out);  // a node present before the watch began
   events.Deleted("null", out);
-  ASSERT_EQ(out.size(), 1u);
-  EXPECT_EQ(out[0].kind, HidDeviceChange::Kind::Removal);
-  EXPECT_EQ(out[0].path, "/dev/hidraw0");
+  EXPECT_EQ(Described(out), Notices{"remove /dev/hidraw0"});
 }
 
 #ifdef __linux__
@@ -437,17 +425,12 @@ TEST_F(LinuxBackendFolder, NoticesNodesAppearingAndGoingWhileWatching) {
   Touch("hidraw5");
   Touch("other");
   changes = TakeUntil(backend, 1);
-  ASSERT_EQ(changes.size(), 1u);
-  EXPECT_EQ(changes[0].kind, HidDeviceChange::Kind::Arrival);
-  EXPECT_EQ(changes[0].path, PathOf("hidraw5"));
+  EXPECT_EQ(Described(changes), Notices{"arrive " + PathOf("hidraw5")});
 
   std::filesystem::remove(folder_ / "hidraw0");
   std::filesystem::remove(folder_ / "hidraw5");
   changes = TakeUntil(backend, 2);
-  ASSERT_EQ(changes.size(), 2u);
-  EXPECT_EQ(changes[0].kind, HidDeviceChange::Kind::Removal);
-  EXPECT_EQ(changes[0].path, PathOf("hidraw0"));
-  EXPECT_EQ(changes[1].path, PathOf("hidraw5"));
+  EXPECT_EQ(Described(changes), (Notices{"remove " + PathOf("hidraw0"), "remove " + PathOf("hidraw5")}));
 
   backend.StopNotifications();
   Touch("hidraw6");
@@ -459,8 +442,7 @@ TEST_F(LinuxBackendFolder, NoticesNodesAppearingAndGoingWhileWatching) {
   backend.StartNotifications();  // watching again after a stop
   std::filesystem::remove(folder_ / "hidraw6");
   changes = TakeUntil(backend, 1);
-  ASSERT_EQ(changes.size(), 1u);
-  EXPECT_EQ(changes[0].kind, HidDeviceChange::Kind::Removal);
+  EXPECT_EQ(Described(changes), Notices{"remove " + PathOf("hidraw6")});
 }
 
 TEST(LinuxHidBackend, IsThePlatformBackend) {

@@ -7,12 +7,22 @@
 namespace drav {
 namespace {
 
-std::vector<std::uint8_t> Report(std::uint8_t id, std::uint8_t value) { return {id, value}; }
+using Bytes = std::vector<std::uint8_t>;
+using Reports = std::vector<Bytes>;
+
+Bytes Report(std::uint8_t id, std::uint8_t value) { return {id, value}; }
 
 std::vector<std::uint8_t> Taken(ReportQueue& queue) {
   std::optional<QueuedReport> report = queue.TakeFront();
   if (!report) return {};
   return {report->bytes.begin(), report->bytes.begin() + static_cast<std::ptrdiff_t>(report->length)};
+}
+
+// Everything left, in the order it is taken.
+Reports TakenAll(ReportQueue& queue) {
+  Reports all;
+  for (Bytes report = Taken(queue); !report.empty(); report = Taken(queue)) all.push_back(report);
+  return all;
 }
 
 TEST(ReportQueueTest, FullQueueDropsTheNewestAndKeepsTheOrder) {
@@ -45,11 +55,7 @@ TEST(ReportQueueTest, FullQueueKeepsTheNewestReportOfEachKind) {
   EXPECT_FALSE(queue.Append(Report(5, 2), ReportKind::Output));
   EXPECT_FALSE(queue.Append(std::vector<std::uint8_t>{5, 2, 0}, ReportKind::Feature));
   EXPECT_TRUE(queue.Append(Report(5, 2), ReportKind::Feature));
-  EXPECT_EQ(Taken(queue), Report(2, 3));
-  EXPECT_EQ(Taken(queue), Report(3, 2));
-  EXPECT_EQ(Taken(queue), Report(9, 1));
-  EXPECT_EQ(Taken(queue), Report(5, 2));
-  EXPECT_FALSE(queue.TakeFront().has_value());
+  EXPECT_EQ(TakenAll(queue), (Reports{Report(2, 3), Report(3, 2), Report(9, 1), Report(5, 2)}));
 }
 
 TEST(ReportQueueTest, AKeyOfTwoBytesKeepsOneReportPerAddressedLight) {
@@ -59,9 +65,7 @@ TEST(ReportQueueTest, AKeyOfTwoBytesKeepsOneReportPerAddressedLight) {
   EXPECT_TRUE(queue.Append(std::vector<std::uint8_t>{2, 3, 100}, ReportKind::Output));
   EXPECT_FALSE(queue.Append(std::vector<std::uint8_t>{2, 4, 0}, ReportKind::Output));
   EXPECT_TRUE(queue.Append(std::vector<std::uint8_t>{2, 2, 0}, ReportKind::Output));
-  EXPECT_EQ(Taken(queue), (std::vector<std::uint8_t>{2, 1, 100}));
-  EXPECT_EQ(Taken(queue), (std::vector<std::uint8_t>{2, 3, 100}));
-  EXPECT_EQ(Taken(queue), (std::vector<std::uint8_t>{2, 2, 0}));
+  EXPECT_EQ(TakenAll(queue), (Reports{{2, 1, 100}, {2, 3, 100}, {2, 2, 0}}));
 }
 
 TEST(ReportQueueTest, PushedBackReportComesFirstEvenWhenTheQueueFilledMeanwhile) {

@@ -11,6 +11,7 @@ namespace drav {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
+using Ints = std::vector<int>;
 
 class UnitPortTest : public testing::VirtualPanelsTest {
  protected:
@@ -185,25 +186,18 @@ TEST_F(UnitPortTest, TakingInputClearsTheStepsAndKeepsTheStates) {
   const UnitPort dials(kModuleGFRP48, 0);
   GFRP48InputRecord state{};
   ASSERT_EQ(dials.TakeInput(state), 0);
-  EXPECT_EQ(state.encoders[0], 1);
-  EXPECT_EQ(state.encoders[1], -2);
-  EXPECT_EQ(state.encoders[3], -128);
+  EXPECT_EQ(Ints(state.encoders, state.encoders + 4), (Ints{1, -2, 3, -128}));
   EXPECT_EQ(state.buttons, 0xA5);
   ASSERT_EQ(dials.TakeInput(state), 0);
-  EXPECT_EQ(state.encoders[0], 0);
-  EXPECT_EQ(state.encoders[1], 0);
-  EXPECT_EQ(state.encoders[2], 0);
-  EXPECT_EQ(state.encoders[3], 0);
+  EXPECT_EQ(Ints(state.encoders, state.encoders + 4), (Ints{0, 0, 0, 0}));
   EXPECT_EQ(state.buttons, 0xA5) << "switch bits are a state, not a count";
 
   const UnitPort trim(kModuleGFLGT, 0);
   GFLGTInputRecord wheel{};
   ASSERT_EQ(trim.TakeInput(wheel), 0);
-  EXPECT_EQ(wheel.value, 5);
-  EXPECT_EQ(wheel.switches, 0x3C);
+  EXPECT_EQ((Ints{wheel.value, wheel.switches}), (Ints{5, 0x3C}));
   ASSERT_EQ(trim.TakeInput(wheel), 0);
-  EXPECT_EQ(wheel.value, 0);
-  EXPECT_EQ(wheel.switches, 0x3C);
+  EXPECT_EQ((Ints{wheel.value, wheel.switches}), (Ints{0, 0x3C}));
 }
 
 }  // namespace
