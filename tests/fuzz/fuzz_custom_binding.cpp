@@ -6,6 +6,7 @@
 #include <string>
 
 #include "FuzzCheck.h"
+#include "plugin/PluginContext.h"
 #include "config/AssignmentValues.h"
 #include "functions/CustomBindingSyntax.h"
 #include "functions/CustomBindings.h"
@@ -56,6 +57,7 @@ void CheckAccepted(const drav::CustomBindingSpec& spec) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const drav::PluginContext context;  // the log, settings and function objects of a running plug-in
   // What the INI reader can hand over: the text up to its first NUL.
   const std::string text(std::string(reinterpret_cast<const char*>(data), size).c_str());
   drav::CustomBindingSpec spec;

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "FuzzCheck.h"
+#include "plugin/PluginContext.h"
 #include "base/IniFile.h"
 
 namespace {
@@ -61,6 +62,7 @@ std::string ReadValue(const std::string& path, const std::string& section, const
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const drav::PluginContext context;  // the reader's snapshots, the log and the settings of a running plug-in
   FuzzedDataProvider input(data, size);
   const std::string section = input.ConsumeRandomLengthString(32);
   const std::string key = input.ConsumeRandomLengthString(32);
