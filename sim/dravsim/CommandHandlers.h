@@ -28,6 +28,7 @@ void PlaneLoadedCommand(ScenarioContext& ctx, const Invocation& call);
 // RunCommands.cpp: time, the menu, commands the pilot runs and other plug-ins' dataref writes.
 void FrameCommand(ScenarioContext& ctx, const Invocation& call);
 void RunCommand(ScenarioContext& ctx, const Invocation& call);
+void RepeatCommand(ScenarioContext& ctx, const Invocation& call);
 void MenuCommand(ScenarioContext& ctx, const Invocation& call);
 void RunSimCommandCommand(ScenarioContext& ctx, const Invocation& call);
 void WriteDatarefCommand(ScenarioContext& ctx, const Invocation& call);

@@ -42,6 +42,7 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"boot", "boot", 0, 0, false, ThenWaitForPanelOutput<BootCommand>},
     {"frame", "frame [N]", 0, 1, false, ThenWaitForPanelOutput<FrameCommand>},
     {"run", "run SECONDS", 1, 1, false, ThenWaitForPanelOutput<RunCommand>},
+    {"repeat", "repeat COUNT ... end", 1, 1, true, RepeatCommand},
     {"message", "message FROM ID PARAM", 3, 3, false, ThenWaitForPanelOutput<MessageCommand>},
     {"plane-loaded", "plane-loaded", 0, 0, false, ThenWaitForPanelOutput<PlaneLoadedCommand>},
     {"menu", "menu \"ITEM\"", 1, 1, false, ThenWaitForPanelOutput<MenuCommand>},

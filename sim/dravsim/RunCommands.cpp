@@ -44,6 +44,17 @@ void RunCommand(ScenarioContext& ctx, const Invocation& call) {
   NoteClock(ctx);
 }
 
+// The block's lines run COUNT times over, as if written out: the long runs of the same input a fault
+// scenario needs stay readable. A failure inside points at the `repeat` line.
+void RepeatCommand(ScenarioContext& ctx, const Invocation& call) {
+  constexpr long long kMaxRepeats = 100'000;
+  const auto count = IntegerArg(ctx, call, 0, 0, kMaxRepeats);
+  if (!count) return;
+  for (long long round = 0; round < *count && !ctx.Skipped(); ++round) {
+    for (const std::string& line : call.block) ctx.runNestedLine(line);
+  }
+}
+
 void MenuCommand(ScenarioContext& ctx, const Invocation& call) {
   const std::string& item = call.args[0].text;
   if (ctx.host.PickMenuItem(item)) return;

@@ -2,6 +2,7 @@
 // the counts so far, and the plug-in's state as the scenario has driven it.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -53,6 +54,8 @@ class ScenarioContext {
   PanelHardware* hid = nullptr;
   std::string hardwareError;
   PanelBoard panels;
+  // Runs one more line as a command of the current one (a `repeat` block's lines), set by the runner.
+  std::function<void(const std::string&)> runNestedLine;
 
   const ScenarioResult& Result() const { return result_; }
   const std::string& Name() const { return name_; }

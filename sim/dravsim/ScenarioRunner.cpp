@@ -51,6 +51,11 @@ ScenarioResult ScenarioRunner::Run(LineSource& source, std::string_view name) {
     ctx.Error("no panels: " + ctx.hardwareError);
     return ctx.Result();
   }
+  // A nested line has no lines after it, so a block opened inside a repeat block reads no `end`.
+  ctx.runNestedLine = [this, &ctx](const std::string& nested) {
+    TextLineSource nothingAfter("");
+    RunLine(ctx, nothingAfter, nested);
+  };
   host.LoadPlugin(options_.plugin);
   std::string line;
   while (!ctx.Skipped() && source.Next(line, LineKind::Command)) {
