@@ -118,26 +118,6 @@ TEST_F(IniReadTest, LineOfExactly255IsReadWholeAndALongerValueIsCutAtTheChunk) {
   EXPECT_EQ(Value("S", "Key"), value);
 }
 
-TEST_F(IniReadTest, MissingFileGivesTheDefaultAndCreatesNothing) {
-  EXPECT_EQ(Read("S", "Key", "fallback"), std::make_pair(false, std::string("fallback")));
-  EXPECT_FALSE(std::filesystem::exists(path_));
-  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
-}
-
-TEST_F(IniReadTest, MissingSectionOrKeyGivesTheDefault) {
-  GivenFile("[S]\r\nKey=1\r\n");
-  EXPECT_EQ(Read("T", "Key", "d1"), std::make_pair(false, std::string("d1")));
-  EXPECT_EQ(Read("S", "Other", "d2"), std::make_pair(false, std::string("d2")));
-  GivenFile("");
-  EXPECT_EQ(Read("S", "Key", "d3"), std::make_pair(false, std::string("d3")));
-}
-
-TEST_F(IniReadTest, DefaultIsCopiedSafely) {
-  EXPECT_EQ(Read("S", "Key", nullptr), std::make_pair(false, std::string()));
-  const std::string longDefault(1000, 'd');
-  EXPECT_EQ(Read("S", "Key", longDefault.c_str()).second, std::string(255, 'd'));
-}
-
 TEST_F(IniReadTest, BadArgumentsAndUnreadableFilesGiveTheDefault) {
   GivenFile("[S]\nKey=1\n");
   EXPECT_EQ(Read(nullptr, "Key"), std::make_pair(false, std::string("DEF")));

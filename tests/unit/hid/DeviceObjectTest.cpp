@@ -144,23 +144,6 @@ TEST_F(DeviceObjectTest, RetryingStrategiesKeepAFailedReportUntilItIsSent) {
   }
 }
 
-TEST_F(DeviceObjectTest, ByVersionPadsNewUnitsToEightByteOutputReports) {
-  auto object = Make(12, 0x0200);  // GF-MCPPro, new firmware
-  object->Open();
-  Queue(*object, {14, 0x07});
-  ASSERT_TRUE(Idle(*object));
-  ASSERT_EQ(Sent().size(), 1u);
-  EXPECT_EQ(Sent()[0].kind, VirtualSentReport::Kind::Output);
-  EXPECT_EQ(SentBytes(0), (Bytes{14, 0x07, 0xDD, 0xDD, 0xDD, 0xDD, 0xDD, 0xDD}));
-
-  // A failed output report is not retried.
-  Fail(VirtualFault::Write, true);
-  const int before = counting_.Attempts();
-  Queue(*object, {14, 0x08});
-  ASSERT_TRUE(Idle(*object));
-  EXPECT_EQ(counting_.Attempts(), before + 1);
-}
-
 TEST_F(DeviceObjectTest, ByKindSendsEachReportAsItWasQueuedAndRetriesFailures) {
   auto object = Make(19);  // GF-DIO class, started without its after-open outputs
   object->Start();
@@ -235,92 +218,7 @@ TEST_F(DeviceObjectTest, FlushSendsWhatIsLeftWhileTheUnitIsThere) {
   EXPECT_EQ(sent[1].bytes, (Bytes{3, 2}));
 }
 
-TEST_F(DeviceObjectTest, UnitThatCannotBeOpenedStillMakesAnObjectThatReadsNothing) {
-  auto object = Make(2);
-  Fail(VirtualFault::Open, true);
-  object->Open();
-  EXPECT_EQ(object->Attributes().version, 0);
-  EXPECT_EQ(object->State<GFP8InputRecord>().switches, 0);
-  object->Stop();
-  Fail(VirtualFault::Open, false);
-  object->Start();  // a restart of a unit that answers now reads its report length then
-  EXPECT_EQ(object->Attributes().version, 0x0100);
-  const std::uint64_t before = object->InputReportsHandled();
-  ASSERT_TRUE(panels_.SendInput(path_, {0, 0x42}));
-  ASSERT_TRUE(WaitUntil([&] { return object->InputReportsHandled() > before; }));
-  EXPECT_EQ(object->State<GFP8InputRecord>().switches, 0x42);
-}
-
 // ---- the state read at open and input decoding ---------------------------------------------------------
-
-TEST_F(DeviceObjectTest, InitialStateIsReadFromTheModelsFeatureReport) {
-  auto mcp = Make(6);  // GF-MCP: report 14, values taken unsigned
-  panels_.SetFeatureAnswer(path_, 14, {14, 200, 1, 2, 3, 4, 0x81, 0x42});
-  mcp->Open();
-  const GFMCPInputRecord state = mcp->State<GFMCPInputRecord>();
-  EXPECT_EQ((std::vector<int>(state.encoders, state.encoders + 5)), (std::vector<int>{200, 1, 2, 3, 4}));
-  EXPECT_EQ((std::vector<int>{state.buttons1, state.buttons2}), (std::vector<int>{0x81, 0x42}));
-  EXPECT_EQ(CallbackRecorder::Instance().Count(), 0u);  // no callback for the open-time read
-}
-
-TEST_F(DeviceObjectTest, FailedInitialReadLeavesTheStateAtZero) {
-  auto p8 = Make(2);
-  panels_.SetFeatureAnswer(path_, 4, {4, 0xFF});
-  Fail(VirtualFault::Feature, true);
-  p8->Open();
-  EXPECT_EQ(p8->State<GFP8InputRecord>().switches, 0);
-}
-
-TEST_F(DeviceObjectTest, SecmDeliversItsOpenTimeStateWithTheUnassignedUnitNumber) {
-  GFDev_RegisterInputCallback(&CallbackRecorder::Callback);
-  auto secm = Make(14);
-  panels_.SetFeatureAnswer(path_, 2, {2, 0x40, 0x00, 0x00});
-  secm->Open();
-  auto records = CallbackRecorder::Instance().Records();
-  ASSERT_EQ(records.size(), 1u);
-  EXPECT_EQ(records[0].moduleType, 14u);
-  EXPECT_EQ(records[0].unit, static_cast<std::uint16_t>(-99));
-  EXPECT_EQ(records[0].bytes[0], 1);  // rotary position 1
-}
-
-TEST_F(DeviceObjectTest, SerialNumberOnlyForTheModelsThatAskAndEmptyWhenItFails) {
-  auto gf166 = Make(5, 0x0100, "SN-0042");
-  gf166->Open();
-  EXPECT_EQ(gf166->SerialNumber(), "SN-0042");
-  gf166.reset();
-  ASSERT_TRUE(panels_.Unplug(path_));
-
-  const std::string other = "/dev/virtual/unit1";
-  ASSERT_TRUE(panels_.Plug(other, SpecOf(2, 0x0100, "P8-SERIAL")));
-  DeviceObject p8(*FindDeviceClass(2), counting_, CurrentHidState().input, other);
-  p8.Open();
-  EXPECT_EQ(p8.SerialNumber(), "");
-
-  const std::string longSerial(40, 'X');
-  const std::string third = "/dev/virtual/unit2";
-  ASSERT_TRUE(panels_.Plug(third, SpecOf(15, 0x0100, longSerial)));
-  DeviceObject fmc(*FindDeviceClass(15), counting_, CurrentHidState().input, third);
-  fmc.Open();
-  EXPECT_EQ(fmc.SerialNumber(), std::string(kMaxSerialNumberLength, 'X'));
-}
-
-TEST_F(DeviceObjectTest, InputIsDecodedKeptAndDeliveredWithTheUnitNumber) {
-  GFDev_RegisterInputCallback(&CallbackRecorder::Callback);
-  auto gf46 = Make(8);
-  gf46->Open();
-  gf46->SetUnit(3);
-  ASSERT_TRUE(panels_.SendInput(path_, {0, 0x05, 0xFF, 0x81}));
-  ASSERT_TRUE(WaitUntil([&] { return gf46->InputReportsHandled() == 1; }));
-  const GF46InputRecord state = gf46->State<GF46InputRecord>();
-  EXPECT_EQ((std::vector<int>{state.encoder1, state.encoder2, state.buttons}), (std::vector<int>{5, -1, 0x81}));
-  auto records = CallbackRecorder::Instance().Records();
-  ASSERT_EQ(records.size(), 1u);
-  EXPECT_EQ(records[0].moduleType, 8u);
-  EXPECT_EQ(records[0].unit, 3);
-  GF46InputRecord delivered;
-  std::memcpy(&delivered, records[0].bytes.data(), sizeof delivered);
-  EXPECT_EQ(delivered.encoder2, -1);
-}
 
 // ---- waking the writer once for a run of reports ---------------------------------------------------
 

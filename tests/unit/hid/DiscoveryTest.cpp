@@ -71,44 +71,6 @@ TEST_F(DiscoveryTest, TheSerialDecidesBetweenTwoUnitsOfOnePort) {
   EXPECT_EQ(GFDev_UnitPath(kGFP8, 2), "") << "no newcomer was made";
 }
 
-TEST_F(DiscoveryTest, NoticesAreIgnoredWhileStoppedAndTablesEmptyAfterStop) {
-  Plug(kGF46, "/dev/v/radio-a");
-  GFDev_ProcessDeviceChanges();  // never started: nothing happens
-  EXPECT_EQ(GFDev_GF46_Count(), 0);
-  StartLayer();
-  EXPECT_EQ(GFDev_GF46_Count(), 1);
-  GFDev_Stop();
-  EXPECT_EQ(GFDev_GF46_Count(), 0);
-  EXPECT_EQ(GFDev_UnitPath(kGF46, 0), "");
-  Plug(kGF46, "/dev/v/radio-b");
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GF46_Count(), 0);
-}
-
-TEST_F(DiscoveryTest, ExtendedInfoReportsSerialAndOutputLengthWhereTheModelHasThem) {
-  Plug(kGFLGT2, "/dev/v/lgt2", 0x0123);
-  Plug(12, "/dev/v/mcppro", 0x0200, "MCP-77");
-  Plug(13, "/dev/v/efis", 0x0100, "EFIS-5");
-  StartLayer();
-  GFDevInfoEx info{};
-  info.size = kGFDevInfoExSize;
-  info.outputReportLength = 0xBEEF;
-  EXPECT_EQ(GFDev_GetDeviceInfoEx(kGFLGT2, 0, &info), 0);
-  EXPECT_STREQ(info.path, "/DEV/V/LGT2");
-  EXPECT_EQ(std::uint16_t{info.version}, 0x0123);
-  EXPECT_STREQ(info.serial, "");
-  EXPECT_EQ(std::uint16_t{info.outputReportLength}, 8);  // packed: compare a copy
-
-  info.outputReportLength = 0xBEEF;
-  EXPECT_EQ(GFDev_GetDeviceInfoEx(12, 0, &info), 0);
-  EXPECT_STREQ(info.serial, "MCP-77");
-  EXPECT_EQ(std::uint16_t{info.outputReportLength}, 0xBEEF);  // left as the caller had it
-
-  // The GF-EFIS has a serial too: two of them behind one hub are told apart by it.
-  EXPECT_EQ(GFDev_GetDeviceInfoEx(13, 0, &info), 0);
-  EXPECT_STREQ(info.serial, "EFIS-5");
-}
-
 // The kernel never announces a device at a path that is still there. The stand-in holds to that, so a
 // scenario that plugs or replugs a unit still present is told so instead of passing on a second
 // arrival that no real machine would send.

@@ -128,19 +128,6 @@ TEST_F(UnitPortTest, DisplayNumbersPickTheirReportsAndAMissingOneBuildsNothing) 
   EXPECT_TRUE(SentTo(p8).empty());
 }
 
-TEST_F(UnitPortTest, IndicatorsAreEncodedByTheirModel) {
-  const std::string lgt = Plug(kModuleGFLGT, "/dev/v/lgt");
-  const std::string mcppro = Plug(kModuleGFMCPPro, "/dev/v/mcppro");
-  const std::string wcp = Plug(kModuleGFWCP, "/dev/v/wcp");
-  StartQuiet();
-  EXPECT_EQ(UnitPort(kModuleGFLGT, 0).SetIndicators(0x140), 0);
-  EXPECT_EQ(SentTo(lgt), (std::vector<Bytes>{{2, 0x43}})) << "a byte, the two lowest lights always on";
-  EXPECT_EQ(UnitPort(kModuleGFMCPPro, 0).SetIndicators(0x80402010), 0);
-  EXPECT_EQ(SentTo(mcppro), (std::vector<Bytes>{{15, 0x80, 0x40, 0x20, 0x10}}));
-  EXPECT_EQ(UnitPort(kModuleGFWCP, 0).SetIndicators(1), 2) << "its indicators take colours";
-  EXPECT_TRUE(SentTo(wcp).empty());
-}
-
 TEST_F(UnitPortTest, BrightnessIsSentInFourBitsAndReadBackOnlyOnSuccess) {
   const std::string p8 = Plug(kModuleGFP8, "/dev/v/p8");
   const std::string gf45 = Plug(kModuleGF45, "/dev/v/gf45");

@@ -18,42 +18,6 @@ std::vector<InputEvent> DrainAll(InputEventQueue& queue, bool* processed = nullp
   return taken;
 }
 
-TEST(InputEventQueueTest, EmptyQueueDrainsNothing) {
-  InputEventQueue queue;
-  bool processed = true;
-  EXPECT_TRUE(DrainAll(queue, &processed).empty());
-  EXPECT_FALSE(processed);
-  EXPECT_EQ(queue.pending.load(), 0);
-  EXPECT_EQ(queue.readIndex, 0);
-}
-
-TEST(InputEventQueueTest, OneDrainTakesEveryEventInPushOrder) {
-  InputEventQueue queue;
-  ASSERT_TRUE(PushInputEvent(queue, 2, 0, 2, 1));
-  ASSERT_TRUE(PushInputEvent(queue, 8, 1, 0, -3));
-  ASSERT_TRUE(PushInputEvent(queue, 2, 0, 2, 0));
-
-  bool processed = false;
-  const std::vector<InputEvent> taken = DrainAll(queue, &processed);
-  EXPECT_TRUE(processed);
-  const std::vector<InputEvent> expected = {{2, 0, 2, 1}, {8, 1, 0, -3}, {2, 0, 2, 0}};
-  EXPECT_EQ(taken, expected);
-  EXPECT_EQ(queue.pending.load(), 0);
-  EXPECT_TRUE(DrainAll(queue, &processed).empty());
-  EXPECT_FALSE(processed);
-}
-
-TEST(InputEventQueueTest, EventPushedDuringTheDrainIsTakenInTheSameRun) {
-  InputEventQueue queue;
-  PushInputEvent(queue, 2, 0, 1, 1);
-  std::vector<std::int32_t> controls;
-  DrainQueue(queue, [&](const InputEvent& event) {
-    controls.push_back(event.control);
-    if (event.control == 1) PushInputEvent(queue, 2, 0, 5, 0);
-  });
-  EXPECT_EQ(controls, (std::vector<std::int32_t>{1, 5}));
-}
-
 TEST(InputEventQueueTest, IndicesWrapBackToTheirStartAfter128) {
   InputEventQueue queue;
   for (int i = 0; i < kInputQueueCapacity; ++i) ASSERT_TRUE(PushInputEvent(queue, 1, 0, 0, i));
