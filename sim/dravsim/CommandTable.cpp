@@ -55,6 +55,7 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
     {"report", "report NAME HEX", 2, kAny, false, ReportCommand},
     {"press", "press NAME B", 2, 2, false, PressCommand},
     {"release", "release NAME B", 2, 2, false, ReleaseCommand},
+    {"tap", "tap NAME B", 2, 2, false, TapCommand},
     {"switch", "switch NAME S on|off", 3, 3, false, SwitchCommand},
     {"turn", "turn NAME ENCODER STEPS", 3, 3, false, TurnCommand},
     {"lever", "lever NAME L RAW [switch on|off]", 3, 5, false, LeverCommand},

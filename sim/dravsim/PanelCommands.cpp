@@ -484,6 +484,15 @@ void ReportCommand(ScenarioContext& ctx, const Invocation& call) {
 void PressCommand(ScenarioContext& ctx, const Invocation& call) { PushButton(ctx, call, true); }
 void ReleaseCommand(ScenarioContext& ctx, const Invocation& call) { PushButton(ctx, call, false); }
 
+void TapCommand(ScenarioContext& ctx, const Invocation& call) {
+  const std::string button = call.args[0].text + " " + call.args[1].text;
+  const int errorsBefore = ctx.Result().errors;
+  for (const std::string& step : {"press " + button, std::string("frame"), "release " + button, std::string("frame")}) {
+    ctx.runNestedLine(step);
+    if (ctx.Result().errors != errorsBefore) return;  // one error for a tap that cannot be made
+  }
+}
+
 void SwitchCommand(ScenarioContext& ctx, const Invocation& call) {
   if (!ArgCount(ctx, call, 3, 3)) return;
   PanelUnit* unit = PanelArg(ctx, call);

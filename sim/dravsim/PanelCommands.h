@@ -16,6 +16,8 @@ void FailCommand(ScenarioContext& ctx, const Invocation& call);
 // Acting on a panel
 void ReportCommand(ScenarioContext& ctx, const Invocation& call);
 void PressCommand(ScenarioContext& ctx, const Invocation& call);
+// A pilot's tap: press, a frame, release, a frame.
+void TapCommand(ScenarioContext& ctx, const Invocation& call);
 void ReleaseCommand(ScenarioContext& ctx, const Invocation& call);
 void SwitchCommand(ScenarioContext& ctx, const Invocation& call);
 void TurnCommand(ScenarioContext& ctx, const Invocation& call);

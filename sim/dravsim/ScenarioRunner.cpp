@@ -54,6 +54,7 @@ ScenarioResult ScenarioRunner::Run(LineSource& source, std::string_view name) {
   // A nested line has no lines after it, so a block opened inside a repeat block reads no `end`.
   ctx.runNestedLine = [this, &ctx](const std::string& nested) {
     TextLineSource nothingAfter("");
+    ctx.BeginCommand(ctx.Line());
     RunLine(ctx, nothingAfter, nested);
   };
   host.LoadPlugin(options_.plugin);
