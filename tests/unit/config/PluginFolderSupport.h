@@ -47,7 +47,6 @@ class PluginFolderTest : public ::testing::Test {
   void GivenIni(const std::string& bytes) const { WriteBytes(IniPath(), bytes); }
   // The log's text; empty when there is no log file.
   std::string LogText() const { return ReadBytes(LogPath()).value_or(""); }
-  bool LogExists() const { return std::filesystem::exists(LogPath()); }
 
  private:
   ScratchFolder root_;

@@ -38,11 +38,6 @@ class FunctionTest : public ::testing::Test {
 
   static sim::SimHost& host() { return sim::SimHost::Current(); }
 
-  // A plug-in's own (or an aircraft's) int dataref, which the simulator does not have by itself.
-  static void AddIntDataref(const std::string& path) {
-    ASSERT_TRUE(host().AddDataref(sim::DatarefDecl{path, sim::DatarefType::Int, 1, true})) << path;
-  }
-
   static void SetValue(const std::string& path, double value) {
     ASSERT_TRUE(host().SetDatarefValue(path, -1, -1, value)) << path;
   }
@@ -60,11 +55,6 @@ class FunctionTest : public ::testing::Test {
     host().ClearEvents();
     ExecuteFunction(record, action, value, forceOn);
     return host().Events();
-  }
-
-  static std::int32_t Refreshed(SwitchFunction& record) {
-    RefreshFunctionState(record);
-    return GetFunctionState(record);
   }
 
  private:

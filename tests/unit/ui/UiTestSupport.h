@@ -55,12 +55,6 @@ class UiTest : public ::testing::Test {
     return nullptr;
   }
 
-  static std::vector<std::string> Texts(const sim::DisplayItem& item) {
-    std::vector<std::string> texts;
-    for (const sim::DrawnText& text : item.texts) texts.push_back(text.text);
-    return texts;
-  }
-
  private:
   std::filesystem::path root_;
 };
