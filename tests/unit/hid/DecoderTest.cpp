@@ -31,59 +31,6 @@ InputDecode Decode(InputDecode (*decoder)(const std::uint8_t*, std::size_t, Reco
 
 // ---- plain byte models -----------------------------------------------------------------------
 
-TEST(DecoderTest, RadioEncodersAreSignExtendedAndButtonsKeptAsIs) {
-  GF46InputRecord gf46{};
-  EXPECT_EQ(Decode(DecodeGF46Input, Bytes{0x01, 0x05, 0xFF, 0x81}, gf46), InputDecode::Deliver);
-  EXPECT_EQ((Ints{gf46.encoder1, gf46.encoder2, gf46.buttons}), (Ints{5, -1, 0x81}));
-
-  GF45InputRecord gf45{};
-  EXPECT_EQ(Decode(DecodeGF45Input, Bytes{0x01, 0x80, 0x7F}, gf45), InputDecode::Deliver);
-  EXPECT_EQ(gf45.encoder1, -128);
-  EXPECT_EQ(gf45.encoder2, 127);
-
-  // Values replace the previous state, they do not accumulate.
-  GF166InputRecord gf166{3, -3, 0xFF};
-  EXPECT_EQ(Decode(DecodeGF166Input, Bytes{0x00, 0x02, 0xFE, 0x10, 0x99}, gf166), InputDecode::Deliver);
-  EXPECT_EQ((Ints{gf166.encoder1, gf166.encoder2, gf166.buttons}), (Ints{2, -2, 0x10}));
-}
-
-TEST(DecoderTest, SwitchAndEncoderPanels) {
-  GFSwitchByteInputRecord p8{};
-  EXPECT_EQ(Decode(DecodeSwitchByteInput, Bytes{0x00, 0xA5}, p8), InputDecode::Deliver);
-  EXPECT_EQ(p8.switches, 0xA5);
-
-  GFRP48InputRecord rp48{};
-  EXPECT_EQ(Decode(DecodeGFRP48Input, Bytes{0x00, 0x01, 0xFE, 0x7F, 0x80, 0xA5}, rp48), InputDecode::Deliver);
-  EXPECT_EQ(All(rp48.encoders), (Ints{1, -2, 127, -128}));
-  EXPECT_EQ(rp48.buttons, 0xA5);
-
-  GFLGTInputRecord lgt{};
-  EXPECT_EQ(Decode(DecodeGFLGTInput, Bytes{0x00, 0xFD, 0x3C}, lgt), InputDecode::Deliver);
-  EXPECT_EQ(lgt.value, -3);
-  EXPECT_EQ(lgt.switches, 0x3C);
-
-  GFLGT2InputRecord lgt2{};
-  EXPECT_EQ(Decode(DecodeGFLGT2Input, Bytes{0x00, 0xFF, 0x02, 0x80, 0xC3}, lgt2), InputDecode::Deliver);
-  EXPECT_EQ(All(lgt2.values), (Ints{-1, 2, -128}));
-  EXPECT_EQ(lgt2.switches, 0xC3);
-
-  GFMCPInputRecord mcp{};
-  EXPECT_EQ(Decode(DecodeGFMCPInput, Bytes{0x00, 0x01, 0xFF, 0x02, 0xFE, 0x80, 0xAA, 0x55}, mcp),
-            InputDecode::Deliver);
-  EXPECT_EQ(All(mcp.encoders), (Ints{1, -1, 2, -2, -128}));
-  EXPECT_EQ(mcp.buttons1, 0xAA);
-  EXPECT_EQ(mcp.buttons2, 0x55);
-
-  GFDIOInputRecord dio{};
-  EXPECT_EQ(Decode(DecodeGFDIOInput, Bytes{0x00, 1, 2, 3, 4, 5, 6, 0xF7}, dio), InputDecode::Deliver);
-  EXPECT_EQ(All(dio.states), (Ints{1, 2, 3, 4, 5, 6, 0xF7}));
-
-  // Only byte 1 is the key; whatever follows it is not part of the value.
-  GFFMCInputRecord fmc{};
-  EXPECT_EQ(Decode(DecodeGFFMCInput, Bytes{0x00, 0x42, 0xFF, 0xFF, 0xFF}, fmc), InputDecode::Deliver);
-  EXPECT_EQ(fmc.key, 0x42u);
-}
-
 // ---- composed models -------------------------------------------------------------------------
 
 TEST(DecoderTest, MCPProNibblesAreInterleavedAndSignedAndSwitchesBigEndian) {
@@ -152,20 +99,6 @@ TEST(DecoderTest, SECMRotaryHighestBitWinsAndReportsWithoutOneAreNotDelivered) {
   EXPECT_EQ(state.third, 2);
 }
 
-TEST(DecoderTest, SECMSwitchBytes) {
-  GFSECMInputRecord state{};
-  // Second: byte 3 bit 7 alone. Third: byte 3 bit 6 clear -> 1. Fourth: byte 3 bit 4.
-  Decode(DecodeGFSECMInput, Bytes{0x00, 0x40, 0x00, 0x90}, state);
-  EXPECT_EQ((Ints{state.second, state.third, state.fourth}), (Ints{1, 1, 1}));
-  // Byte 3 bit 6 set and byte 1 bit 0 clear -> third 0; nothing sets second or fourth.
-  Decode(DecodeGFSECMInput, Bytes{0x00, 0x40, 0x00, 0x40}, state);
-  EXPECT_EQ((Ints{state.second, state.third, state.fourth}), (Ints{0, 0, 0}));
-  // Byte 1 bit 0 wins over byte 3 bit 6; byte 1 bit 7 sets the fourth (it is no rotary bit).
-  EXPECT_EQ(Decode(DecodeGFSECMInput, Bytes{0x00, 0x81, 0x00, 0x40}, state), InputDecode::Stored);
-  EXPECT_EQ(state.third, 2);
-  EXPECT_EQ(state.fourth, 1);
-}
-
 TEST(DecoderTest, SECMSwitchWordMixesPlainAndInvertedBits) {
   struct Case {
     std::uint8_t byte2, byte3;
@@ -191,35 +124,6 @@ TEST(DecoderTest, SECMOpenTimeReportFollowsTheDeliveryRule) {
   EXPECT_EQ(state.rotary, 2);
   EXPECT_EQ(Decode(DecodeGFSECMFeature, Bytes{2, 0x01, 0x00, 0x00}, state), InputDecode::Stored);
   EXPECT_EQ(state.rotary, 2);
-}
-
-TEST(DecoderTest, MESMSelectorsAndTheUndefinedSecondValue) {
-  GFMESMInputRecord state{};
-  EXPECT_EQ(Decode(DecodeGFMESMInput, Bytes{0x00, 0x00}, state), InputDecode::Deliver);
-  EXPECT_EQ(All(state.values), (Ints{1, 2, 1}));
-  Decode(DecodeGFMESMInput, Bytes{0x00, 0x93}, state);  // 10 01 .. 11
-  EXPECT_EQ(All(state.values), (Ints{4, 1, 2}));
-  Decode(DecodeGFMESMInput, Bytes{0x00, 0x62}, state);  // 01 10 .. 10
-  EXPECT_EQ(All(state.values), (Ints{3, 3, 3}));
-  // Bits 4-5 both set define no second value: it keeps 3 from the report before.
-  Decode(DecodeGFMESMInput, Bytes{0x00, 0xFF}, state);
-  EXPECT_EQ(All(state.values), (Ints{4, 3, 4}));
-
-  EXPECT_EQ(Decode(DecodeGFMESMFeature, Bytes{2, 0x10}, state), InputDecode::Stored);
-  EXPECT_EQ(state.values[1], 1);
-}
-
-TEST(DecoderTest, TQ6ReversesTheLowNibbleOfByte7IntoBits4To1) {
-  GFTQ6InputRecord state{};
-  EXPECT_EQ(Decode(DecodeGFTQ6Input, Bytes{0x00, 0, 1, 127, 128, 254, 255, 0x0F}, state), InputDecode::Deliver);
-  EXPECT_EQ(All(state.levers), (Ints{0, 1, 127, 128, 254, 255}));
-  EXPECT_EQ(state.switches, 0x1E);
-
-  const std::pair<std::uint8_t, std::uint8_t> cases[] = {{0xF0, 0x00}, {0x01, 0x10}, {0x08, 0x02}, {0x05, 0x14}};
-  for (const auto& [byte7, composed] : cases) {
-    Decode(DecodeGFTQ6Input, Bytes{0x00, 0, 0, 0, 0, 0, 0, byte7}, state);
-    EXPECT_EQ(state.switches, composed) << "byte 7 = " << int{byte7};
-  }
 }
 
 // ---- open-time feature reports ---------------------------------------------------------------
@@ -251,15 +155,6 @@ TEST(DecoderTest, OpenTimeReportsResetEncodersAndTakeSwitchBytes) {
   GFDIOInputRecord dio{};
   EXPECT_EQ(Decode(DecodeGFDIOFeature, Bytes{4, 9, 8, 7, 6, 5, 4, 3}, dio), InputDecode::Stored);
   EXPECT_EQ(All(dio.states), (Ints{9, 8, 7, 6, 5, 4, 3}));
-}
-
-TEST(DecoderTest, MCPOpenTimeReportTakesItsEncodersUnsigned) {
-  GFMCPInputRecord state{};
-  EXPECT_EQ(Decode(DecodeGFMCPFeature, Bytes{14, 0xFF, 0x80, 0x01, 0x00, 0x7F, 0x12, 0x34}, state),
-            InputDecode::Stored);
-  EXPECT_EQ(All(state.encoders), (Ints{255, 128, 1, 0, 127}));
-  EXPECT_EQ(state.buttons1, 0x12);
-  EXPECT_EQ(state.buttons2, 0x34);
 }
 
 // ---- short reports ---------------------------------------------------------------------------

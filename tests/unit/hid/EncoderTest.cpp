@@ -37,37 +37,9 @@ TEST(EncoderTest, SixteenSegmentCodesGoLowByteFirstWithTheDotOnThePreviousCharac
   EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, ".A"), (Bytes{3, 0x00, 0x00, 0x22, 0x37, 0x00, 0x00, 0x00, 0x00}));
 }
 
-TEST(EncoderTest, SixteenSegmentTextIsCutAtFourAndBlankWhenEmpty) {
-  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, "HELLO"), (Bytes{3, 0x22, 0x36, 0x20, 0x39, 0x00, 0x38, 0x00, 0x38}));
-  const Bytes blank{3, 0, 0, 0, 0, 0, 0, 0, 0};
-  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, ""), blank);
-  EXPECT_EQ(Encode(EncodeSixteenSegmentDisplay, nullptr), blank);
-}
-
 // ---- reversed seven-segment displays (GF-45, GF-46) ------------------------------------------
 
-TEST(EncoderTest, RadioDigitsFillTheReportFromItsLastByte) {
-  EXPECT_EQ(Encode(EncodeGF45Display2, "12.3"), (Bytes{5, 0x00, 0x00, 0x4F, 0xDB, 0x06}));
-  EXPECT_EQ(Encode(EncodeGF45Display2, "9."), (Bytes{5, 0x00, 0x00, 0x00, 0x00, 0xE7}));
-  // Five digits on the GF-45: the 6 is cut.
-  EXPECT_EQ(Encode(EncodeGF45Display2, "123456"), (Bytes{5, 0x6D, 0x66, 0x4F, 0x5B, 0x06}));
-  // Six on the GF-46: the 7 is cut.
-  EXPECT_EQ(Encode(EncodeGF46Display2, "1234567"), (Bytes{5, 0x7D, 0x6D, 0x66, 0x4F, 0x5B, 0x06}));
-}
-
-TEST(EncoderTest, RadioDigitsShowBracketsAndDashButNoLetters) {
-  EXPECT_EQ(Encode(EncodeGF46Display2, "-[]A 9"), (Bytes{5, 0x67, 0x00, 0x00, 0x0F, 0x39, 0x40}));
-  EXPECT_EQ(Encode(EncodeGF46Display2, nullptr), (Bytes{5, 0, 0, 0, 0, 0, 0}));
-}
-
 // ---- forward seven-segment displays ----------------------------------------------------------
-
-TEST(EncoderTest, ForwardDisplaysPutTheFirstCharacterInByte1) {
-  EXPECT_EQ(Encode(EncodeGFMCPDisplay, 1, "1.5"), (Bytes{3, 0x86, 0x6D, 0x00}));
-  EXPECT_EQ(Encode(EncodeGFMCPDisplay, 4, "-_=[]."), (Bytes{9, 0x40, 0x08, 0x48, 0x39, 0x8F, 0x00}));
-  EXPECT_EQ(Encode(EncodeGF166Display, 2, "Hello"), (Bytes{5, 0x76, 0x7B, 0x06, 0x06, 0x5C, 0x00}));
-  EXPECT_EQ(Encode(EncodeGFMCPProDisplay, 2, "12345678"), (Bytes{5, 0x06, 0x5B, 0x4F, 0x66, 0x6D}));
-}
 
 TEST(EncoderTest, MCPProShowsUpperCaseACEWithItsOwnShapes) {
   EXPECT_EQ(Encode(EncodeGFMCPProDisplay, 1, "ACE"), (Bytes{3, 0x5F, 0x58, 0x7B}));
@@ -80,28 +52,6 @@ TEST(EncoderTest, ALoneDotIsADecimalPointOnTheAutopilotsButBlankOnTheGF166) {
   EXPECT_EQ(Encode(EncodeGF166Display, 1, ".5"), (Bytes{3, 0x00, 0x6D, 0x00, 0x00, 0x00, 0x00}));
   // The first dot joins the 1; the second stands alone.
   EXPECT_EQ(Encode(EncodeGFMCPDisplay, 3, "1..2"), (Bytes{7, 0x86, 0x80, 0x5B}));
-}
-
-TEST(EncoderTest, ReportIdsAndLengthsOfEveryForwardDisplay) {
-  struct Display {
-    std::size_t (*encode)(std::span<std::uint8_t>, int, const char*);
-    int number;
-    std::uint8_t reportId;
-    std::size_t length;
-  };
-  const Display displays[] = {
-      {EncodeGF166Display, 1, 3, 7},    {EncodeGF166Display, 2, 5, 7},
-      {EncodeGFMCPDisplay, 1, 3, 4},    {EncodeGFMCPDisplay, 2, 5, 4},    {EncodeGFMCPDisplay, 3, 7, 4},
-      {EncodeGFMCPDisplay, 4, 9, 7},    {EncodeGFMCPDisplay, 5, 11, 7},
-      {EncodeGFMCPProDisplay, 1, 3, 4}, {EncodeGFMCPProDisplay, 2, 5, 6}, {EncodeGFMCPProDisplay, 3, 7, 6},
-      {EncodeGFMCPProDisplay, 4, 9, 6}, {EncodeGFMCPProDisplay, 5, 11, 6}, {EncodeGFMCPProDisplay, 6, 13, 4},
-  };
-  for (const Display& d : displays) {
-    const Bytes report = Encoded([&d](auto out) { return d.encode(out, d.number, "888888888"); });
-    ASSERT_EQ(report.size(), d.length) << "display " << d.number;
-    EXPECT_EQ(report[0], d.reportId) << "display " << d.number;
-    EXPECT_EQ(report.back(), 0x7F) << "display " << d.number;
-  }
 }
 
 TEST(EncoderTest, MissingDisplaysAndSmallBuffersProduceNothing) {
@@ -120,33 +70,12 @@ TEST(EncoderTest, MissingDisplaysAndSmallBuffersProduceNothing) {
 
 // ---- brightness, indicators, encoder type ----------------------------------------------------
 
-TEST(EncoderTest, BrightnessKeepsTheLowNibble) {
-  EXPECT_EQ(Encode(EncodeBrightness, kGF46BrightnessReport, 0x1F), (Bytes{6, 0x0F}));
-  EXPECT_EQ(Encode(EncodeBrightness, kGFMCPBrightnessReport, 16), (Bytes{12, 0x00}));
-  EXPECT_EQ(Encode(EncodeBrightness, kGFMCPProBrightnessReport, -1), (Bytes{14, 0x0F}));
-}
-
-TEST(EncoderTest, IndicatorMasks) {
-  EXPECT_EQ(Encode(EncodeIndicatorByte, kGFMCPIndicatorReport, 0xA5), (Bytes{13, 0xA5}));
-  // The GF-LGT's two lowest lights are always on.
-  EXPECT_EQ(Encode(EncodeGFLGTIndicators, 0x00), (Bytes{2, 0x03}));
-  EXPECT_EQ(Encode(EncodeGFLGTIndicators, 0x84), (Bytes{2, 0x87}));
-  // GF-MCPPro: 32 bits, most significant byte first.
-  EXPECT_EQ(Encode(EncodeGFMCPProIndicators, 0x12345678), (Bytes{15, 0x12, 0x34, 0x56, 0x78}));
-}
-
 // An output report may be exactly as long as what it carries: a two-byte report still takes its lights.
 TEST(EncoderTest, AnIndicatorReportFitsAReportOfTwoBytes) {
   std::array<std::uint8_t, 2> exact{0xEE, 0xEE};
   EXPECT_EQ(EncodeIndicatorByte(exact, kGFMCPIndicatorReport, 0x5A), 2u);
   EXPECT_EQ(Bytes(exact.begin(), exact.end()), (Bytes{13, 0x5A}));
   EXPECT_EQ(EncodeIndicatorByte(std::span(exact).first(1), kGFMCPIndicatorReport, 0x5A), 0u);
-}
-
-TEST(EncoderTest, GF166EncoderTypePacksTwoBitsOfEach) {
-  EXPECT_EQ(Encode(EncodeGF166EncoderType, 5, 2), (Bytes{9, 0x09}));
-  EXPECT_EQ(Encode(EncodeGF166EncoderType, 3, 3), (Bytes{9, 0x0F}));
-  EXPECT_EQ(Encode(EncodeGF166EncoderType, 0xFF, 0), (Bytes{9, 0x03}));
 }
 
 TEST(EncoderTest, MCPProOutputReportsArePaddedTo8WithDD) {

@@ -163,29 +163,5 @@ TEST_F(UnitPortTest, BrightnessIsSentInFourBitsAndReadBackOnlyOnSuccess) {
   EXPECT_EQ(level, 12);
 }
 
-TEST_F(UnitPortTest, TakingInputClearsTheStepsAndKeepsTheStates) {
-  const std::string rp48 = Plug(kModuleGFRP48, "/dev/v/rp48");
-  const std::string lgt = Plug(kModuleGFLGT, "/dev/v/lgt");
-  StartQuiet();
-  SendInputAndWait(kModuleGFRP48, 0, rp48, {0, 1, 0xFE, 3, 0x80, 0xA5});
-  SendInputAndWait(kModuleGFLGT, 0, lgt, {0, 0x05, 0x3C});
-
-  const UnitPort dials(kModuleGFRP48, 0);
-  GFRP48InputRecord state{};
-  ASSERT_EQ(dials.TakeInput(state), 0);
-  EXPECT_EQ(Ints(state.encoders, state.encoders + 4), (Ints{1, -2, 3, -128}));
-  EXPECT_EQ(state.buttons, 0xA5);
-  ASSERT_EQ(dials.TakeInput(state), 0);
-  EXPECT_EQ(Ints(state.encoders, state.encoders + 4), (Ints{0, 0, 0, 0}));
-  EXPECT_EQ(state.buttons, 0xA5) << "switch bits are a state, not a count";
-
-  const UnitPort trim(kModuleGFLGT, 0);
-  GFLGTInputRecord wheel{};
-  ASSERT_EQ(trim.TakeInput(wheel), 0);
-  EXPECT_EQ((Ints{wheel.value, wheel.switches}), (Ints{5, 0x3C}));
-  ASSERT_EQ(trim.TakeInput(wheel), 0);
-  EXPECT_EQ((Ints{wheel.value, wheel.switches}), (Ints{0, 0x3C}));
-}
-
 }  // namespace
 }  // namespace drav
