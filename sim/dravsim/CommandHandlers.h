@@ -37,6 +37,7 @@ void WriteDatarefCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectDatarefCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectEventCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectNoEventCommand(ScenarioContext& ctx, const Invocation& call);
+void ExpectEventCountCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectEventsCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectWindowCommand(ScenarioContext& ctx, const Invocation& call);
 void ExpectNoWindowCommand(ScenarioContext& ctx, const Invocation& call);

@@ -66,6 +66,7 @@ constexpr std::array kCommands = std::to_array<CommandRow>({
      ExpectDatarefCommand},
     {"expect event", "expect event \"TEXT\"", 1, 1, false, ExpectEventCommand},
     {"expect no-event", "expect no-event \"TEXT\"", 1, 1, false, ExpectNoEventCommand},
+    {"expect event-count", "expect event-count [\"TEXT\"] N", 1, 2, false, ExpectEventCountCommand},
     {"expect events", "expect events ... end", 0, 0, true, ExpectEventsCommand},
     {"expect ini", "expect ini SECTION KEY = VALUE | SECTION KEY absent", 3, 4, false,
      ExpectIniCommand},

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "dravsim/CommandArgs.h"
 #include "dravsim/CommandHandlers.h"
@@ -109,6 +110,22 @@ void ExpectNoEventCommand(ScenarioContext& ctx, const Invocation& call) {
   } else {
     ctx.Fail("no event " + Quoted(text), "it as event " + std::to_string(it - events.begin() + 1) +
                                              " of " + std::to_string(events.size()));
+  }
+}
+
+// How many events there were, or how many equal TEXT: a long run of like events in one line.
+void ExpectEventCountCommand(ScenarioContext& ctx, const Invocation& call) {
+  const bool counting = call.args.size() == 2;
+  const auto expected = IntegerArg(ctx, call, counting ? 1 : 0, 0, std::numeric_limits<int>::max());
+  if (!expected) return;
+  const std::vector<std::string>& events = ctx.host.Events();
+  const auto found = counting ? std::count(events.begin(), events.end(), call.args[0].text)
+                              : static_cast<std::ptrdiff_t>(events.size());
+  const std::string what = counting ? " events " + Quoted(call.args[0].text) : " events";
+  if (found == *expected) {
+    ctx.Pass();
+  } else {
+    ctx.Fail(std::to_string(*expected) + what, std::to_string(found));
   }
 }
 
