@@ -171,11 +171,7 @@ INSTANTIATE_TEST_SUITE_P(
         TurnCase{"TopChannelWrapsWithoutCarry", 9, kCom1, 13697, 0, 1, kModuleGF45, 13600},
         TurnCase{"BottomChannelWrapsDown", 9, kCom1, 11800, 0, -1, kModuleGF45, 11897},
         TurnCase{"Channel25Restored", 12, kCom2, 12152, 0, 1, kModuleGF45, 12155},
-        TurnCase{"Channel75Restored", 14, kCom2, 12007, 0, 1, kModuleGF166, 12010},
-        TurnCase{"SeveralDetents", 11, kCom1, 12150, 0, 3, kModuleGF46, 12157},
-        TurnCase{"OuterStepsMegahertz", 10, kCom1Standby, 11850, 1, 0, kModuleGF45, 11950},
         TurnCase{"MegahertzWrapsToBottom", 9, kCom1, 13650, 1, 0, kModuleGF45, 11850},
-        TurnCase{"MegahertzWrapsToTop", 9, kCom1, 11800, -1, 0, kModuleGF45, 13600},
         TurnCase{"InnerThenOuter", 13, kCom2Standby, 13697, 1, 1, kModuleGF45, 11800},
         TurnCase{"OutOfBandComesBackIntoBand", 9, kCom1, 10000, 0, 1, kModuleGF45, 11902}),
     CaseName);
@@ -183,7 +179,6 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     ComCoarse, TurnTest,
     ::testing::Values(TurnCase{"Com1ActiveOuterIgnored", 41, kCom1, 12150, 5, 1, kModuleGFRP48, 12250},
-                      TurnCase{"Com1StandbyWraps", 43, kCom1Standby, 13650, 0, 1, kModuleGFRP48, 11850},
                       TurnCase{"Com2ActiveWrapsDown", 45, kCom2, 11800, 0, -1, kModuleGFRP48, 13600},
                       TurnCase{"Com2StandbyKeepsChannel", 47, kCom2Standby, 12152, 0, 2, kModuleGFRP48, 12352}),
     CaseName);
@@ -192,8 +187,7 @@ INSTANTIATE_TEST_SUITE_P(
     ComFine, TurnTest,
     ::testing::Values(TurnCase{"Com1ActiveOuterIgnored", 42, kCom1, 12150, 3, 1, kModuleGFRP48, 12152},
                       TurnCase{"Com1StandbyWrapsWithoutCarry", 44, kCom1Standby, 13697, 0, 1, kModuleGFRP48, 13600},
-                      TurnCase{"Com2ActiveWrapsDown", 46, kCom2, 11800, 0, -1, kModuleGFRP48, 11897},
-                      TurnCase{"Com2StandbyFromChannel75", 48, kCom2Standby, 12157, 0, 1, kModuleGFRP48, 12160}),
+                      TurnCase{"Com2ActiveWrapsDown", 46, kCom2, 11800, 0, -1, kModuleGFRP48, 11897}),
     CaseName);
 
 // ---- DME and NAV: 50 kHz steps -----------------------------------------------------------------
@@ -201,14 +195,11 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     NavDual, TurnTest,
     ::testing::Values(TurnCase{"DmeWrapsDownWithoutBorrow", 15, kDme, 10800, 0, -1, kModuleGF45, 10895},
-                      TurnCase{"DmeStandbyMegahertzWrapsToTop", 16, kDmeStandby, 10800, -1, 0, kModuleGF45, 11700},
                       TurnCase{"DmeDualBothKnobs", 17, kDme, 11000, 3, 2, kModuleGF45, 11310},
                       TurnCase{"Nav1OuterWrapsToBottom", 18, kNav1, 11795, 1, 0, kModuleGF45, 10895},
                       TurnCase{"Nav1InnerWrapsWithoutCarry", 18, kNav1, 11795, 0, 1, kModuleGF45, 11700},
-                      TurnCase{"Nav1StandbyStep", 19, kNav1Standby, 11030, 0, 1, kModuleGF45, 11035},
                       TurnCase{"Nav1DualSevenMegahertz", 20, kNav1, 11030, 7, 0, kModuleGF45, 11730},
                       TurnCase{"Nav2InnerWrapsPastTop", 21, kNav2, 11590, 0, 3, kModuleGF45, 11505},
-                      TurnCase{"Nav2StandbyMegahertzWrapsDown", 22, kNav2Standby, 10895, -2, 0, kModuleGF45, 11695},
                       TurnCase{"Nav2DualInnerThenOuter", 23, kNav2, 11350, 1, -1, kModuleGF45, 11445}),
     CaseName);
 
@@ -216,20 +207,15 @@ INSTANTIATE_TEST_SUITE_P(
     NavCoarse, TurnTest,
     ::testing::Values(TurnCase{"DmeActiveOuterIgnored", 49, kDme, 11795, 4, 1, kModuleGFRP48, 10895},
                       TurnCase{"DmeStandbyWrapsToTop", 51, kDmeStandby, 10800, 0, -1, kModuleGFRP48, 11700},
-                      TurnCase{"Nav1Active", 53, kNav1, 11030, 0, 2, kModuleGFRP48, 11230},
-                      TurnCase{"Nav1StandbyWraps", 55, kNav1Standby, 11030, 0, 8, kModuleGFRP48, 10830},
-                      TurnCase{"Nav2Active", 58, kNav2, 11350, 0, -1, kModuleGFRP48, 11250},
-                      TurnCase{"Nav2Standby", 59, kNav2Standby, 11700, 0, 1, kModuleGFRP48, 10800}),
+                      TurnCase{"Nav1StandbyWraps", 55, kNav1Standby, 11030, 0, 8, kModuleGFRP48, 10830}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
     NavFine, TurnTest,
     ::testing::Values(TurnCase{"DmeActiveOuterIgnored", 50, kDme, 11795, 1, 1, kModuleGFRP48, 11700},
                       TurnCase{"DmeStandbyWrapsDown", 52, kDmeStandby, 10800, 0, -1, kModuleGFRP48, 10895},
-                      TurnCase{"Nav1Active", 54, kNav1, 11030, 0, 1, kModuleGFRP48, 11035},
                       TurnCase{"Nav1StandbyWrapsDown", 56, kNav1Standby, 11030, 0, -7, kModuleGFRP48, 11095},
-                      TurnCase{"Nav2ActiveTenDetents", 57, kNav2, 11350, 0, 10, kModuleGFRP48, 11300},
-                      TurnCase{"Nav2Standby", 60, kNav2Standby, 11395, 0, 1, kModuleGFRP48, 11300}),
+                      TurnCase{"Nav2ActiveTenDetents", 57, kNav2, 11350, 0, 10, kModuleGFRP48, 11300}),
     CaseName);
 
 // ---- ADF: tens and units, and the hundreds digit (the thousands digit stays) -------------------
@@ -237,11 +223,8 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     AdfDual, TurnTest,
     ::testing::Values(TurnCase{"HundredsKeepThousands", 1, kAdf1, 1799, 1, 0, kModuleGF45, 1899},
-                      TurnCase{"HundredsWrapToTwo", 1, kAdf1, 999, 1, 0, kModuleGF45, 299},
                       TurnCase{"HundredsWrapKeepsThousands", 1, kAdf1, 1999, 1, 0, kModuleGF45, 1299},
-                      TurnCase{"StandbyUnits", 2, kAdf1Standby, 362, 0, 1, kModuleGF45, 363},
                       TurnCase{"DualUnitsWrapWithoutCarry", 3, kAdf1, 399, 0, 1, kModuleGF45, 300},
-                      TurnCase{"Adf2UnitsWrapDown", 5, kAdf2, 200, 0, -1, kModuleGF45, 299},
                       TurnCase{"Adf2StandbyHundredsWrapToNine", 6, kAdf2Standby, 200, -1, 0, kModuleGF45, 900},
                       TurnCase{"Adf2DualInnerThenOuter", 7, kAdf2, 1750, -2, 5, kModuleGF45, 1555}),
     CaseName);
@@ -250,15 +233,13 @@ INSTANTIATE_TEST_SUITE_P(
     AdfCoarse, TurnTest,
     ::testing::Values(TurnCase{"Adf1ActiveOuterIgnored", 33, kAdf1, 362, 3, 1, kModuleGFRP48, 462},
                       TurnCase{"Adf1StandbyWraps", 35, kAdf1Standby, 950, 0, 1, kModuleGFRP48, 250},
-                      TurnCase{"Adf2ActiveWrapsDown", 37, kAdf2, 250, 0, -1, kModuleGFRP48, 950},
-                      TurnCase{"Adf2StandbyKeepsThousands", 39, kAdf2Standby, 1410, 0, 2, kModuleGFRP48, 1610}),
+                      TurnCase{"Adf2ActiveWrapsDown", 37, kAdf2, 250, 0, -1, kModuleGFRP48, 950}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
     AdfFine, TurnTest,
     ::testing::Values(TurnCase{"Adf1ActiveOuterIgnored", 34, kAdf1, 362, 3, 1, kModuleGFRP48, 363},
                       TurnCase{"Adf1StandbyWraps", 36, kAdf1Standby, 399, 0, 1, kModuleGFRP48, 300},
-                      TurnCase{"Adf2ActiveWrapsDown", 38, kAdf2, 300, 0, -1, kModuleGFRP48, 399},
                       TurnCase{"Adf2StandbySixtyDetents", 40, kAdf2Standby, 1750, 0, 60, kModuleGFRP48, 1710}),
     CaseName);
 
@@ -269,17 +250,13 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(TurnCase{"LowPairWrapsUp", 24, kTransponder, 7777, 0, 1, kModuleGF45, 7700},
                       TurnCase{"HighPairStepsDown", 24, kTransponder, 1200, -1, 0, kModuleGF45, 1100},
                       TurnCase{"LowPairWrapsDown", 24, kTransponder, 1200, 0, -1, kModuleGF45, 1277},
-                      TurnCase{"LowPairCarriesNothing", 24, kTransponder, 1277, 0, 1, kModuleGF45, 1200},
                       TurnCase{"HighPairWrapsDown", 24, kTransponder, 0, -1, 0, kModuleGF45, 7700},
-                      TurnCase{"HighPairOctalStep", 24, kTransponder, 7000, 1, 0, kModuleGF45, 7100},
                       TurnCase{"InnerThenOuter", 24, kTransponder, 777, 1, 1, kModuleGF45, 1000}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
     TransponderDigits, TurnTest,
     ::testing::Values(TurnCase{"FirstDigitWraps", 29, kTransponder, 7700, 0, 1, kModuleGFRP48, 700},
-                      TurnCase{"FirstDigitDown", 29, kTransponder, 1200, 0, -1, kModuleGFRP48, 200},
-                      TurnCase{"SecondDigit", 30, kTransponder, 1200, 0, 3, kModuleGFRP48, 1500},
                       TurnCase{"SecondDigitWrapsWithoutCarry", 30, kTransponder, 1700, 0, 1, kModuleGFRP48, 1000},
                       TurnCase{"ThirdDigitWrapsDown", 31, kTransponder, 1200, 0, -1, kModuleGFRP48, 1270},
                       TurnCase{"FourthDigitWraps", 32, kTransponder, 1277, 0, 1, kModuleGFRP48, 1270},
@@ -291,7 +268,6 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     CourseSingleKnob, TurnTest,
     ::testing::Values(TurnCase{"HeadingWrapsUp", 63, kHeading, 360, 0, 1, kModuleGFMCP, 1},
-                      TurnCase{"HeadingWrapsDown", 63, kHeading, 1, 0, -1, kModuleGFMCP, 360},
                       TurnCase{"HeadingTruncated", 63, kHeading, 90.7, 0, 1, kModuleGFMCPPro, 91},
                       TurnCase{"CourseOuterIgnored", 64, kNav1Obs, 180, 1, 5, kModuleGFMCP, 185},
                       TurnCase{"AdfCardWraps", 4, kAdf1Card, 359, 0, 3, kModuleGFRP48, 2},
@@ -324,16 +300,13 @@ INSTANTIATE_TEST_SUITE_P(
                       TurnCase{"MachClampsAtZero", 65, kSpeed, 0.01, 0, -3, kModuleGFMCP, 0.0, kIsMach, 1},
                       TurnCase{"KnotsClampAt995", 65, kSpeed, 990, 0, 10, kModuleGFMCP, 995, kIsMach, 0},
                       TurnCase{"KnotsOuterIgnored", 65, kSpeed, 250, 1, -1, kModuleGFMCP, 249, kIsMach, 0},
-                      TurnCase{"KnotsClampAtZero", 65, kSpeed, 0, 0, -1, kModuleGFMCP, 0, kIsMach, 0},
-                      TurnCase{"KnotsTruncated", 65, kSpeed, 250.9, 0, 1, kModuleGFMCP, 251, kIsMach, 0},
                       TurnCase{"X737Mach", 65, kX737Speed, 0.78, 0, 1, kModuleGFMCPPro, 0.79, kX737IsMach, 1, true},
                       TurnCase{"X737Knots", 65, kX737Speed, 0.78, 0, 1, kModuleGFMCPPro, 1, kX737IsMach, 0, true}),
     CaseName);
 
 INSTANTIATE_TEST_SUITE_P(
     Altitude, TurnTest,
-    ::testing::Values(TurnCase{"HundredsWithoutKnobFlag", 66, kAltitude, 5000, 0, 1, kModuleGFMCP, 5100},
-                      TurnCase{"HundredsWithKnobFlagOff", 66, kAltitude, 5000, 0, -3, kModuleGFMCP, 4700, kAltKnob, 0},
+    ::testing::Values(TurnCase{"HundredsWithKnobFlagOff", 66, kAltitude, 5000, 0, -3, kModuleGFMCP, 4700, kAltKnob, 0},
                       TurnCase{"TensWithKnobFlagOn", 66, kAltitude, 5000, 0, 3, kModuleGFMCP, 5030, kAltKnob, 1},
                       TurnCase{"ClampsAtTop", 66, kAltitude, 99950, 0, 1, kModuleGFMCP, 99990},
                       TurnCase{"ClampsAtZero", 66, kAltitude, 50, 0, -1, kModuleGFMCP, 0},
@@ -343,10 +316,8 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     VerticalSpeed, TurnTest,
     ::testing::Values(TurnCase{"StaysAtBottom", 67, kVerticalSpeed, -9900, 0, -1, kModuleGFMCP, -9900},
-                      TurnCase{"HundredsUp", 67, kVerticalSpeed, 0, 0, 1, kModuleGFMCP, 100},
                       TurnCase{"CrossesZeroDownward", 67, kVerticalSpeed, 1500, 0, -20, kModuleGFMCP, -500},
                       TurnCase{"ClampsAtTop", 67, kVerticalSpeed, 9850, 0, 1, kModuleGFMCP, 9900},
-                      TurnCase{"X737FiftyUp", 67, kX737VerticalSpeed, 0, 0, 1, kModuleGFMCPPro, 50, nullptr, 0, true},
                       TurnCase{"X737FiftyDown", 67, kX737VerticalSpeed, -1500, 0, -1, kModuleGFMCPPro, -1550, nullptr,
                                0, true}),
     CaseName);
@@ -358,7 +329,6 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(TurnCase{"HundredthUp", 68, kBarometer, 29.92, 0, 1, kModuleGF166, 29.93},
                       TurnCase{"StaysAtTop", 68, kBarometer, 34.00, 0, 1, kModuleGF166, 34.00},
                       TurnCase{"StaysAtBottom", 68, kBarometer, 24.00, 0, -1, kModuleGF166, 24.00},
-                      TurnCase{"TenDown", 68, kBarometer, 29.92, 0, -10, kModuleGF166, 29.82},
                       TurnCase{"RoundsToNearestHundredth", 68, kBarometer, 30.125, 0, 1, kModuleGF166, 30.14},
                       TurnCase{"OuterIgnored", 68, kBarometer, 29.92, 5, 0, kModuleGF166, 29.92}),
     CaseName);
@@ -368,10 +338,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(TurnCase{"Rp48TensOfFeet", 75, kDecisionHeight, 200, 0, 1, kModuleGFRP48, 210},
                       TurnCase{"EfisClampsAtTop", 75, kDecisionHeight, 9995, 0, 1, kModuleGFEFIS, 9999},
                       TurnCase{"EfisClampsAtZero", 75, kDecisionHeight, 5, 0, -1, kModuleGFEFIS, 0},
-                      TurnCase{"Rp48OuterIgnored", 75, kDecisionHeight, 200, 3, 0, kModuleGFRP48, 200},
-                      TurnCase{"RadioUnits", 75, kDecisionHeight, 250, 0, 1, kModuleGF45, 251},
                       TurnCase{"RadioUnitsWrapWithoutCarry", 75, kDecisionHeight, 299, 0, 1, kModuleGF45, 200},
-                      TurnCase{"RadioHundreds", 75, kDecisionHeight, 250, 1, 0, kModuleGF45, 350},
                       TurnCase{"RadioHundredsClamp", 75, kDecisionHeight, 9950, 1, 0, kModuleGF166, 9950},
                       TurnCase{"RadioBothKnobsDown", 75, kDecisionHeight, 0, -1, -1, kModuleGF46, 99},
                       TurnCase{"OtherModuleSplitsToo", 75, kDecisionHeight, 1200, 0, 1, kModuleGFMCP, 1201}),
@@ -379,11 +346,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 // ---- brightness ratios in percent --------------------------------------------------------------
 
+// 0.70 is 70 percent in float arithmetic (69 in double), so one step of the HUD gives 75.
 INSTANTIATE_TEST_SUITE_P(
     Brightness, TurnTest,
-    ::testing::Values(TurnCase{"CockpitLightsUp", 69, kCockpitLights, 0.5, 0, 1, kModuleGFRP48, 0.55},
-                      // 0.70 is 70 percent in float arithmetic (69 in double), so one step gives 75
-                      TurnCase{"HudFromSeventy", 71, kHudBrightness, 0.70, 0, 1, kModuleGFRP48, 0.75},
+    ::testing::Values(TurnCase{"HudFromSeventy", 71, kHudBrightness, 0.70, 0, 1, kModuleGFRP48, 0.75},
                       TurnCase{"InstrumentClampsAtFull", 72, kInstrumentBrightness, 1.0, 0, 1, kModuleGFRP48, 1.0},
                       TurnCase{"LevelClampsAtTen", 73, kInstrumentBrightness, 0.10, 0, -1, kModuleGFRP48, 0.10},
                       TurnCase{"PanelFromDarkClampsUp", 74, kCockpitLights, 0.0, 0, 1, kModuleGFRP48, 0.10},
@@ -409,11 +375,9 @@ INSTANTIATE_TEST_SUITE_P(
                       TurnCase{"ModeClampsAtOne", 113, kMapIsHsi, 0, 0, 1, kModuleGFEFIS, 0},
                       TurnCase{"ModeInnerIgnoredOnGF45", 113, kMapIsHsi, 1, 0, 1, kModuleGF45, 1},
                       TurnCase{"ModeOuterOnGF45", 113, kMapIsHsi, 1, 1, 0, kModuleGF45, 0},
-                      TurnCase{"ModeOuterOnGF166", 113, kMapIsHsi, 0, -1, 0, kModuleGF166, 1},
                       TurnCase{"ModeInnerOnMcp", 113, kMapIsHsi, 1, -1, 1, kModuleGFMCP, 0},
                       TurnCase{"SubModeClampsAtFour", 114, kMapSubMode, 2, 0, 5, kModuleGFEFIS, 4},
                       TurnCase{"SubModeOuterOnGF46", 114, kMapSubMode, 2, -1, 0, kModuleGF46, 1},
-                      TurnCase{"SubModeInnerIgnoredOnGF46", 114, kMapSubMode, 2, 0, 1, kModuleGF46, 2},
                       TurnCase{"RangeClampsAtSix", 115, kMapRange, 5, 0, 3, kModuleGFEFIS, 6},
                       TurnCase{"RangeOuterClampsAtZero", 115, kMapRange, 3, -4, 0, kModuleGF45, 0}),
     CaseName);
@@ -451,7 +415,6 @@ INSTANTIATE_TEST_SUITE_P(
                       TurnCase{"HsiClampsAtTwo", 81, kHsi, 0, 0, 5, kModuleGF166, 2},
                       TurnCase{"BleedAirClampsAtFour", 78, kBleedAir, 3, 0, 2, kModuleGFRP48, 4},
                       TurnCase{"TransponderModeClampsOnGF46", 79, kTransponderMode, 4, 1, 0, kModuleGF46, 4},
-                      TurnCase{"TransponderModeDownOnGF45", 79, kTransponderMode, 2, 0, -1, kModuleGF45, 1},
                       TurnCase{"NavComAdfClampsAtFive", 80, kNavComAdf, 1, 5, 0, kModuleGF46, 5}),
     CaseName);
 
@@ -462,10 +425,8 @@ INSTANTIATE_TEST_SUITE_P(
         TurnCase{"AutoBrakeOuterIgnoredOnGF46", 439, "sim/cockpit/switches/auto_brake_settings", 2, 1, 0, kModuleGF46,
                  2},
         TurnCase{"FuelFeedClampsAtZero", 173, "sim/cockpit/engine/fuel_tank_selector", 0, 0, -1, kModuleGFRP48, 0},
-        TurnCase{"FuelFeedUp", 173, "sim/cockpit/engine/fuel_tank_selector", 3, 0, 1, kModuleGFRP48, 4},
         TurnCase{"TransferFromClampsAtThree", 174, "sim/cockpit/engine/fuel_tank_transfer_from", 2, 0, 5,
-                 kModuleGFRP48, 3},
-        TurnCase{"TransferToDown", 175, "sim/cockpit/engine/fuel_tank_transfer", 1, 0, -1, kModuleGFRP48, 0}),
+                 kModuleGFRP48, 3}),
     CaseName);
 
 // ---- absurd counts: saturating arithmetic, the clamped fields end at their limits --------------
@@ -523,7 +484,6 @@ constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
 INSTANTIATE_TEST_SUITE_P(
     Trims, TrimTest,
     ::testing::Values(TrimCase{"ElevatorClampsAtOne", 427, kElevatorTrim, 12000, 0.005f, 0.998, 0, 1, 1.0},
-                      TrimCase{"ElevatorDefaultStep", 427, kElevatorTrim, 12000, 0.005f, 0.0, 0, 1, 0.005},
                       TrimCase{"ElevatorOldSimulatorClampsAtHalf", 427, kElevatorTrim, 9000, 0.005f, 0.498, 0, 1, 0.5},
                       TrimCase{"ElevatorOldSimulatorClampsDown", 427, kElevatorTrim, 9000, 0.005f, -0.498, 0, -1, -0.5},
                       TrimCase{"Version10000IsNew", 427, kElevatorTrim, 10000, 0.005f, 0.9, 0, 50, 1.0},
@@ -531,7 +491,6 @@ INSTANTIATE_TEST_SUITE_P(
                       TrimCase{"ElevatorCustomStep", 427, kElevatorTrim, 12000, 0.1f, 0.5, 0, 2, 0.7},
                       TrimCase{"ZeroStepChangesNothing", 427, kElevatorTrim, 12000, 0.0f, 0.3, 0, 4, 0.3},
                       TrimCase{"NaNStepChangesNothing", 427, kElevatorTrim, 12000, kNaN, 0.3, 0, 1, 0.3},
-                      TrimCase{"AileronDown", 430, kAileronTrim, 12000, 0.001f, 0.0, 0, -3, -0.003},
                       TrimCase{"RudderOuterIgnored", 433, kRudderTrim, 12000, 0.001f, 0.2, 5, 2, 0.202},
                       TrimCase{"RotorOnAnOlderSimulator", 436, kRotorTrim, 11000, 0.001f, 0.0, 0, 1, 0.001},
                       TrimCase{"AbsurdCountClamps", 427, kElevatorTrim, 12000, 0.005f, 0.0, 0, kMinSteps, -1.0}),
