@@ -37,40 +37,6 @@ TEST_F(DiscoveryTest, AContextHasADeviceLayerOfItsOwn) {
   EXPECT_EQ(CallbackRecorder::Instance().Count(), 1u);
 }
 
-// Two units last seen at one port (behind a hub that reports one location): the serial decides which
-// of them came back, whatever path each gets now.
-TEST_F(DiscoveryTest, TheSerialDecidesBetweenTwoUnitsOfOnePort) {
-  VirtualUnitSpec first = testing::SpecOf(kGFP8, 0x0100, "S1");
-  VirtualUnitSpec second = testing::SpecOf(kGFP8, 0x0100, "S2");
-  first.location = second.location = "usb-0000:00:14.0-3/input0";
-  ASSERT_TRUE(Panels().Plug("/dev/v/n0", first));
-  ASSERT_TRUE(Panels().Plug("/dev/v/n1", second));
-  StartLayer();
-  ASSERT_TRUE(Panels().Unplug("/dev/v/n0"));
-  ASSERT_TRUE(Panels().Unplug("/dev/v/n1"));
-  GFDev_ProcessDeviceChanges();
-  ASSERT_EQ(GFDev_GFP8_Count(), 0);
-
-  ASSERT_TRUE(Panels().Renumber("/dev/v/n1", "/dev/v/n7"));
-  ASSERT_TRUE(Panels().Replug("/dev/v/n7"));
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_UnitPath(kGFP8, 1), "/DEV/V/N7") << "S2 is unit 1 at its new path";
-  EXPECT_EQ(GFDev_UnitPath(kGFP8, 0), "/DEV/V/N0");
-  // A mouse at S1's old path is nobody the layer knows; its removal leaves unit 1 running.
-  VirtualUnitSpec mouse = testing::SpecOf(kGFP8);
-  mouse.vendorId = 0x046D;
-  ASSERT_TRUE(Panels().Renumber("/dev/v/n0", "/dev/v/n8"));
-  ASSERT_TRUE(Panels().Plug("/dev/v/n0", mouse));
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GFP8_Count(), 1);
-  ASSERT_TRUE(Panels().Unplug("/dev/v/n0"));
-  ASSERT_TRUE(Panels().Replug("/dev/v/n8"));
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GFP8_Count(), 2);
-  EXPECT_EQ(GFDev_UnitPath(kGFP8, 0), "/DEV/V/N8");
-  EXPECT_EQ(GFDev_UnitPath(kGFP8, 2), "") << "no newcomer was made";
-}
-
 // The kernel never announces a device at a path that is still there. The stand-in holds to that, so a
 // scenario that plugs or replugs a unit still present is told so instead of passing on a second
 // arrival that no real machine would send.

@@ -22,32 +22,6 @@ class GFDevAccessTest : public testing::VirtualPanelsTest {
   }
 };
 
-TEST_F(GFDevAccessTest, UnitOutOfRangeEmptySlotAndAbsentUnit) {
-  Plug(8, "/dev/v/radio-a");
-  Plug(8, "/dev/v/radio-b");
-  const std::string p8 = Plug(2, "/dev/v/p8");
-  StartLayer();
-  EXPECT_EQ(GFDev_GF46_SetDisplay1(16, "ABCD"), 1);
-  EXPECT_EQ(GFDev_GF46_SetDisplay1(-1, "ABCD"), 1);
-  EXPECT_EQ(GFDev_GF46_SetDisplay1(3, "ABCD"), 3);
-  EXPECT_EQ(GFDev_GFMCP_SetDisplay1(4, "123"), 1);  // four slots only
-
-  Panels().Unplug(p8);
-  GFDev_ProcessDeviceChanges();
-  EXPECT_EQ(GFDev_GFP8_Count(), 0);
-  EXPECT_EQ(GFDev_GFP8_SetLEDs(0, 0xFF), 3);
-  EXPECT_EQ(GFDev_GFP8_SetBrightness(0, 5), 0);  // brightness setters answer 0 for an absent unit
-  std::uint16_t brightness = 77;
-  EXPECT_EQ(GFDev_GFP8_GetBrightness(0, &brightness), 3);
-  EXPECT_EQ(brightness, 77);
-  std::uint8_t switches = 0;
-  EXPECT_EQ(GFDev_GFP8_GetSwitches(0, &switches), 3);
-
-  GFDev_Stop();  // afterwards every unit is gone
-  EXPECT_EQ(GFDev_GF46_SetDisplay1(0, "ABCD"), 3);
-  EXPECT_EQ(GFDev_GF46_SetBrightness(0, 1), 3);
-}
-
 TEST_F(GFDevAccessTest, TrimWheelValuesAreClearedEvenWhenNotTaken) {
   const std::string lgt = Plug(4, "/dev/v/lgt");
   const std::string lgt2 = Plug(11, "/dev/v/lgt2");
