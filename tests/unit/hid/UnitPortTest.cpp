@@ -1,9 +1,11 @@
 // A unit's port: its answers for units that are out of range, absent, unplugged or that arrive
 // while it is held; the reports its displays, indicators and brightness send; what its getters
-// write and clear.
+// write and clear; and the flat per-model functions over it.
 #include "hid/UnitPort.h"
 
 #include <gtest/gtest.h>
+
+#include <atomic>
 
 #include "VirtualPanels.h"
 
@@ -161,6 +163,45 @@ TEST_F(UnitPortTest, BrightnessIsSentInFourBitsAndReadBackOnlyOnSuccess) {
   Panels().SetFault(wcp, VirtualFault::Feature, true);
   EXPECT_EQ(warning.GetBrightness(&level), 0);
   EXPECT_EQ(level, 12);
+}
+
+// The flat per-model functions are wrappers over the port, for callers outside the modules.
+class GFDevAccessTest : public UnitPortTest {};
+
+TEST_F(GFDevAccessTest, TrimWheelValuesAreClearedEvenWhenNotTaken) {
+  const std::string lgt = Plug(4, "/dev/v/lgt");
+  const std::string lgt2 = Plug(11, "/dev/v/lgt2");
+  StartLayer();
+  SendInputAndWait(4, 0, lgt, {0, 0x05, 0x3C});
+  SendInputAndWait(11, 0, lgt2, {0, 1, 2, 3, 0x44});
+  std::uint8_t switches = 0;
+  EXPECT_EQ(GFDev_GFLGT_GetState(0, nullptr, &switches), 0);
+  EXPECT_EQ(switches, 0x3C);
+  std::int16_t value = 9;
+  EXPECT_EQ(GFDev_GFLGT_GetState(0, &value, nullptr), 0);
+  EXPECT_EQ(value, 0);
+
+  EXPECT_EQ(GFDev_GFLGT2_GetState(0, nullptr, nullptr, nullptr, &switches), 0);
+  EXPECT_EQ(switches, 0x44);
+  std::int16_t values[3] = {9, 9, 9};
+  EXPECT_EQ(GFDev_GFLGT2_GetState(0, &values[0], &values[1], &values[2], nullptr), 0);
+  EXPECT_EQ(Ints(values, values + 3), (Ints{0, 0, 0}));
+}
+
+TEST_F(GFDevAccessTest, CallbackRegistration) {
+  EXPECT_EQ(GFDev_RegisterInputCallback(nullptr), 0);
+  const std::string p8 = Plug(2, "/dev/v/p8");
+  StartLayer();
+  static std::atomic<int> otherCalls{0};
+  otherCalls = 0;
+  auto other = [](std::uint32_t, std::uint16_t, const void*) -> int {
+    ++otherCalls;
+    return 0;
+  };
+  EXPECT_EQ(GFDev_RegisterInputCallback(other), 1);  // replaces the recorder
+  SendInputAndWait(2, 0, p8, {0, 0x01});
+  EXPECT_EQ(otherCalls.load(), 1);
+  EXPECT_EQ(testing::CallbackRecorder::Instance().Count(), 0u);
 }
 
 }  // namespace
