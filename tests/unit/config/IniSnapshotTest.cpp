@@ -118,29 +118,4 @@ TEST_F(IniSnapshotTest, WritesThroughTheReaderRefreshTheCopy) {
   EXPECT_EQ(Read("A", "K"), "<default>") << "an empty value removed the key";
 }
 
-TEST_F(IniSnapshotTest, TwoFilesAreHeldAtOnceAndAThirdIsReadFromDisk) {
-  const std::string second = (PluginFolder() / "SECOND.INI").string();
-  const std::string third = (PluginFolder() / "THIRD.INI").string();
-  drav_test::WriteBytes(second, "[A]\r\nK=second old\r\n");
-  drav_test::WriteBytes(third, "[A]\r\nK=third old\r\n");
-  GivenIni("[A]\r\nK=old\r\n");
-  auto readAt = [](const std::string& path) {
-    char value[drav::kIniValueSize];
-    drav::ReadIniValueAtPath(path, "A", "K", value, "<default>");
-    return std::string(value);
-  };
-  {
-    const drav::IniReadSnapshot plugin;
-    const drav::IniReadSnapshot secondCopy(drav::IniPath{second});
-    const drav::IniReadSnapshot thirdCopy(drav::IniPath{third});  // no room: read from disk
-    GivenIni("[A]\r\nK=new\r\n");
-    drav_test::WriteBytes(second, "[A]\r\nK=second new\r\n");
-    drav_test::WriteBytes(third, "[A]\r\nK=third new\r\n");
-    EXPECT_EQ(Read("A", "K"), "old");
-    EXPECT_EQ(readAt(second), "second old");
-    EXPECT_EQ(readAt(third), "third new");
-  }
-  EXPECT_EQ(readAt(second), "second new") << "the slot was given back";
-}
-
 }  // namespace

@@ -116,55 +116,6 @@ TEST_F(DeviceObjectTest, FeatureDropStrategyLosesAFailedReportAndGoesOn) {
 
 // ---- retrying strategies ----------------------------------------------------------------------------
 
-// A failed report is tried again until it goes through, as the kind of report the strategy sends:
-// output reports to the GF-FMC, feature reports to a GF-MCPPro of older firmware.
-TEST_F(DeviceObjectTest, RetryingStrategiesKeepAFailedReportUntilItIsSent) {
-  const struct {
-    std::uint32_t model;
-    std::uint16_t version;
-    Bytes report;
-    VirtualSentReport::Kind sentAs;
-  } rows[] = {{15, 0x0100, {1, 0xAB}, VirtualSentReport::Kind::Output},
-              {12, 0x01FF, {3, 0x3F, 0x06, 0x5B}, VirtualSentReport::Kind::Feature}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.model);
-    auto object = Make(row.model, row.version);
-    object->Open();
-    const int before = counting_.Attempts();
-    Fail(VirtualFault::Write, true);
-    Queue(*object, row.report);
-    ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= before + 2; }));
-    Fail(VirtualFault::Write, false);
-    ASSERT_TRUE(Idle(*object));
-    ASSERT_EQ(Sent().size(), 1u);
-    EXPECT_EQ(Sent()[0].kind, row.sentAs);
-    EXPECT_EQ(SentBytes(0), row.report);
-    object.reset();
-    ASSERT_TRUE(panels_.Unplug(path_));
-  }
-}
-
-TEST_F(DeviceObjectTest, ByKindSendsEachReportAsItWasQueuedAndRetriesFailures) {
-  auto object = Make(19);  // GF-DIO class, started without its after-open outputs
-  object->Start();
-  Queue(*object, {2, 1, 2, 3, 4, 0, 0, 0}, ReportKind::Output);
-  Queue(*object, {4, 9}, ReportKind::Feature);
-  ASSERT_TRUE(Idle(*object));
-  auto sent = Sent();
-  ASSERT_EQ(sent.size(), 2u);
-  EXPECT_EQ(sent[0].kind, VirtualSentReport::Kind::Output);
-  EXPECT_EQ(sent[1].kind, VirtualSentReport::Kind::Feature);
-  EXPECT_EQ(sent[1].bytes, (Bytes{4, 9}));
-
-  Fail(VirtualFault::Write, true);
-  Queue(*object, {2, 5, 0, 0, 0, 0, 0, 0}, ReportKind::Output);
-  ASSERT_TRUE(WaitUntil([&] { return counting_.Attempts() >= 4; }));
-  EXPECT_EQ(Sent().size(), 2u);
-  Fail(VirtualFault::Write, false);
-  ASSERT_TRUE(Idle(*object));
-  EXPECT_EQ(Sent().size(), 3u);
-}
-
 // ---- stopping ------------------------------------------------------------------------------------------
 
 TEST_F(DeviceObjectTest, StopWakesAPendingReadAndASecondStopIsHarmless) {
