@@ -99,7 +99,6 @@ const DisplayCase kDisplayCases[] = {
     {"AdfCardTruncatesNotRounds", 4, kAdf1Card, 359.75, " 359", "359"},
     {"AdfCardNegativeKeepsWidth", 4, kAdf1Card, -5, " -05", "-5"},
     // format 2: four digits
-    {"Transponder1200", 24, kTransponder, 1200, "1200", "1200"},
     {"Transponder0700", 24, kTransponder, 700, "0700", "700"},
     {"TransponderDigitSeven", 29, kTransponder, 7, "0007", "7"},
     {"DecisionHeightTruncated", 75, kDecisionHeight, 200.9, "0200", "200"},
@@ -109,25 +108,17 @@ const DisplayCase kDisplayCases[] = {
     {"VerticalSpeedDescending", 67, kApVerticalSpeed, -1500, "-1500", "-1500"},
     {"VerticalSpeedSmallDescent", 67, kApVerticalSpeed, -50, "-0050", "-50"},
     // format 4: megahertz, a point, two hundredths
-    {"Com118_50", 9, kCom1, 11850, "118.50", "11850"},
     {"Com25kHzChannelShowsTwoDecimals", 9, kCom1, 11852, "118.52", "11852"},
     {"ComHundredthsZeroPadded", 9, kCom1, 11805, "118.05", "11805"},
     {"Nav108_50", 18, kNav1, 10850, "108.50", "10850"},
-    {"ComStandby", 10, kCom1Standby, 12130, "121.30", "12130"},
     // format 6: a ratio as 0..10, rounded half up
     {"LightsOff", 69, kCockpitLights, 0.0, "0", "0"},
     {"LightsFull", 69, kCockpitLights, 1.0, "10", "1"},
-    {"LightsHalf", 69, kCockpitLights, 0.5, "5", "0.5"},
     {"LightsQuarterRoundsUp", 69, kCockpitLights, 0.25, "3", "0.3"},
     {"LightsJustBelowRoundsDown", 69, kCockpitLights, 0.24, "2", "0.2"},
-    {"LightsNearlyFull", 69, kCockpitLights, 0.96, "10", "1"},
     // format 7: 10 shifted left by the selector position, and back
     {"MapRange10", 115, kMapRange, 0, "10", "0"},
-    {"MapRange20", 115, kMapRange, 1, "20", "1"},
-    {"MapRange40", 115, kMapRange, 2, "40", "2"},
     {"MapRange80", 115, kMapRange, 3, "80", "3"},
-    {"MapRange160", 115, kMapRange, 4, "160", "4"},
-    {"MapRange320", 115, kMapRange, 5, "320", "5"},
     {"MapRange640", 115, kMapRange, 6, "640", "6"},
 };
 
