@@ -153,4 +153,12 @@ TEST_F(IniWriteTest, UnreadableFileIsNotReplaced) {
   EXPECT_FALSE(TempFileLeft());
 }
 
+TEST_F(IniWriteTest, NullArgumentsChangeNothing) {
+  GivenFile("[S]\r\nK=1\r\n");
+  EXPECT_FALSE(Write(nullptr, "K", "v"));
+  EXPECT_FALSE(Write("S", nullptr, "v"));
+  EXPECT_FALSE(Write("S", "K", nullptr));
+  EXPECT_EQ(FileBytes(), "[S]\r\nK=1\r\n");
+}
+
 }  // namespace

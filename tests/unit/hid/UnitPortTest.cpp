@@ -168,6 +168,21 @@ TEST_F(UnitPortTest, BrightnessIsSentInFourBitsAndReadBackOnlyOnSuccess) {
 // The flat per-model functions are wrappers over the port, for callers outside the modules.
 class GFDevAccessTest : public UnitPortTest {};
 
+TEST_F(GFDevAccessTest, EncoderValuesAreClearedOnceReturned) {
+  const std::string rp48 = Plug(7, "/dev/v/rp48");
+  StartLayer();
+  SendInputAndWait(7, 0, rp48, {0, 1, 0xFE, 3, 0x80, 0xA5});
+  std::int16_t e[4] = {};
+  std::uint8_t buttons = 0;
+  EXPECT_EQ(GFDev_GFRP48_GetState(0, &e[0], &e[1], nullptr, &e[3], &buttons), 0);
+  EXPECT_EQ(Ints(e, e + 4), (Ints{1, -2, 0, -128}));
+  EXPECT_EQ(buttons, 0xA5);
+  // Second call, no report in between: the returned values are 0, the skipped one is still there.
+  EXPECT_EQ(GFDev_GFRP48_GetState(0, &e[0], &e[1], &e[2], &e[3], &buttons), 0);
+  EXPECT_EQ(Ints(e, e + 4), (Ints{0, 0, 3, 0}));
+  EXPECT_EQ(buttons, 0xA5);
+}
+
 TEST_F(GFDevAccessTest, TrimWheelValuesAreClearedEvenWhenNotTaken) {
   const std::string lgt = Plug(4, "/dev/v/lgt");
   const std::string lgt2 = Plug(11, "/dev/v/lgt2");
