@@ -131,4 +131,16 @@ TEST_F(IniReadTest, BadArgumentsAndUnreadableFilesGiveTheDefault) {
   EXPECT_STREQ(value, "d");
 }
 
+TEST_F(IniReadTest, MissingFileGivesTheDefaultAndCreatesNothing) {
+  EXPECT_EQ(Read("S", "Key", "fallback"), std::make_pair(false, std::string("fallback")));
+  EXPECT_FALSE(std::filesystem::exists(path_));
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+}
+
+TEST_F(IniReadTest, DefaultIsCopiedSafely) {
+  EXPECT_EQ(Read("S", "Key", nullptr), std::make_pair(false, std::string()));
+  const std::string longDefault(1000, 'd');
+  EXPECT_EQ(Read("S", "Key", longDefault.c_str()).second, std::string(255, 'd'));
+}
+
 }  // namespace

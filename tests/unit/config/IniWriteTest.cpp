@@ -161,4 +161,11 @@ TEST_F(IniWriteTest, NullArgumentsChangeNothing) {
   EXPECT_EQ(FileBytes(), "[S]\r\nK=1\r\n");
 }
 
+TEST_F(IniWriteTest, MissingFolderCreatesNothing) {
+  const std::filesystem::path missing = folder_.Path() / "absent" / "DRAV.INI";
+  EXPECT_FALSE(drav::WriteIniValueAtPath(missing.string(), "S", "K", "v"));
+  EXPECT_FALSE(std::filesystem::exists(missing.parent_path()));
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path()));
+}
+
 }  // namespace

@@ -259,5 +259,29 @@ TEST_F(DeviceObjectTest, PathIsUpperCasedAndBounded) {
   EXPECT_EQ(object->Attributes().productId, 0x0020);
 }
 
+TEST_F(DeviceObjectTest, UnitThatCannotBeOpenedStillMakesAnObjectThatReadsNothing) {
+  auto object = Make(2);
+  Fail(VirtualFault::Open, true);
+  object->Open();
+  EXPECT_EQ(object->Attributes().version, 0);
+  EXPECT_EQ(object->State<GFP8InputRecord>().switches, 0);
+  object->Stop();
+  Fail(VirtualFault::Open, false);
+  object->Start();  // a restart of a unit that answers now reads its report length then
+  EXPECT_EQ(object->Attributes().version, 0x0100);
+  const std::uint64_t before = object->InputReportsHandled();
+  ASSERT_TRUE(panels_.SendInput(path_, {0, 0x42}));
+  ASSERT_TRUE(WaitUntil([&] { return object->InputReportsHandled() > before; }));
+  EXPECT_EQ(object->State<GFP8InputRecord>().switches, 0x42);
+}
+
+TEST_F(DeviceObjectTest, FailedInitialReadLeavesTheStateAtZero) {
+  auto p8 = Make(2);
+  panels_.SetFeatureAnswer(path_, 4, {4, 0xFF});
+  Fail(VirtualFault::Feature, true);
+  p8->Open();
+  EXPECT_EQ(p8->State<GFP8InputRecord>().switches, 0);
+}
+
 }  // namespace
 }  // namespace drav

@@ -168,6 +168,27 @@ TEST_F(UnitPortTest, BrightnessIsSentInFourBitsAndReadBackOnlyOnSuccess) {
 // The flat per-model functions are wrappers over the port, for callers outside the modules.
 class GFDevAccessTest : public UnitPortTest {};
 
+TEST_F(GFDevAccessTest, DeviceInfoResultCodes) {
+  Plug(8, "/dev/v/radio-a", 0x0321);
+  StartLayer();
+  GFDevInfo info{};
+  EXPECT_EQ(GFDev_GetDeviceInfo(16, 0, &info), 0);
+  EXPECT_EQ(GFDev_GetDeviceInfo(20, 0, &info), 0);
+  EXPECT_EQ(info.path[0], '\0');  // nothing written
+  EXPECT_EQ(GFDev_GetDeviceInfo(8, 16, &info), 1);
+  EXPECT_EQ(GFDev_GetDeviceInfo(8, 1, &info), 3);
+  EXPECT_EQ(GFDev_GetDeviceInfo(8, 0, nullptr), 11);
+  EXPECT_EQ(GFDev_GetDeviceInfo(8, 0, &info), 0);
+  EXPECT_STREQ(info.path, "/DEV/V/RADIO-A");
+  EXPECT_EQ(std::uint16_t{info.version}, 0x0321);
+
+  GFDevInfoEx ex{};
+  ex.size = 300;
+  EXPECT_EQ(GFDev_GetDeviceInfoEx(8, 0, &ex), 0);
+  EXPECT_EQ(ex.path[0], '\0');  // a record of another size is left untouched
+  EXPECT_EQ(GFDev_GetDeviceInfoEx(8, 0, nullptr), 11);
+}
+
 TEST_F(GFDevAccessTest, EncoderValuesAreClearedOnceReturned) {
   const std::string rp48 = Plug(7, "/dev/v/rp48");
   StartLayer();

@@ -159,5 +159,14 @@ TEST(InputEventQueueConcurrencyTest, FreedSlotIsRefilledOnlyAfterItWasCopied) {
   EXPECT_EQ(outOfOrder, 0);
 }
 
+TEST(InputEventQueueTest, EmptyQueueDrainsNothing) {
+  InputEventQueue queue;
+  bool processed = true;
+  EXPECT_TRUE(DrainAll(queue, &processed).empty());
+  EXPECT_FALSE(processed);
+  EXPECT_EQ(queue.pending.load(), 0);
+  EXPECT_EQ(queue.readIndex, 0);
+}
+
 }  // namespace
 }  // namespace drav
