@@ -25,6 +25,7 @@
 #include "dravsim/ScenarioFolder.h"
 #include "dravsim/ScenarioRunner.h"
 #include "hid/ModelTable.h"
+#include "modules/ModuleRegistry.h"
 #include "hid/backend/HidBackend.h"
 #include "host/SimHost.h"
 
@@ -219,7 +220,7 @@ std::string CockpitIni(std::span<const CockpitUnits> units, CockpitBindings bind
 }
 
 std::string Cockpit::PathOf(std::uint32_t moduleType, int index) const {
-  const PanelModel* model = FindPanelModel(moduleType);
+  const PanelModel* model = RegisteredPanelModel(moduleType);
   if (model == nullptr) return {};
   return dravsim::VirtualUnitPath(kPanelVendorId, model->productId, UnitName(moduleType, index));
 }

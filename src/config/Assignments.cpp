@@ -100,7 +100,7 @@ void LoadAllAssignments() {
   // Every unit's writer is woken once, when every unit is loaded: waking each as its unit ended
   // measured slower, a woken writer often taking the main thread's processor mid-load.
   const WriterWakeBatch wakeOnce;
-  for (std::uint32_t moduleType : kAssignmentLoadOrder) LoadTypeAssignments(moduleType);
+  for (std::uint32_t moduleType : AssignmentLoadOrder()) LoadTypeAssignments(moduleType);
 }
 
 int LoadTypeAssignments(std::uint32_t moduleType, bool registerUnit) {

@@ -83,7 +83,7 @@ struct DeviceClass {
   std::uint32_t moduleType = 0;  // filled in from the model's row
 };
 
-// Null for GF-TPM (16) and numbers outside 1..19 (ModelTable.cpp).
+// Null for GF-TPM (16) and numbers outside 1..19: those have no table (ModelTable.h).
 const DeviceClass* FindDeviceClass(std::uint32_t moduleType);
 
 }  // namespace drav

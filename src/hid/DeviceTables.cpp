@@ -14,8 +14,8 @@ bool DevicePathsEqual(std::string_view a, std::string_view b) {
   return true;
 }
 
-DeviceTables::DeviceTables() {
-  for (const PanelModel* model : PanelModels()) tables_[model->moduleType].resize(model->slots);
+DeviceTables::DeviceTables(const PanelModelTable& models) : models_(models) {
+  for (const PanelModel* model : models_.WithTables()) tables_[model->moduleType].resize(model->slots);
 }
 
 DeviceTables::~DeviceTables() { DestroyAll(); }
@@ -42,7 +42,7 @@ std::int32_t DeviceTables::Slots(std::uint32_t moduleType) const {
 }
 
 std::optional<DeviceTables::Location> DeviceTables::FindByPath(std::string_view path) const {
-  for (const PanelModel* model : PanelModels()) {
+  for (const PanelModel* model : models_.WithTables()) {
     const std::int32_t unit = FindUnitByPath(model->moduleType, path);
     if (unit >= 0) return Location{model, unit, At(model->moduleType, unit)};
   }
@@ -94,7 +94,7 @@ std::int32_t DeviceTables::PresentCount(std::uint32_t moduleType) const {
 }
 
 void DeviceTables::DestroyAll() {
-  for (const PanelModel* model : PanelModels()) {
+  for (const PanelModel* model : models_.WithTables()) {
     for (std::unique_ptr<DeviceObject>& slot : tables_[model->moduleType]) {
       std::unique_ptr<DeviceObject> object = std::move(slot);
       object.reset();

@@ -22,7 +22,8 @@ bool DevicePathsEqual(std::string_view a, std::string_view b);  // ignoring case
 
 class DeviceTables {
  public:
-  DeviceTables();
+  // One table per model with slots, from the rows the layer was handed.
+  explicit DeviceTables(const PanelModelTable& models);
   ~DeviceTables();
 
   // The object in a slot; null for an empty slot, a unit out of range or a model without a table.
@@ -47,7 +48,7 @@ class DeviceTables {
   // Every object, for the quiescence checks.
   template <typename Visit>
   void ForEach(Visit&& visit) const {
-    for (const PanelModel* model : PanelModels()) {
+    for (const PanelModel* model : models_.WithTables()) {
       for (const std::unique_ptr<DeviceObject>& object : tables_[model->moduleType]) {
         if (object != nullptr) visit(*object);
       }
@@ -61,6 +62,7 @@ class DeviceTables {
   std::vector<std::unique_ptr<DeviceObject>>* Table(std::uint32_t moduleType);
   const std::vector<std::unique_ptr<DeviceObject>>* Table(std::uint32_t moduleType) const;
 
+  const PanelModelTable& models_;
   std::array<std::vector<std::unique_ptr<DeviceObject>>, kModuleTypeLimit> tables_;
 };
 

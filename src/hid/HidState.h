@@ -7,6 +7,7 @@
 #pragma once
 
 #include <chrono>
+#include <span>
 #include <vector>
 
 #include "base/ContextSlot.h"
@@ -36,9 +37,13 @@ struct DeviceLayerRun {
 };
 
 struct HidState {
+  // The models' rows, handed down by the plug-in's context (each stands in its model's file).
+  explicit HidState(std::span<const PanelModel* const> rowsInLookupOrder) : models(rowsInLookupOrder) {}
+
   // Declared before the tables, so that it outlives every device object's read thread.
   InputDelivery input;
-  DeviceTables tables;
+  PanelModelTable models;
+  DeviceTables tables{models};
   DeviceLayerRun run;
   // How long the main thread waits for a feature read that a unit's writer does for it
   // (FeatureReadWait in DeviceObject.h).

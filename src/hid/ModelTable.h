@@ -1,8 +1,12 @@
 // Everything the device layer knows about a panel model, in one row per model: the names the pilot
 // and the device log use, the unit's configuration section, the product id (vendor 0x09F3), how many
 // units the layer can hold, the device class its objects run on and what its units' ports can tell
-// them. The model number itself is the ModuleType enumerator (ModuleTypes.h); the orders that
-// behaviour fixes are short lists beside the rows (ModelTable.cpp).
+// them. The model number itself is the ModuleType enumerator (ModuleTypes.h).
+//
+// The rows are not written here: each stands in its model's own file, above this floor
+// (src/modules/<Model>_Module.cpp, written with the builders of ModelRows.h), and the plug-in's
+// context hands the layer all of them, in the order of the product-id tests, when it makes the
+// layer's state (PanelModelTable, kept in HidState).
 #pragma once
 
 #include <array>
@@ -42,12 +46,35 @@ struct PanelModel {
   PortModel port{};           // what its units can be told
 };
 
-// Indexed by the model number; row 0 ("NONE") stands for every number that is not a model.
-extern const PanelModel kPanelModelRows[kLastModuleType + 1];
+// The answer for every number that is not a model: "NONE", log word "Unknown", section "NONE".
+inline constexpr PanelModel kNoPanelModel = {kModuleNone, "NONE", "Unknown", "NONE", 0, 0, {}};
 
-// The models with a table, in the order of the product-id tests (which is also the teardown order).
+// The rows the layer was handed, looked up by model number or product id.
+class PanelModelTable {
+ public:
+  // The rows in the order of the product-id tests, which is also the order in which the tables are
+  // walked and torn down. Null entries, numbers that are not models and a number's second row are
+  // passed over.
+  explicit PanelModelTable(std::span<const PanelModel* const> rowsInLookupOrder);
+  PanelModelTable(const PanelModelTable&) = delete;
+  PanelModelTable& operator=(const PanelModelTable&) = delete;
+
+  // The model's row; the "NONE" row for a number without one.
+  const PanelModel& Row(std::uint32_t moduleType) const;
+  // The models with a table (slots), in lookup order.
+  std::span<const PanelModel* const> WithTables() const { return {withTables_.data(), tableCount_}; }
+  // Null for a model without a table (GF-TPM) and a number that is not a model.
+  const PanelModel* WithTable(std::uint32_t moduleType) const;
+  const PanelModel* ByProductId(std::uint16_t productId) const;
+
+ private:
+  std::array<const PanelModel*, kLastModuleType + 1> byType_{};
+  std::array<const PanelModel*, kLastModuleType> withTables_{};
+  std::size_t tableCount_ = 0;
+};
+
+// The running plug-in's table (HidState), for the floors above and the layer's main-thread code.
 std::span<const PanelModel* const> PanelModels();
-// Null for GF-TPM (16) and numbers outside 1..19: those have no table.
 const PanelModel* FindPanelModel(std::uint32_t moduleType);
 const PanelModel* FindPanelModelByProductId(std::uint16_t productId);
 

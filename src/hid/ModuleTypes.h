@@ -1,6 +1,5 @@
-// The panel models as numbers, and the three facts about them that every subsystem asks for: the
-// name shown to the pilot, the word used in the device log and the configuration section of a unit.
-// The rows that answer are in ModelTable.cpp.
+// The panel models as numbers. What a number stands for (names, section, product id, device class)
+// is its model's row, written in the model's own file (ModelTable.h, src/modules/ModuleRegistry.h).
 #pragma once
 
 #include <cstdint>
@@ -40,10 +39,5 @@ inline constexpr std::int32_t kMaxUnitsPerModel = 32;
 // True for 1..19.
 bool IsKnownModuleType(std::uint32_t type);
 
-// From the model's row (ModelTable.cpp). Any number outside 1..19 answers as "NONE" (model word
-// "Unknown"), so callers never need a range check of their own.
-const char* ModelName(std::uint32_t type);
-const char* ModelWord(std::uint32_t type);
-const char* SectionFormat(std::uint32_t type);
 
 }  // namespace drav

@@ -1,5 +1,5 @@
-// The operations a model's port row can name (ModelTable.cpp): each runs on a present unit's object,
-// builds its report with an encoder of ReportEncoders.h and queues it, or reads or keeps what the
+// The operations a model's port row can name (the row stands in the model's own file): each runs on
+// a present unit's object, builds its report with an encoder of ReportEncoders.h and queues it, or reads or keeps what the
 // model needs. The templates only choose the encoder or the report id; the work is in UnitPort.cpp.
 #pragma once
 

@@ -6,6 +6,7 @@
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "hid/ModuleTypes.h"
@@ -300,6 +301,20 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGF166ButtonKeys, &kRadi
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGF166, "GF-166", "GF166", "GF166_%d", 0x0050, 16,
+    {false, kModelQueue, WS::FeatureRetryThrice, 0ms, kGF166InitialQuery, true,
+     kDecoder<GF166InputRecord, DecodeGF166Input>, kDecoder<GF166InputRecord, DecodeGF166Feature>,
+     AfterOpen::Nothing, sizeof(GF166InputRecord)},
+    {.setDisplay = &SendDisplay<EncodeGF166Display>,
+     .setIndicators = &SendIndicators<EncodeIndicatorBits<kGF166IndicatorReport>>,
+     .setEncoderType = &SendGF166EncoderType,
+     .setBrightness = &SendBrightness<kGF166BrightnessReport>,
+     .readBrightness = &ReadBrightnessReport<kGF166BrightnessReport>});
+
 // Registered first; the two buttons, then the modes.
 void LoadAssignments(GF166_Module& radio, UnitAssignments& unit) {
   RegisterUnit(radio, unit);
@@ -318,7 +333,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGF166Descriptor = {
-    &kPanelModelRows[kModuleGF166],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GF166_Module>,
     &LoadAs<GF166_Module, LoadAssignments>,

@@ -1,6 +1,7 @@
 #include "modules/GF45_Module.h"
 
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModelDialogRows.h"
@@ -69,8 +70,22 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kRadioModeKeys};
 
 // ---- the model's descriptor -------------------------------------------------------------------------
 
+namespace {
+
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGF45, "GF-45", "GF45", "GF45_%d", 0x0010, 16,
+    {false, kModelQueue, WS::FeatureDrop, 0ms, kNoInitialQuery, false,
+     kDecoder<GF45InputRecord, DecodeGF45Input>, nullptr, AfterOpen::Nothing, sizeof(GF45InputRecord)},
+    {.setDisplay = &SendDisplay<EncodeRadioDisplay<EncodeSixteenSegmentDisplay, EncodeGF45Display2>>,
+     .setBrightness = &SendBrightness<kGF45BrightnessReport>});  // the unit cannot tell its level
+
+}  // namespace
+
 constexpr ModelDescriptor kGF45Descriptor = {
-    &kPanelModelRows[kModuleGF45],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GF45_Module>,
     &LoadAs<GF45_Module, LoadRadioAssignments>,

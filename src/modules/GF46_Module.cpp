@@ -1,6 +1,7 @@
 #include "modules/GF46_Module.h"
 
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModelDialogRows.h"
@@ -95,8 +96,23 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kRadioModeKeys};
 
 // ---- the model's descriptor -------------------------------------------------------------------------
 
+namespace {
+
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGF46, "GF-46", "GF46", "GF46_%d", 0x0018, 16,
+    {false, kModelQueue, WS::FeatureRetry, 0ms, kNoInitialQuery, false,
+     kDecoder<GF46InputRecord, DecodeGF46Input>, nullptr, AfterOpen::Nothing, sizeof(GF46InputRecord)},
+    {.setDisplay = &SendDisplay<EncodeRadioDisplay<EncodeSixteenSegmentDisplay, EncodeGF46Display2>>,
+     .setBrightness = &SendBrightness<kGF46BrightnessReport>,
+     .readBrightness = &ReadBrightnessReport<kGF46BrightnessReport>});
+
+}  // namespace
+
 constexpr ModelDescriptor kGF46Descriptor = {
-    &kPanelModelRows[kModuleGF46],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GF46_Module>,
     &LoadAs<GF46_Module, LoadRadioAssignments>,

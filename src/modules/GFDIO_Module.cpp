@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
@@ -223,6 +224,16 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFDIOInputOnKeys, &kGFD
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFDIO, "GF-DIO", "GFDIO", "GFDIO_%d", 0x002D, 4,
+    {true, kSharedBaseQueue, WS::ByReportKind, 0ms, kGFDIOInitialQuery, false,
+     kDecoder<GFDIOInputRecord, DecodeGFDIOInput>, kDecoder<GFDIOInputRecord, DecodeGFDIOFeature>,
+     AfterOpen::DIOOutputsOff, sizeof(GFDIOInputRecord)},
+    {.setOutputs = &SendGFDIOOutputs});
+
 // "%02d" of an input or output number, without printf: a board has 200 keys, read at every load.
 std::array<char, 12> TwoDigits(int number) {
   std::array<char, 12> text{};
@@ -266,7 +277,7 @@ const char* DeviceLabel(const DeviceLabelContext&) { return kNotAssignableLabelF
 }  // namespace
 
 constexpr ModelDescriptor kGFDIODescriptor = {
-    &kPanelModelRows[kModuleGFDIO],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFDIO_Module>,
     &LoadAs<GFDIO_Module, LoadAssignments>,

@@ -5,6 +5,7 @@
 
 #include "functions/AvionicAdjust.h"
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/HostState.h"
 #include "base/Log.h"
 #include "base/Settings.h"
@@ -233,6 +234,15 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFEFISButtonKeys, &kGFE
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFEFIS, "GF-EFIS", "GFEFIS", "GFEFIS_%d", 0x0300, 4,
+    {false, kModelQueue, WS::FeatureDrop, 0ms, kGFEFISInitialQuery, true,
+     kDecoder<GFEFISInputRecord, DecodeGFEFISInput>, kDecoder<GFEFISInputRecord, DecodeGFEFISFeature>,
+     AfterOpen::Nothing, sizeof(GFEFISInputRecord)});
+
 // Binds first: Register puts the simulator where the panel's selectors and switches are, through
 // the new bindings.
 void LoadAssignments(GFEFIS_Module& panel, UnitAssignments& unit) {
@@ -268,7 +278,7 @@ const char* DeviceLabel(const DeviceLabelContext& context) {
 }  // namespace
 
 constexpr ModelDescriptor kGFEFISDescriptor = {
-    &kPanelModelRows[kModuleGFEFIS],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFEFIS_Module>,
     &LoadAs<GFEFIS_Module, LoadAssignments>,

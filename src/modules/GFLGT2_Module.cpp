@@ -4,6 +4,7 @@
 
 #include "functions/AvionicAdjust.h"
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
@@ -201,6 +202,16 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFLGT2Keys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFLGT2, "GF-LGT2", "GFLGT2", "GFLGT2_%d", 0x0048, 8,
+    {true, kSharedBaseQueue, WS::ByReportKind, 0ms, kGFLGT2InitialQuery, false,
+     kDecoder<GFLGT2InputRecord, DecodeGFLGT2Input>, kDecoder<GFLGT2InputRecord, DecodeGFLGT2Feature>,
+     AfterOpen::Nothing, sizeof(GFLGT2InputRecord)},
+    kSwitchPanelPort);
+
 // Binds first, so that Register brings the new gear and fuel functions to where the lever and
 // the selector really are.
 void LoadAssignments(GFLGT2_Module& panel, UnitAssignments& unit) {
@@ -237,7 +248,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGFLGT2Descriptor = {
-    &kPanelModelRows[kModuleGFLGT2],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFLGT2_Module>,
     &LoadAs<GFLGT2_Module, LoadAssignments>,

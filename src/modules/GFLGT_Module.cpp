@@ -4,6 +4,7 @@
 
 #include "functions/AvionicAdjust.h"
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/PanelPower.h"
@@ -146,6 +147,16 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFLGTKeys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFLGT, "GF-LGT", "GFLGT", "GFLGT_%d", 0x0040, 16,
+    {false, kModelQueue, WS::FeatureRetry, 0ms, kGFLGTInitialQuery, false,
+     kDecoder<GFLGTInputRecord, DecodeGFLGTInput>, kDecoder<GFLGTInputRecord, DecodeGFLGTFeature>,
+     AfterOpen::Nothing, sizeof(GFLGTInputRecord)},
+    SwitchPanel<kGFSwitchPanelBrightnessReport>(&SendIndicators<EncodeGFLGTLights>));
+
 // Binds first, so that Register brings the new gear function to where the lever really is.
 void LoadAssignments(GFLGT_Module& panel, UnitAssignments& unit) {
   AssignGroup(panel, unit, kGFLGTKeys);
@@ -172,7 +183,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGFLGTDescriptor = {
-    &kPanelModelRows[kModuleGFLGT],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFLGT_Module>,
     &LoadAs<GFLGT_Module, LoadAssignments>,

@@ -8,6 +8,7 @@
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "modules/CommandTables.h"
 #include "base/HostState.h"
 #include "base/Log.h"
@@ -345,6 +346,19 @@ const AssignmentKeyGroup& GFMCPProKnobKeys(int x737Mode) {
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFMCPPro, "GF-MCPPro", "GFMCPPro", "GFMCPPro_%d", 0x0064, 4,
+    {false, kModelQueue, WS::ByDeviceVersion, 0ms, kGFMCPProInitialQuery, true,
+     kDecoder<GFMCPProInputRecord, DecodeGFMCPProInput>, kDecoder<GFMCPProInputRecord, DecodeGFMCPProFeature>,
+     AfterOpen::Nothing, sizeof(GFMCPProInputRecord)},
+    {.setDisplay = &SendDisplay<EncodeGFMCPProDisplay>,
+     .setIndicators = &SendGFMCPProIndicators,
+     .setBrightness = &SendBrightness<kGFMCPProBrightnessReport>,
+     .readBrightness = &ReadBrightnessReport<kGFMCPProBrightnessReport>});
+
 // Registered first, as the GF-MCP; the defaults follow the x737 mode at the time of loading.
 void LoadAssignments(GFMCPPro_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
@@ -378,7 +392,7 @@ const char* DeviceLabel(const DeviceLabelContext& context) {
 }  // namespace
 
 constexpr ModelDescriptor kGFMCPProDescriptor = {
-    &kPanelModelRows[kModuleGFMCPPro],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFMCPPro_Module>,
     &LoadAs<GFMCPPro_Module, LoadAssignments>,

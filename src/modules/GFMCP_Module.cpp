@@ -7,6 +7,7 @@
 #include "functions/AvionicAdjust.h"
 #include "functions/AvionicDisplay.h"
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/McpDisplaySlot.h"
@@ -197,6 +198,19 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFMCPButtonKeys, &kGFMC
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFMCP, "GF-MCP", "GFMCP", "GFMCP_%d", 0x0060, 4,
+    {false, kModelQueue, WS::FeatureRetry, 0ms, kGFMCPInitialQuery, false,
+     kDecoder<GFMCPInputRecord, DecodeGFMCPInput>, kDecoder<GFMCPInputRecord, DecodeGFMCPFeature>,
+     AfterOpen::Nothing, sizeof(GFMCPInputRecord)},
+    {.setDisplay = &SendDisplay<EncodeGFMCPDisplay>,
+     .setIndicators = &SendIndicators<EncodeIndicatorBits<kGFMCPIndicatorReport>>,
+     .setBrightness = &SendBrightness<kGFMCPBrightnessReport>,
+     .readBrightness = &ReadBrightnessReport<kGFMCPBrightnessReport>});
+
 // Registered first: Register brings the disengage function to where the bar is (it was bound by
 // the previous load; the first load finds it unbound).
 void LoadAssignments(GFMCP_Module& panel, UnitAssignments& unit) {
@@ -229,7 +243,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) { AddKeyedRows(r
 }  // namespace
 
 constexpr ModelDescriptor kGFMCPDescriptor = {
-    &kPanelModelRows[kModuleGFMCP],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFMCP_Module>,
     &LoadAs<GFMCP_Module, LoadAssignments>,

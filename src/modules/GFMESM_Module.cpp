@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "modules/CommandTables.h"
 #include "base/Log.h"
 #include "base/OptionalXplmApi.h"
@@ -197,6 +198,15 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFMESMKeys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFMESM, "GF-MESM", "GFMESM", "GFMESM_%d", 0x003C, 8,
+    {true, kSharedBaseQueue, WS::ByReportKind, 0ms, kGFMESMInitialQuery, false,
+     kDecoder<GFMESMInputRecord, DecodeGFMESMInput>, kDecoder<GFMESMInputRecord, DecodeGFMESMFeature>,
+     AfterOpen::Nothing, sizeof(GFMESMInputRecord)});
+
 // Binds first: Register puts the simulator where the panel's switches are, through the new
 // bindings.
 void LoadAssignments(GFMESM_Module& panel, UnitAssignments& unit) {
@@ -214,7 +224,7 @@ const char* DeviceLabel(const DeviceLabelContext& context) {
 }  // namespace
 
 constexpr ModelDescriptor kGFMESMDescriptor = {
-    &kPanelModelRows[kModuleGFMESM],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFMESM_Module>,
     &LoadAs<GFMESM_Module, LoadAssignments>,

@@ -1,6 +1,7 @@
 #include "modules/GFP8_Module.h"
 
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModelDialogRows.h"
@@ -44,6 +45,16 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFP8Keys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFP8, "GF-P8", "GFP8", "GFP8_%d", 0x0020, 32,
+    {false, kModelQueue, WS::FeatureDrop, 0ms, kGFSwitchByteInitialQuery, false,
+     kDecoder<GFP8InputRecord, DecodeSwitchByteInput>, kDecoder<GFP8InputRecord, DecodeSwitchByteFeature>,
+     AfterOpen::Nothing, sizeof(GFP8InputRecord)},
+    kSwitchPanelPort);
+
 // Registered before binding: push buttons need no synchronisation.
 void LoadAssignments(GFP8_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
@@ -58,7 +69,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGFP8Descriptor = {
-    &kPanelModelRows[kModuleGFP8],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFP8_Module>,
     &LoadAs<GFP8_Module, LoadAssignments>,

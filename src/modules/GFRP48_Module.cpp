@@ -2,6 +2,7 @@
 
 #include "functions/AvionicAdjust.h"
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "hid/ModuleTypes.h"
@@ -111,6 +112,16 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFRP48Keys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFRP48, "GF-RP48", "GFRP48", "GFRP48_%d", 0x0028, 32,
+    {false, kModelQueue, WS::FeatureDrop, 0ms, kGFRP48InitialQuery, false,
+     kDecoder<GFRP48InputRecord, DecodeGFRP48Input>, kDecoder<GFRP48InputRecord, DecodeGFRP48Feature>,
+     AfterOpen::Nothing, sizeof(GFRP48InputRecord)},
+    kSwitchPanelPort);
+
 // Registered before binding: its push buttons need no synchronisation.
 void LoadAssignments(GFRP48_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
@@ -128,7 +139,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGFRP48Descriptor = {
-    &kPanelModelRows[kModuleGFRP48],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFRP48_Module>,
     &LoadAs<GFRP48_Module, LoadAssignments>,

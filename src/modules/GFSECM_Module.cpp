@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModuleMechanics.h"
@@ -194,6 +195,15 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFSECMKeys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFSECM, "GF-SECM", "GFSECM", "GFSECM_%d", 0x0038, 8,
+    {false, 0, WS::None, 0ms, kGFSECMInitialQuery, false,
+     kDecoder<GFSECMInputRecord, DecodeGFSECMInput>, kDecoder<GFSECMInputRecord, DecodeGFSECMFeature>,
+     AfterOpen::Nothing, sizeof(GFSECMInputRecord)});
+
 // Binds first: Register puts the simulator where the panel's switches are, through the new
 // bindings.
 void LoadAssignments(GFSECM_Module& panel, UnitAssignments& unit) {
@@ -216,7 +226,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGFSECMDescriptor = {
-    &kPanelModelRows[kModuleGFSECM],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFSECM_Module>,
     &LoadAs<GFSECM_Module, LoadAssignments>,

@@ -1,6 +1,7 @@
 #include "modules/GFT8_Module.h"
 
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModelDialogRows.h"
@@ -66,6 +67,16 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFT8Keys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+constexpr PanelModel kPanelRow = Model(kModuleGFT8, "GF-T8", "GFT8", "GFT8_%d", 0x0030, 32,
+    {false, kModelQueue, WS::FeatureDrop, 0ms, kGFSwitchByteInitialQuery, false,
+     kDecoder<GFT8InputRecord, DecodeSwitchByteInput>, kDecoder<GFT8InputRecord, DecodeSwitchByteFeature>,
+     AfterOpen::Nothing, sizeof(GFT8InputRecord)},
+    kSwitchPanelPort);
+
 // Binds first, so that Register's switch synchronisation runs the new functions.
 void LoadAssignments(GFT8_Module& panel, UnitAssignments& unit) {
   AssignGroup(panel, unit, kGFT8Keys);
@@ -83,7 +94,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGFT8Descriptor = {
-    &kPanelModelRows[kModuleGFT8],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFT8_Module>,
     &LoadAs<GFT8_Module, LoadAssignments>,

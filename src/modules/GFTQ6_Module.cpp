@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "base/Log.h"
 #include "base/Settings.h"
 #include "modules/ModelDialogRows.h"
@@ -86,6 +87,15 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFTQ6LeverKeys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+// The lever unit reports continuously; the pause keeps it to about 20 reports a second.
+constexpr PanelModel kPanelRow = Model(kModuleGFTQ6, "GF-TQ6", "GFTQ6", "GFTQ6_%d", 0x0200, 4,
+    {false, 0, WS::None, 50ms, kNoInitialQuery, false,
+     kDecoder<GFTQ6InputRecord, DecodeGFTQ6Input>, nullptr, AfterOpen::Nothing, sizeof(GFTQ6InputRecord)});
+
 // The levers are bound after Register, then every lever gets the unit's reverse, beta,
 // reverser-power and flap settings.
 void LoadAssignments(GFTQ6_Module& quadrant, UnitAssignments& unit) {
@@ -122,7 +132,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGFTQ6Descriptor = {
-    &kPanelModelRows[kModuleGFTQ6],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFTQ6_Module>,
     &LoadAs<GFTQ6_Module, LoadAssignments>,

@@ -2,6 +2,7 @@
 
 #include "functions/FunctionCatalogue.h"
 #include "hid/InputRecords.h"
+#include "hid/ModelRows.h"
 #include "modules/CommandTables.h"
 #include "base/OptionalXplmApi.h"
 #include "modules/PanelPower.h"
@@ -125,6 +126,19 @@ constexpr const AssignmentKeyGroup* kFunctionKeys[] = {&kGFWCPKeys};
 
 namespace {
 
+using namespace std::chrono_literals;
+using WS = WriteStrategy;
+
+// The model's row in the device layer (the fields: ModelTable.h and DeviceClasses.h).
+// Its colour report addresses one of six lights: the light is part of the report's key.
+constexpr PanelModel kPanelRow = Model(kModuleGFWCP, "GF-WCP", "GFWCP", "GFWCP_%d", 0x002C, 32,
+    {true, kSharedBaseQueue, WS::ByReportKind, 0ms, kGFSwitchByteInitialQuery, false,
+     kDecoder<GFWCPInputRecord, DecodeSwitchByteInput>, kDecoder<GFWCPInputRecord, DecodeSwitchByteFeature>,
+     AfterOpen::WCPLightsOff, sizeof(GFWCPInputRecord), 2},
+    {.setIndicatorColour = &SendGFWCPColour,
+     .setBrightness = &SetGFWCPBrightness,
+     .readBrightness = &ReadGFWCPBrightness});
+
 // The six buttons, then the colour that each light shows when lit.
 void LoadAssignments(GFWCP_Module& panel, UnitAssignments& unit) {
   RegisterUnit(panel, unit);
@@ -145,7 +159,7 @@ void DialogRows(DialogModelRows& rows, const DialogRowContext&) {
 }  // namespace
 
 constexpr ModelDescriptor kGFWCPDescriptor = {
-    &kPanelModelRows[kModuleGFWCP],
+    &kPanelRow,
     nullptr,  // the device layer's count
     &MakeModuleVector<GFWCP_Module>,
     &LoadAs<GFWCP_Module, LoadAssignments>,

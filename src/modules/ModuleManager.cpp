@@ -5,6 +5,7 @@
 #include "hid/DeviceLayerControl.h"
 #include "hid/GFDev.h"
 #include "base/Log.h"
+#include "modules/ModuleRegistry.h"
 #include "modules/ModuleState.h"
 
 namespace drav {

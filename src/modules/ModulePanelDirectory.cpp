@@ -7,12 +7,12 @@
 namespace drav {
 
 ModulePanelDirectory::ModulePanelDirectory(const ModuleManager& manager) : manager_(manager) {
-  for (ModuleType type : kBrightnessReadOrder) {
+  for (ModuleType type : BrightnessReadModels()) {
     const ModelDescriptor* model = manager_.Descriptor(type);
     if (model == nullptr || model->brightness.read == nullptr) continue;
     readers_[readerCount_++] = {type, model->brightness.read};
   }
-  for (ModuleType type : kBrightnessWriteOrder) {
+  for (ModuleType type : BrightnessWriteModels()) {
     const ModelDescriptor* model = manager_.Descriptor(type);
     if (model == nullptr || model->brightness.write == nullptr) continue;
     writers_[writerCount_++] = {type, model->brightness.write, model->brightness.reversedScale};

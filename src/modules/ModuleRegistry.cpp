@@ -18,6 +18,7 @@
 #include "modules/GFT8_Module.h"
 #include "modules/GFTQ6_Module.h"
 #include "modules/GFWCP_Module.h"
+#include "modules/PanelsWithoutModule.h"
 
 namespace drav {
 
@@ -31,7 +32,84 @@ constexpr const ModelDescriptor* kProductionModels[] = {
     &kGFDIODescriptor,
 };
 
+// The order in which a unit's product id is tested against the models, which is also the order in
+// which the device layer walks and tears down its tables: every model number once (a number without
+// slots, the GF-TPM, gets no table).
+constexpr ModuleType kPanelLookupOrder[] = {
+    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFRP48,   kModuleGFWCP,  kModuleGFT8,  kModuleGFLGT,
+    kModuleGFLGT2, kModuleGF166, kModuleGFMCP, kModuleGFMCPPro, kModuleGFEFIS, kModuleGFATC, kModuleGFSECM,
+    kModuleGFMESM, kModuleGFFMC, kModuleGFTQ6, kModuleGFDIO,    kModuleGFTPM,
+};
+
+// The order in which every unit's assignments are loaded: radios first, the GF-DIO last.
+constexpr ModuleType kAssignmentLoadOrder[] = {
+    kModuleGF45,  kModuleGF46,  kModuleGF166,    kModuleGFLGT,   kModuleGFLGT2, kModuleGFMCP,
+    kModuleGFT8,  kModuleGFP8,  kModuleGFRP48,   kModuleGFTQ6,   kModuleGFMCPPro, kModuleGFEFIS,
+    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM,  kModuleGFDIO,
+};
+
+// The order of the Assign Functions dialog's device list.
+constexpr ModuleType kDialogDeviceOrder[] = {
+    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFRP48,   kModuleGFT8,  kModuleGFLGT,
+    kModuleGFLGT2, kModuleGF166, kModuleGFMCP, kModuleGFMCPPro, kModuleGFTQ6, kModuleGFEFIS,
+    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM, kModuleGFDIO,
+};
+
+// The panels asked for the shared display brightness: the first model with a unit answers (its
+// unit 0). The GF-45 has no getter. The GF-LGT2's answer is taken as it comes, on its own reversed
+// scale.
+constexpr ModuleType kBrightnessReadOrder[] = {
+    kModuleGFP8,  kModuleGFT8,     kModuleGF166,  kModuleGFLGT, kModuleGFLGT2,
+    kModuleGFMCP, kModuleGFMCPPro, kModuleGFRP48, kModuleGF46,  kModuleGFWCP,
+};
+
+// The panels sent the level, every unit of each.
+constexpr ModuleType kBrightnessWriteOrder[] = {
+    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFT8,     kModuleGFLGT,  kModuleGFLGT2,
+    kModuleGF166,  kModuleGFMCP, kModuleGFMCPPro, kModuleGFRP48, kModuleGFWCP,
+};
+
+constexpr bool EveryModelLookedUpOnce() {
+  for (std::uint32_t type = kFirstModuleType; type <= kLastModuleType; ++type) {
+    if (std::ranges::count(kPanelLookupOrder, type) != 1) return false;
+  }
+  return std::size(kPanelLookupOrder) == kLastModuleType;
+}
+static_assert(EveryModelLookedUpOnce(), "the lookup order names every model number exactly once");
+
 }  // namespace
+
+const PanelModel* RegisteredPanelModel(std::uint32_t moduleType) {
+  if (const ModelDescriptor* model = FindProductionModel(moduleType)) return model->hid;
+  for (const PanelModel* row : PanelsWithoutModule()) {
+    if (row->moduleType == moduleType) return row;
+  }
+  return nullptr;
+}
+
+namespace {
+
+const PanelModel& RowOf(std::uint32_t type) {
+  const PanelModel* row = RegisteredPanelModel(type);
+  return row != nullptr ? *row : kNoPanelModel;
+}
+
+}  // namespace
+
+const char* ModelName(std::uint32_t type) { return RowOf(type).name; }
+const char* ModelWord(std::uint32_t type) { return RowOf(type).logWord; }
+const char* SectionFormat(std::uint32_t type) { return RowOf(type).sectionFormat; }
+
+std::array<const PanelModel*, kLastModuleType> PanelModelsInLookupOrder() {
+  std::array<const PanelModel*, kLastModuleType> rows{};
+  std::ranges::transform(kPanelLookupOrder, rows.begin(), RegisteredPanelModel);
+  return rows;
+}
+
+std::span<const ModuleType> AssignmentLoadOrder() { return kAssignmentLoadOrder; }
+std::span<const ModuleType> DialogDeviceOrder() { return kDialogDeviceOrder; }
+std::span<const ModuleType> BrightnessReadModels() { return kBrightnessReadOrder; }
+std::span<const ModuleType> BrightnessWriteModels() { return kBrightnessWriteOrder; }
 
 std::span<const ModelDescriptor* const> ProductionModels() { return kProductionModels; }
 

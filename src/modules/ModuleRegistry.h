@@ -4,6 +4,7 @@
 // registry lists them; the orders that behaviour fixes stand beside it as short lists.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -124,32 +125,27 @@ const ModelDescriptor* FindProductionModel(std::uint32_t moduleType);
 // the order of the descriptors.
 std::vector<const AssignmentKeyGroup*> AllFunctionKeyGroups();
 
-// The order in which every unit's assignments are loaded: radios first, the GF-DIO last.
-inline constexpr ModuleType kAssignmentLoadOrder[] = {
-    kModuleGF45,  kModuleGF46,  kModuleGF166,    kModuleGFLGT,   kModuleGFLGT2, kModuleGFMCP,
-    kModuleGFT8,  kModuleGFP8,  kModuleGFRP48,   kModuleGFTQ6,   kModuleGFMCPPro, kModuleGFEFIS,
-    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM,  kModuleGFDIO,
-};
+// The row of a model number, from its descriptor or among the panels without module; null for a
+// number that has none.
+const PanelModel* RegisteredPanelModel(std::uint32_t moduleType);
+// The three facts every floor asks of a model number: the name shown to the pilot ("GF-45"), the
+// device log's word ("GF45"; "Unknown" for a model without module) and the unit's configuration
+// section ("GF45_%d", unit counted from 1). A number without a row answers "NONE", "Unknown" and
+// "NONE", so callers need no range check of their own.
+const char* ModelName(std::uint32_t type);
+const char* ModelWord(std::uint32_t type);
+const char* SectionFormat(std::uint32_t type);
+// Every row in the order in which a unit's product id is tested against the models, as the plug-in's
+// context hands them to the device layer.
+std::array<const PanelModel*, kLastModuleType> PanelModelsInLookupOrder();
 
-// The order of the Assign Functions dialog's device list.
-inline constexpr ModuleType kDialogDeviceOrder[] = {
-    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFRP48,   kModuleGFT8,  kModuleGFLGT,
-    kModuleGFLGT2, kModuleGF166, kModuleGFMCP, kModuleGFMCPPro, kModuleGFTQ6, kModuleGFEFIS,
-    kModuleGFSECM, kModuleGFWCP, kModuleGFMESM, kModuleGFDIO,
-};
-
-// The panels asked for the shared display brightness: the first model with a unit answers (its
-// unit 0). The GF-45 has no getter. The GF-LGT2's answer is taken as it comes, on its own reversed
-// scale.
-inline constexpr ModuleType kBrightnessReadOrder[] = {
-    kModuleGFP8,  kModuleGFT8,     kModuleGF166,  kModuleGFLGT, kModuleGFLGT2,
-    kModuleGFMCP, kModuleGFMCPPro, kModuleGFRP48, kModuleGF46,  kModuleGFWCP,
-};
-
-// The panels sent the level, every unit of each.
-inline constexpr ModuleType kBrightnessWriteOrder[] = {
-    kModuleGF45,   kModuleGF46,  kModuleGFP8,  kModuleGFT8,     kModuleGFLGT,  kModuleGFLGT2,
-    kModuleGF166,  kModuleGFMCP, kModuleGFMCPPro, kModuleGFRP48, kModuleGFWCP,
-};
+// The orders that behaviour fixes, short lists beside the registry (ModuleRegistry.cpp): the order
+// in which every unit's assignments are loaded (radios first, the GF-DIO last), the Assign Functions
+// dialog's device list, the panels asked for the shared display brightness (the first model with a
+// unit answers, its unit 0) and the panels sent the level (every unit of each).
+std::span<const ModuleType> AssignmentLoadOrder();
+std::span<const ModuleType> DialogDeviceOrder();
+std::span<const ModuleType> BrightnessReadModels();
+std::span<const ModuleType> BrightnessWriteModels();
 
 }  // namespace drav

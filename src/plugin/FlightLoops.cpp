@@ -14,6 +14,7 @@
 #include "plugin/TakeoverDatarefs.h"
 #include "modules/InputEventQueue.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleRegistry.h"
 #include "modules/ModuleState.h"
 
 namespace drav {

@@ -24,6 +24,7 @@
 #include "plugin/TakeoverDatarefs.h"
 #include "modules/DeviceInput.h"
 #include "modules/ModuleManager.h"
+#include "modules/ModuleRegistry.h"
 #include "modules/ModuleState.h"
 #include "hid/ModuleTypes.h"
 #include "functions/FunctionState.h"

@@ -7,10 +7,13 @@
 // point into it.
 #pragma once
 
+#include <utility>
+
 #include "base/BaseState.h"
 #include "config/ConfigState.h"
 #include "functions/FunctionState.h"
 #include "hid/HidState.h"
+#include "modules/ModuleRegistry.h"
 #include "modules/ModuleState.h"
 #include "plugin/PluginState.h"
 #include "ui/UiState.h"
@@ -27,12 +30,16 @@ class PluginContext {
   // A floor's state, installed for exactly as long as it exists.
   template <typename State>
   struct Floor {
+    template <typename... Arguments>
+    explicit Floor(Arguments&&... arguments) : state(std::forward<Arguments>(arguments)...) {}
+
     State state;
     typename ContextSlot<State>::Scope installed{state};
   };
 
   Floor<BaseState> base_;
-  Floor<HidState> hid_;
+  // The device layer is handed the models' rows, each written in its model's own file.
+  Floor<HidState> hid_{PanelModelsInLookupOrder()};
   Floor<FunctionState> functions_;
   Floor<ModuleState> modules_;
   Floor<ConfigState> config_;

@@ -39,7 +39,7 @@ DeviceLabelContext CurrentDeviceLabelContext() {
 
 std::vector<DialogDevice> BuildDialogDeviceList(const DialogUnitCounts& counts) {
   std::vector<DialogDevice> devices;
-  for (std::uint32_t type : kDialogDeviceOrder) {
+  for (std::uint32_t type : DialogDeviceOrder()) {
     const std::int32_t units = std::max<std::int32_t>(0, counts[type]);
     for (std::int32_t unit = 1; unit <= units; ++unit) {
       if (static_cast<int>(devices.size()) >= kMaxDialogDevices) return devices;

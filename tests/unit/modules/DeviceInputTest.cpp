@@ -34,10 +34,10 @@ std::int32_t AtcCount() { return gAtcUnits; }
 
 const PanelModel kNotAModel{static_cast<ModuleType>(25), "GF-25", "GF25", "GF25_%d", 0x0025, 4, {}};
 
-const ModelDescriptor kDio{&kPanelModelRows[kModuleGFDIO], &DioCount, &MakeModuleVector<DecoderModule>, nullptr};
-const ModelDescriptor kGf46{&kPanelModelRows[kModuleGF46], &Gf46Count, &MakeModuleVector<Gf46Like>, nullptr};
-const ModelDescriptor kAtc{&kPanelModelRows[kModuleGFATC], &AtcCount, nullptr, nullptr};  // a model without class
-const ModelDescriptor kP8{&kPanelModelRows[kModuleGFP8], &P8Count, &MakeModuleVector<P8Like>, nullptr};
+const ModelDescriptor kDio{RegisteredPanelModel(kModuleGFDIO), &DioCount, &MakeModuleVector<DecoderModule>, nullptr};
+const ModelDescriptor kGf46{RegisteredPanelModel(kModuleGF46), &Gf46Count, &MakeModuleVector<Gf46Like>, nullptr};
+const ModelDescriptor kAtc{RegisteredPanelModel(kModuleGFATC), &AtcCount, nullptr, nullptr};  // a model without class
+const ModelDescriptor kP8{RegisteredPanelModel(kModuleGFP8), &P8Count, &MakeModuleVector<P8Like>, nullptr};
 const ModelDescriptor kTwentyFive{&kNotAModel, &P8Count, &MakeModuleVector<P8Like>, nullptr};  // ignored
 
 // Deliberately not in type order: the walks go by type number, not by table order.
