@@ -55,4 +55,24 @@ const drav::PanelModel* FindPanelModelByName(std::string_view name) {
   return nullptr;
 }
 
+namespace {
+
+constexpr std::uint16_t kPanelReportLength = 8;  // output and feature reports of every model
+// ... except the radios' sixteen-segment display 1, a 9-byte feature report: a unit that declared 8
+// would refuse it, as a real device refuses a report longer than its feature length.
+constexpr std::uint16_t kSixteenSegmentFeatureLength = 9;
+
+}  // namespace
+
+std::optional<drav::VirtualUnitSpec> PanelUnitSpec(const drav::PanelModel& model) {
+  const InputLayout* layout = FindInputLayout(model.name);
+  if (layout == nullptr) return std::nullopt;
+  const bool hasSixteenSegmentDisplay = model.moduleType == drav::kModuleGF45 || model.moduleType == drav::kModuleGF46;
+  drav::VirtualUnitSpec spec;
+  spec.productId = model.productId;
+  spec.capabilities = {layout->length, kPanelReportLength,
+                       hasSixteenSegmentDisplay ? kSixteenSegmentFeatureLength : kPanelReportLength};
+  return spec;
+}
+
 }  // namespace dravsim

@@ -49,5 +49,9 @@ class PanelBoard {
 // "\\?\HID#VID_09F3&PID_0020#DRAVSIM_NAME", upper case, as the device layer keeps paths.
 std::string VirtualUnitPath(std::uint16_t vendorId, std::uint16_t productId, std::string_view name);
 const drav::PanelModel* FindPanelModelByName(std::string_view name);
+// A unit of the model as it is plugged: its product id and its report lengths (the input report's
+// from the model's layout, feature reports one longer on the sixteen-segment radios); null when
+// dravsim has no layout for the model.
+std::optional<drav::VirtualUnitSpec> PanelUnitSpec(const drav::PanelModel& model);
 
 }  // namespace dravsim

@@ -24,16 +24,7 @@ constexpr std::chrono::milliseconds kFailingWritesWait{250};
 // layer does not take is given the short wait, since nothing tells when the layer has passed it over.
 constexpr std::chrono::milliseconds kLaggingNoticeWait{3'000};
 constexpr std::chrono::milliseconds kPassedOverNoticeWait{300};
-constexpr std::uint16_t kPanelReportLength = 8;  // output and feature reports of every model
-// ... except the radios' sixteen-segment display 1, a 9-byte feature report: a unit that declared 8
-// would refuse it, as a real device refuses a report longer than its feature length.
-constexpr std::uint16_t kSixteenSegmentFeatureLength = 9;
-
-std::uint16_t FeatureLengthOf(const drav::PanelModel& model) {
-  const bool hasSixteenSegmentDisplay = model.moduleType == 1 || model.moduleType == 8;
-  return hasSixteenSegmentDisplay ? kSixteenSegmentFeatureLength : kPanelReportLength;
-}
-constexpr std::uint16_t kForeignInputLength = 8;
+constexpr std::uint16_t kForeignReportLength = 8;
 
 std::string Hex(std::span<const std::uint8_t> bytes) {
   std::string text;
@@ -382,12 +373,11 @@ void PlugCommand(ScenarioContext& ctx, const Invocation& call) {
   if (call.args.size() < 3 || !IsKeyword(call.args[1], "as")) return UsageError(ctx, call);
   const drav::PanelModel* model = FindPanelModelByName(call.args[0].text);
   const InputLayout* layout = FindInputLayout(call.args[0].text);
-  if (model == nullptr || layout == nullptr) {
+  const std::optional<drav::VirtualUnitSpec> modelSpec = model != nullptr ? PanelUnitSpec(*model) : std::nullopt;
+  if (!modelSpec || layout == nullptr) {
     return CommandError(ctx, call, "unknown model " + Quoted(call.args[0].text));
   }
-  drav::VirtualUnitSpec spec;
-  spec.productId = model->productId;
-  spec.capabilities = {layout->length, kPanelReportLength, FeatureLengthOf(*model)};
+  drav::VirtualUnitSpec spec = *modelSpec;
   std::string takeFrom;
   if (!ParsePlugOptions(ctx, call, 3, spec, takeFrom)) return;
 
@@ -408,14 +398,14 @@ void HidDeviceCommand(ScenarioContext& ctx, const Invocation& call) {
   drav::VirtualUnitSpec spec;
   spec.vendorId = static_cast<std::uint16_t>(*vendor);
   spec.productId = static_cast<std::uint16_t>(*product);
-  spec.capabilities = {kForeignInputLength, kPanelReportLength, kPanelReportLength};
+  spec.capabilities = {kForeignReportLength, kForeignReportLength, kForeignReportLength};
   std::string takeFrom;
   if (!ParsePlugOptions(ctx, call, 4, spec, takeFrom)) return;
 
   PanelUnit unit;
   unit.name = call.args[3].text;
   unit.path = VirtualUnitPath(spec.vendorId, spec.productId, unit.name);
-  unit.inputLength = kForeignInputLength;
+  unit.inputLength = kForeignReportLength;
   PlugUnit(ctx, call, std::move(unit), spec, takeFrom);
 }
 

@@ -20,40 +20,19 @@
 #include "hid/DeviceObject.h"
 #include "hid/GFDev.h"
 #include "hid/InputRecords.h"
+#include "dravsim/PanelBoard.h"
 #include "hid/ModelTable.h"
 #include "hid/backend/VirtualHidBackend.h"
+#include "modules/ModuleRegistry.h"
 
 namespace drav::testing {
 
-// Input report lengths of the virtual units, report id included; output and feature reports are 8
-// (9 for the feature reports of the GF-45 and GF-46, see SpecOf).
-inline std::uint16_t InputLengthOf(std::uint32_t moduleType) {
-  switch (moduleType) {
-    case 1: return 3;    // GF-45
-    case 8: return 4;    // GF-46
-    case 5: return 4;    // GF-166
-    case 2: case 3: case 18: return 2;  // GF-P8, GF-T8, GF-WCP
-    case 7: return 6;    // GF-RP48
-    case 4: return 3;    // GF-LGT
-    case 11: return 5;   // GF-LGT2
-    case 6: case 12: case 13: case 9: case 19: return 8;  // GF-MCP, MCPPro, EFIS, TQ6, DIO
-    case 14: return 4;   // GF-SECM
-    case 17: return 2;   // GF-MESM
-    case 10: return 3;   // GF-ATC
-    case 15: return 5;   // GF-FMC
-    default: return 8;
-  }
-}
-
+// A unit of the model as dravsim plugs it (product id, report lengths), of this version and serial.
 inline VirtualUnitSpec SpecOf(std::uint32_t moduleType, std::uint16_t version = 0x0100, std::string serial = {}) {
-  VirtualUnitSpec spec;
-  const PanelModel* model = FindPanelModel(moduleType);
-  spec.productId = model != nullptr ? model->productId : 0x0999;
+  const PanelModel* model = RegisteredPanelModel(moduleType);
+  VirtualUnitSpec spec = model != nullptr ? dravsim::PanelUnitSpec(*model).value_or(VirtualUnitSpec{}) : VirtualUnitSpec{};
   spec.version = version;
   spec.serial = std::move(serial);
-  // The sixteen-segment display report of the GF-45 and GF-46 is 9 bytes long.
-  const std::uint16_t featureLength = moduleType == 1 || moduleType == 8 ? 9 : 8;
-  spec.capabilities = HidCapabilities{InputLengthOf(moduleType), 8, featureLength};
   return spec;
 }
 
