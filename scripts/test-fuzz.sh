@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Fuzzing stage: builds the libFuzzer targets with clang, AddressSanitizer and
-# UndefinedBehaviorSanitizer in build/fuzz, runs each for a bounded time over a copy of its seed
-# corpus (tests/fuzz/corpus/<target>/), and fails on the first crash, leak, hang or broken
+# UndefinedBehaviorSanitizer in build/fuzz, runs each for a bounded time over its seed corpus
+# (written afresh by tests/fuzz/make_seeds.py), and fails on the first crash, leak, hang or broken
 # property. FUZZ_SECONDS sets the time per target (default 40; eight targets keep the stage under
 # eight minutes on two cores).
 set -euo pipefail
 cd "$(dirname "$0")/.."
-./scripts/deps.sh clang libclang-rt-14-dev
+./scripts/deps.sh clang libclang-rt-14-dev python3
 
 seconds="${FUZZ_SECONDS:-40}"
 build=build/fuzz
@@ -23,12 +23,13 @@ bin="$PWD/$build/tests/fuzz"
 work="$build/runs"
 rm -rf "$work"
 mkdir -p "$work"
+python3 tests/fuzz/make_seeds.py "$work/seeds"
 status=0
 for target in "${targets[@]}"; do
   corpus="$work/$target/corpus"
   mkdir -p "$corpus"
   # The seeds stay untouched: the run grows a copy.
-  if [ -d "tests/fuzz/corpus/$target" ]; then cp -r "tests/fuzz/corpus/$target/." "$corpus/"; fi
+  if [ -d "$work/seeds/$target" ]; then cp -r "$work/seeds/$target/." "$corpus/"; fi
   echo "=== $target (${seconds}s) ==="
   if ! (cd "$work/$target" &&
         "$bin/$target" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=2048 \

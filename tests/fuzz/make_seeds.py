@@ -1,5 +1,8 @@
 #!/usr/bin/env python3
-"""Writes the seed corpora of the fuzz targets (tests/fuzz/corpus/<target>/).
+"""Writes the seed corpora of the fuzz targets, one folder a target: make_seeds.py OUT_DIR.
+
+The seeds are made fresh for each fuzzing run (scripts/test-fuzz.sh) rather than kept as files, so
+they always follow this script and the targets it describes.
 
 The targets read their inputs with libFuzzer's FuzzedDataProvider, which takes strings and byte
 runs from the front of the input and integers from its back. Seed writes both ends in the order
@@ -8,8 +11,9 @@ report of the right length, a COM frequency's MHz field.
 """
 import os
 import struct
+import sys
 
-HERE = os.path.dirname(os.path.abspath(__file__))
+OUT = None  # the folder given on the command line
 
 
 class Seed:
@@ -45,7 +49,7 @@ class Seed:
 
 
 def write(target, name, data):
-    folder = os.path.join(HERE, "corpus", target)
+    folder = os.path.join(OUT, target)
     os.makedirs(folder, exist_ok=True)
     with open(os.path.join(folder, name), "wb") as out:
         out.write(data)
@@ -174,6 +178,9 @@ expect sent radio feature 06 0f
 
 
 if __name__ == "__main__":
+    if len(sys.argv) != 2:
+        sys.exit("usage: make_seeds.py OUT_DIR")
+    OUT = sys.argv[1]
     ini_seeds()
     device_seeds()
     encoder_seeds()
