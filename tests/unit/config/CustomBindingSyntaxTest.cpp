@@ -82,6 +82,7 @@ TEST(CustomBindingSyntaxTest, MalformedValuesReadAsNothing) {
            "show a/b %s",
            "show a/b %5.f",
            "show a/b 5d",
+           "show [2]",                        // nothing to show
            "cmd a/b cmd c/d",                 // two actions
            "cmd a/b hold c/d",
            "cmd a/b step c/d 1",              // a switch's and an encoder's parts together
