@@ -11,7 +11,7 @@ namespace {
 using testing::CallbackRecorder;
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr std::uint32_t kGF46 = 8, kGFMCP = 6, kGFP8 = 2, kGFWCP = 18, kGFDIO = 19, kGFLGT2 = 11;
+constexpr std::uint32_t kGF46 = 8, kGFMCP = 6, kGFP8 = 2, kGFWCP = 18, kGFDIO = 19, kGFLGT2 = 11, kGF166 = 5;
 
 class DiscoveryTest : public testing::VirtualPanelsTest {};
 
@@ -54,6 +54,19 @@ TEST_F(DiscoveryTest, APresentUnitCannotArriveAgain) {
   EXPECT_TRUE(Panels().Replug("/dev/v/p8"));
   GFDev_ProcessDeviceChanges();
   EXPECT_EQ(GFDev_GFP8_Count(), 1);
+}
+
+// Where the system gives no location, a unit that reports its serial is known by it, not by the path
+// it was last seen at: another unit plugged in where an absent one was takes a number of its own.
+TEST_F(DiscoveryTest, AnotherSerialAtTheSamePathIsAnotherUnit) {
+  Plug(kGF166, "/dev/v/radio", 0x0100, "A1");
+  StartLayer();
+  ASSERT_TRUE(Panels().Unplug("/dev/v/radio"));
+  GFDev_ProcessDeviceChanges();
+  Plug(kGF166, "/dev/v/radio", 0x0100, "B2");
+  GFDev_ProcessDeviceChanges();
+  EXPECT_EQ(GFDev_GF166_Count(), 1);
+  EXPECT_EQ(GFDev_UnitPath(kGF166, 1), "/DEV/V/RADIO") << "the newcomer takes the next slot";
 }
 
 }  // namespace
